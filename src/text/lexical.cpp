@@ -1,0 +1,76 @@
+// Tokens, ranges and identifiers in a statement.
+// SPDX-License-Identifier: MIT
+#include "text/lexical.h"
+
+#include <algorithm>
+
+#include "text/char_class.h"
+#include "text/utf8_text.h"
+
+namespace vexil {
+namespace {
+
+bool IsIdentifierChar(char ch) {
+    return IsAlnum(ch) || ch == '_';
+}
+
+}  // namespace
+
+bool ParseUnsignedToken(std::string_view text, std::uint32_t& value, Position& end, Position from) {
+    value = 0;
+    end = npos;
+    const Position start = text.find_first_not_of(Whitespace, from);
+    if (start == npos) {
+        return false;
+    }
+    const Position stop = text.find_first_of(Whitespace, start);
+    if (stop == npos) {
+        return false;
+    }
+    const std::string_view token = text.substr(start, stop - start);
+    if (!std::all_of(token.begin(), token.end(), IsDigit) || !TryParseU32(token, value)) {
+        return false;
+    }
+    end = stop;
+    return true;
+}
+
+std::string_view TextUpToChar(std::string_view text, Position from, char ch, Position& foundPos) {
+    foundPos = text.find(ch, from);
+    return foundPos == npos ? std::string_view() : text.substr(from, foundPos - from);
+}
+
+std::string_view TrimmedRange(std::string_view text, Position from, Position to) {
+    if (from >= text.size() || from >= to) {
+        return {};
+    }
+    return Trimmed(text.substr(from, std::min<Position>(to, text.size() - 1) - from + 1));
+}
+
+std::string_view Trimmed(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(Whitespace);
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(Whitespace) - first + 1);
+}
+
+bool IsValidCIdentifier(std::string_view text) {
+    return !text.empty() && text.size() <= MaxIdentifierLength && !IsDigit(text.front()) &&
+           std::all_of(text.begin(), text.end(), IsIdentifierChar);
+}
+
+std::string MakeCIdentifier(std::string_view text) {
+    std::string identifier = FoldToAscii(text);
+    if (identifier.size() > MaxIdentifierLength) {
+        identifier.resize(MaxIdentifierLength);
+    }
+    std::replace_if(
+        identifier.begin(), identifier.end(), [](char ch) { return !IsIdentifierChar(ch); }, '_');
+    if (!identifier.empty() && IsDigit(identifier.front())) {
+        identifier.front() = '_';
+    }
+    return identifier;
+}
+
+}  // namespace vexil

@@ -1,0 +1,53 @@
+// Helpers with which the handlers take a statement apart: by byte position, without tokens. None of
+// them has a side effect but its output arguments, and none throws on bad input.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "text/constants.h"
+
+namespace vexil {
+
+// Reads a bare decimal number: a token of digits only, with white space behind it.
+// value: the number; 0 after false. end: the position of the white space; npos after false.
+// Returns false for a sign, any other character, a value above 32 bits, or a token that ends the
+// text.
+bool ParseUnsignedToken(std::string_view text, std::uint32_t& value, Position& end, Position from);
+
+// Returns the text from from up to the next ch, a view into text.
+// foundPos: the position of ch; npos, with an empty result, when there is none or from is not
+// inside the text. The result is empty also when ch stands at from.
+std::string_view TextUpToChar(std::string_view text, Position from, char ch, Position& foundPos);
+
+// Returns the text from from up to and with to, without white space at its ends, a view into text.
+// Kept on purpose: empty when from is not below to, also if a character stands there.
+std::string_view TrimmedRange(std::string_view text, Position from, Position to);
+
+// Returns text without white space at its ends, a view into text.
+std::string_view Trimmed(std::string_view text);
+
+// Whether text is an identifier of the format: 1 to 32 ASCII letters, digits or "_", the first no
+// digit.
+bool IsValidCIdentifier(std::string_view text);
+
+// Returns the identifier made from text: folded to ASCII, cut to 32 characters, with "_" in place
+// of a leading digit and of every other character that an identifier may not have. Empty for an
+// empty text. Equal identifiers may come from different texts. REQUIRES: text is valid UTF-8.
+std::string MakeCIdentifier(std::string_view text);
+
+// The number at the start of text, in base 10; white space and a sign may precede it, and whatever
+// follows it is ignored.
+// value: the number; 0 after false, which means that no number stands there or that it is out of
+// range.
+// TryParseU32 takes a minus sign as strtoul does, within 32 bits: "-1" is 4294967295.
+// TryParseDouble is strtod of the C locale that the host has set; a result that overflows or
+// underflows is out of range.
+bool TryParseU32(std::string_view text, std::uint32_t& value);
+bool TryParseI32(std::string_view text, std::int32_t& value);
+bool TryParseI64(std::string_view text, std::int64_t& value);
+bool TryParseDouble(std::string_view text, double& value);
+
+}  // namespace vexil

@@ -1,0 +1,82 @@
+// StatementFile: opening, closing, lines in and out. The cut into statements is in
+// statement_scan.cpp.
+// SPDX-License-Identifier: MIT
+#include "text/statement_file.h"
+
+#include <string>
+
+#include "text/char_class.h"
+#include "text/utf8_text.h"
+#include "vexil64.h"
+
+namespace vexil {
+namespace {
+
+constexpr std::size_t BufferReserve = 4096;  // ordinary statements assemble without reallocation
+
+}  // namespace
+
+void StatementFile::Open(const char* path, std::uint32_t pathBufferSize, OpenMode mode) {
+    Close();
+    const std::string checkedPath = CheckedPath(path, pathBufferSize, parseState);
+    if (checkedPath.empty()) {
+        return;
+    }
+    OpenStream(stream, checkedPath, mode);
+    if (!stream.is_open()) {
+        parseState = StateOpenFailed;
+    } else if (mode == OpenMode::Read) {
+        parseState = StateReading;
+        buffer.reserve(BufferReserve);
+    } else {
+        parseState = StateWriting;
+    }
+}
+
+void StatementFile::Close() {
+    if (stream.is_open()) {
+        stream.close();
+    }
+    if (stream.bad()) {
+        parseState = StateStreamError;
+    } else {
+        parseState = StateClosed;
+        stream.clear();
+    }
+    lineNumber = 0;
+    statement = {};
+    buffer.clear();
+    keywordPending = false;
+    keywordOffset = 0;
+    keywordIndex = 0;
+    nextKeywordOffset = 0;
+    nextKeywordIndex = 0;
+    scanPosition = 0;
+}
+
+bool StatementFile::ReadLine() {
+    std::getline(stream, line);
+    if (stream.fail()) {
+        parseState = stream.eof() ? StateEndOfFile : StateStreamError;
+        return false;
+    }
+    ++lineNumber;
+    ReplaceInvalidUtf8(line);
+    std::erase_if(line, [](char ch) { return IsControl(ch) && !IsSpace(ch); });
+    buffer += line;
+    buffer += '\n';
+    return true;
+}
+
+void StatementFile::WriteLine(std::string_view text) {
+    if (parseState != StateWriting) {
+        return;
+    }
+    if (stream.fail()) {
+        parseState = StateStreamError;
+        return;
+    }
+    stream << text << std::endl;
+}
+
+}  // namespace vexil

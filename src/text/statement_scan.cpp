@@ -1,0 +1,100 @@
+// StatementFile: the cut of a file into statements.
+//
+// A statement starts at a keyword and ends in front of the next one, which may stand inside quotes:
+// quotes are not tracked. Only the keywords of free text (CM_, BA_, BA_DEF_) want a ";" in front of
+// the keyword that ends them. Where it is missing, that keyword counts as text, the rest of the
+// lines read so far is not searched, and the next keyword of a later line ends the statement
+// whatever stands in front of it. SPDX-License-Identifier: MIT
+#include "text/char_class.h"
+#include "text/keywords.h"
+#include "text/statement_file.h"
+#include "vexil64.h"
+
+namespace vexil {
+namespace {
+
+constexpr Position StatementLimit = 4096;  // a longer statement is given out without its end
+
+}  // namespace
+
+bool StatementFile::FindKeyword(Position from, std::size_t& index, Position& offset,
+                                Position& end) const {
+    const std::string_view text = buffer;
+    const auto& table = KeywordTable();
+    Position start = text.find_first_not_of(Whitespace, from);
+    while (start != npos) {
+        for (std::size_t row = 0; row < table.size(); ++row) {
+            Position matchEnd = npos;
+            if (MatchKeyword(text, table[row].keyword, matchEnd, start)) {
+                index = row;
+                offset = start;
+                end = matchEnd;
+                return true;
+            }
+        }
+        start = text.find_first_not_of(Whitespace, text.find_first_of(Whitespace, start));
+    }
+    return false;
+}
+
+bool StatementFile::FindFirstKeyword() {
+    while (parseState == StateReading) {
+        buffer.clear();
+        if (ReadLine()) {
+            keywordPending = FindKeyword(0, keywordIndex, keywordOffset, scanPosition);
+            if (keywordPending) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+void StatementFile::TakeStatement(Position end) {
+    statement = std::string_view(buffer).substr(keywordOffset, end - keywordOffset);
+}
+
+bool StatementFile::NextStatement() {
+    if (parseState != StateReading) {
+        buffer.clear();
+        return false;
+    }
+    if (keywordPending) {
+        keywordOffset = nextKeywordOffset;
+        keywordIndex = nextKeywordIndex;
+    } else if (!FindFirstKeyword()) {
+        buffer.clear();
+        return false;
+    }
+
+    const bool needsSemicolon = KeywordTable()[keywordIndex].needsSemicolon;
+    int needed = 1;
+    int found = 0;
+    for (;;) {
+        if (FindKeyword(scanPosition, nextKeywordIndex, nextKeywordOffset, scanPosition)) {
+            ++found;
+        }
+        if (needsSemicolon && found == 1 &&
+            buffer[buffer.find_last_not_of(Whitespace, nextKeywordOffset - 1)] != ';') {
+            needed = 2;
+        } else if (found >= needed) {
+            TakeStatement(nextKeywordOffset);
+            return true;
+        }
+        scanPosition = buffer.size();
+        if (parseState != StateReading || buffer.size() - keywordOffset > StatementLimit) {
+            break;
+        }
+        // What stands in front of the statement has been given out: room for the next line.
+        buffer.erase(0, keywordOffset);
+        scanPosition -= keywordOffset;
+        nextKeywordOffset -= keywordOffset;
+        keywordOffset = 0;
+        ReadLine();
+    }
+    TakeStatement(buffer.size());
+    keywordPending = false;
+    return true;
+}
+
+}  // namespace vexil
