@@ -1,0 +1,93 @@
+// The attribute section of a written file. What it writes is read by attribute_statements.h and
+// carried into the model by read/attribute_fold.h.
+// SPDX-License-Identifier: MIT
+#include "attributes/attribute_section.h"
+
+#include <string>
+
+#include "attributes/attribute_text.h"
+#include "attributes/reserved_names.h"
+#include "frame/can_database.h"
+
+namespace vexil {
+namespace {
+
+// Classic CAN is what a file without the attribute means.
+void DefineBusType(AttributeTable& table) {
+    if (database.info.busType == BusCanFd) {
+        Attribute busType;
+        busType.name = attribute::BusType;
+        busType.valueType = AttributeValueType::Str;
+        busType.stringValue = CanFdText;
+        table.AddDefinition(busType);
+    }
+}
+
+void DefineProtocol(AttributeTable& table) {
+    const std::uint32_t type = database.info.protocolType;
+    if (type == ProtocolJ1939 || type == ProtocolNmea) {
+        Attribute protocol;
+        protocol.name = type == ProtocolJ1939 ? attribute::J1939PGN : attribute::IsNMEA;
+        protocol.minValue = 0;
+        protocol.maxValue = 1;
+        protocol.intValue = 1;
+        table.AddDefinition(protocol);
+    }
+}
+
+Attribute NameDefinition(std::string_view name, AttributeObjectKind kind) {
+    Attribute definition;
+    definition.name = name;
+    definition.objectKind = kind;
+    definition.valueType = AttributeValueType::Str;
+    return definition;
+}
+
+// Adds the name of an owner, with its definition if it is the first.
+void AddName(AttributeTable& table, const Attribute& definition, std::uint32_t messageId,
+             const std::string& signalName, const std::string& longName) {
+    table.AddDefinition(definition);
+    Attribute name = definition;
+    name.messageId = messageId;
+    name.signalName = signalName;
+    name.stringValue = longName;
+    table.AddValue(name);
+}
+
+void AddMessageNames(AttributeTable& table, const MessageList& messages) {
+    const Attribute definition =
+        NameDefinition(attribute::Marrowby_Msg_Name, AttributeObjectKind::Msg);
+    for (const auto& message : messages) {
+        if (message->longName != message->name) {
+            AddName(table, definition, message->id, {}, message->longName);
+        }
+    }
+}
+
+void AddSignalNames(AttributeTable& table, const MessageList& messages) {
+    const Attribute definition =
+        NameDefinition(attribute::Marrowby_Sig_Name, AttributeObjectKind::Sig);
+    for (const auto& message : messages) {
+        for (const auto& signal : message->signals) {
+            if (signal->name != signal->longName) {
+                AddName(table, definition, message->id, signal->name, signal->longName);
+            }
+        }
+    }
+}
+
+}  // namespace
+
+void WriteAttributeSection(StatementFile& file, const MessageList& messages) {
+    AttributeTable table;
+    DefineBusType(table);
+    DefineProtocol(table);
+    AddMessageNames(table, messages);
+    AddSignalNames(table, messages);
+    const std::string text = AttributeSectionText(table);
+    if (!text.empty()) {
+        file.WriteLine(text);
+    }
+}
+
+}  // namespace vexil

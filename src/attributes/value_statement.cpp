@@ -1,0 +1,96 @@
+// BA_ statements: each one gives the network, a message or a signal a value for an attribute.
+//
+//   BA_ "name" value ;
+//   BA_ "name" BO_ id value ;
+//   BA_ "name" SG_ id signal value ;
+//
+// Which of the forms a statement must have is up to the definition of the name.
+// SPDX-License-Identifier: MIT
+#include "attributes/attribute_statements.h"
+#include "attributes/tokens.h"
+#include "text/constants.h"
+#include "text/lexical.h"
+
+namespace vexil {
+namespace {
+
+using enum TokenClass;
+
+// Kept on purpose: the first definition found in this order is the only one that counts, so a name
+// that is defined for messages and signals is always that of the messages.
+const Attribute* FindDefinitionOfName(const AttributeTable& table, std::string_view name) {
+    AttributeKey key;
+    key.name = name;
+    for (const auto kind :
+         {AttributeObjectKind::Gen, AttributeObjectKind::Msg, AttributeObjectKind::Sig}) {
+        key.objectKind = kind;
+        for (const auto type :
+             {AttributeValueType::Int, AttributeValueType::Str, AttributeValueType::Enum}) {
+            const Attribute* definition = table.FindDefinition(key, type);
+            if (definition != nullptr) {
+                return definition;
+            }
+        }
+    }
+    return nullptr;
+}
+
+// Where the value token of a statement for the kind stands.
+std::size_t ValueAt(AttributeObjectKind kind) {
+    switch (kind) {
+        case AttributeObjectKind::Msg:
+            return 4;
+        case AttributeObjectKind::Sig:
+            return 5;
+        case AttributeObjectKind::Gen:
+            break;
+    }
+    return 2;
+}
+
+// Whether the tokens have the shape that the definition demands. Kept on purpose: an Enum is given
+// by number only, and "" is no text.
+bool HasShape(const std::vector<std::string>& tokens, const Attribute& definition) {
+    const TokenClass value =
+        definition.valueType == AttributeValueType::Str ? QuotedString : Number;
+    const std::vector<TokenClass> classes = ClassifyTokens(tokens);
+    switch (definition.objectKind) {
+        case AttributeObjectKind::Gen:
+            return BeginsWith(classes, {Other, QuotedString, value});
+        case AttributeObjectKind::Msg:
+            return BeginsWith(classes, {Other, QuotedString, Other, Number, value}) &&
+                   tokens[2] == keyword::BO_;
+        case AttributeObjectKind::Sig:
+            return BeginsWith(classes, {Other, QuotedString, Other, Number, Other, value}) &&
+                   tokens[2] == keyword::SG_;
+    }
+    return false;
+}
+
+}  // namespace
+
+void ParseValueStatement(AttributeTable& table, const std::vector<std::string>& tokens) {
+    if (tokens.size() < 2) {
+        return;
+    }
+    const std::string_view name = QuotedContent(tokens[1]);
+    if (table.IsUnrecognised(name)) {
+        return;
+    }
+    const Attribute* definition = FindDefinitionOfName(table, name);
+    if (definition == nullptr || !HasShape(tokens, *definition)) {
+        return;
+    }
+    Attribute value = *definition;
+    if (definition->objectKind != AttributeObjectKind::Gen) {
+        TryParseU32(tokens[3], value.messageId);
+    }
+    if (definition->objectKind == AttributeObjectKind::Sig) {
+        value.signalName = tokens[4];
+    }
+    if (value.SetValueFromText(tokens[ValueAt(definition->objectKind)])) {
+        table.AddValue(value);
+    }
+}
+
+}  // namespace vexil
