@@ -1,0 +1,128 @@
+// CANSignal, one signal of a message. Its operations stand with what they serve: records in
+// frame/signal_record.cpp, reading in read/signal_statement.cpp, read/signal_steps.cpp and
+// read/value_statements.cpp, writing in write/message_section.cpp, write/value_sections.cpp and
+// write/unique_names.cpp.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "text/constants.h"
+#include "vexil64.h"
+
+namespace vexil {
+
+// Every parse and every fill starts with Reset and ends with it on failure, so a signal is either
+// valid or empty. Texts are UTF-8 of any length. Shared between a message and the tables of a read.
+class CANSignal {
+  public:
+    CANSignal() = default;
+    CANSignal(const CANSignal&) = default;
+    CANSignal(CANSignal&&) = default;
+    CANSignal& operator=(const CANSignal&) = default;
+    CANSignal& operator=(CANSignal&&) = default;
+    virtual ~CANSignal() = default;
+
+    bool isEmpty = true;
+    std::string name;      // identifier form of longName, at most 32 bytes
+    std::string longName;  // name for display
+    std::string unit;      // unit in ASCII
+    std::string unitUtf8;  // unit as given
+    std::string comment;   // each double quote behind a backslash
+    std::uint32_t multiplexType = MultiplexNone;
+    std::uint32_t multiplexValue = 0;  // value of the selector at which the signal is present
+    std::uint32_t startBit = 0;
+    std::uint32_t bitLength = 0;
+    std::uint32_t byteOrder = ByteOrderLittleEndian;
+    std::uint32_t valueType = ValueUnsigned;
+    double factor = 0;
+    double offset = 0;
+    double minimum = 0;
+    double maximum = 0;
+    std::vector<std::string> receivers;         // receiving nodes, identifier form
+    std::map<std::int32_t, std::string> enums;  // value descriptions
+    std::int32_t startValue = 0;                // GenSigStartValue
+    std::int32_t inactiveValue = 0;             // GenSigInactiveValue
+    std::string rawName;                        // name as it stands in the file
+    bool hasNameSuffix = false;                 // name ends in a number that made it unique
+    std::vector<std::uint32_t> stepErrors;      // Step constants of a failed parse, at most one
+
+    // Gives every member but stepErrors its default, so that the cause of a failure survives.
+    void Reset();
+
+    // Sets name to the identifier form of longName.
+    void UpdateName();
+
+    // The receivers with commas and no blanks between them; empty when there is none.
+    std::string ReceiverList() const;
+
+    // -- Records --
+
+    // Copies the signal out. False with the record untouched when it is null, and false when the
+    // signal is empty. Texts are cut to their arrays at a character.
+    bool CopyToRecord(CanSignalRecord* record) const;
+
+    // Takes the signal from a record. False, with the signal reset, when the record is null or one
+    // of its texts is not valid UTF-8.
+    bool FillFromRecord(const CanSignalRecord* record);
+
+    // Adds a value description; a value described already keeps both texts. False with nothing
+    // changed when the text is not valid UTF-8. REQUIRES: record is not null.
+    bool AddEnum(const CanEnumRecord* record);
+
+    // Adds a value description; behind an earlier one of the same value with " - " between them.
+    void DescribeValue(std::int32_t value, std::string_view text);
+
+    // -- Reading --
+
+    // Takes an SG_ statement. False, with the signal reset, when a step fails: stepErrors then
+    // holds its code, or nothing when the text does not begin with the keyword.
+    bool Parse(std::string_view text);
+
+    // Splits list at its commas into receivers; each piece becomes an identifier, empty ones go.
+    void ParseReceivers(std::string_view list);
+
+    // Whether rawName stands at the first character at or behind from that is no white space, with
+    // white space behind it. end: the position behind the name; npos after false.
+    bool MatchSignalName(std::string_view text, Position from, Position& end) const;
+
+    // Takes a SIG_VALTYPE_ statement. False with nothing changed when it is for another message or
+    // signal, or does not fit the signal.
+    bool ParseValueType(std::string_view text, std::uint32_t id);
+
+    // Takes a VAL_ statement. False with nothing changed when it is for another message or signal.
+    bool ParseValueDescriptions(std::string_view text, std::uint32_t id);
+
+    // -- Writing -- each returns a line without its end, or an empty text when there is none.
+
+    std::string FormatSignalLine() const;
+    std::string FormatSignalHead() const;
+    std::string FormatBitLayout() const;
+    std::string FormatScale() const;
+    std::string FormatRange() const;
+    std::string FormatValueDescription(std::uint32_t messageId) const;
+    std::string FormatSignalValueType(std::uint32_t messageId) const;
+
+    // The name without its suffix, if it has one; a view into name.
+    std::string_view BaseName() const;
+
+    // Ends name in a suffix of index, in place of one that it has. The name stays within 32 bytes
+    // when it was. False with nothing changed when index is 10000 or more or the signal is empty.
+    bool AddUniqueSuffix(std::uint32_t index);
+
+  private:
+    // The steps of Parse. Each starts at from and sets next to the position behind what it took; a
+    // step finds its separators by searching onward, wherever they stand.
+    bool ParseNameAndMultiplex(std::string_view text, Position from, Position& next);
+    bool ParseMultiplexIndicator(std::string_view head, Position& nameEnd);
+    bool ParseBitLayout(std::string_view text, Position from, Position& next);
+    bool ParseScaling(std::string_view text, Position from, Position& next);
+    bool ParseRange(std::string_view text, Position from, Position& next);
+    bool ParseUnit(std::string_view text, Position from, Position& next);
+};
+
+}  // namespace vexil

@@ -1,0 +1,159 @@
+// The seventeen exported functions, in the order of the public header: each checks its indexes and
+// calls the operation that does the work.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+#include <memory>
+#include <utility>
+
+#include "frame/can_database.h"
+#include "frame/record_text.h"
+#include "read/read_driver.h"
+#include "vexil64.h"
+#include "write/write_driver.h"
+
+using vexil::CANMessage;
+using vexil::CANSignal;
+using vexil::database;
+
+namespace {
+
+// The message at an index, or null when the index is too large.
+CANMessage* MessageAt(std::uint32_t index) {
+    return index < database.messages.size() ? database.messages[index].get() : nullptr;
+}
+
+// The signal at a pair of indexes, or null when one of them is too large.
+CANSignal* SignalAt(std::uint32_t messageIndex, std::uint32_t signalIndex) {
+    const CANMessage* message = MessageAt(messageIndex);
+    return message != nullptr && signalIndex < message->signals.size()
+               ? message->signals[signalIndex].get()
+               : nullptr;
+}
+
+// Copies what both sides hold; nothing from or to null.
+void CopyBytes(void* destination, const void* source, std::uint64_t size) {
+    if (destination != nullptr && source != nullptr) {
+        std::memcpy(destination, source, std::min<std::uint64_t>(size, sizeof(DatabaseInfo)));
+    }
+}
+
+}  // namespace
+
+float VexilGetLibraryVersion(void) {
+    return VEXIL64_LIBRARY_VERSION;
+}
+
+uint8_t VexilReadDbcFile(const char* path, uint32_t pathBufferSize, uint32_t* resultCode) {
+    return vexil::ReadDbcFile(path, pathBufferSize, *resultCode);
+}
+
+void VexilClearData(void) {
+    database.Reset();
+}
+
+void VexilGetDatabaseInfo(void* destination, uint64_t size) {
+    CopyBytes(destination, &database.info, size);
+}
+
+void VexilSetDatabaseInfo(const void* source, uint64_t size) {
+    CopyBytes(&database.info, source, size);
+}
+
+uint64_t VexilGetNumCanMessages(void) {
+    return database.messages.size();
+}
+
+uint8_t VexilGetCanMessageData(uint32_t messageIndex, CanMessageRecord* record) {
+    const CANMessage* message = MessageAt(messageIndex);
+    return message != nullptr && message->CopyToRecord(record);
+}
+
+uint8_t VexilGetNumCanSignalsInCanMessage(uint32_t messageIndex, uint32_t* count) {
+    const CANMessage* message = MessageAt(messageIndex);
+    if (message == nullptr) {
+        return 0;
+    }
+    *count = static_cast<uint32_t>(message->signals.size());
+    return 1;
+}
+
+uint8_t VexilGetCanSignalData(uint32_t messageIndex, uint32_t signalIndex,
+                              CanSignalRecord* record) {
+    const CANSignal* signal = SignalAt(messageIndex, signalIndex);
+    return signal != nullptr && signal->CopyToRecord(record);
+}
+
+uint8_t VexilGetNumEnumsInCanSignal(uint32_t messageIndex, uint32_t signalIndex, uint32_t* count) {
+    const CANSignal* signal = SignalAt(messageIndex, signalIndex);
+    if (signal == nullptr) {
+        return 0;
+    }
+    *count = static_cast<uint32_t>(signal->enums.size());
+    return 1;
+}
+
+uint8_t VexilGetCanSignalEnumData(uint32_t messageIndex, uint32_t signalIndex, uint32_t enumIndex,
+                                  CanEnumRecord* record) {
+    const CANSignal* signal = SignalAt(messageIndex, signalIndex);
+    if (signal == nullptr || enumIndex >= signal->enums.size()) {
+        return 0;
+    }
+    const auto& [value, text] = *std::next(signal->enums.begin(), enumIndex);
+    if (!vexil::CopyTextOut(text, record->text)) {
+        return 0;
+    }
+    record->value = value;
+    return 1;
+}
+
+uint8_t VexilAppendCanMessage(const CanMessageRecord* record) {
+    auto message = std::make_shared<CANMessage>();
+    if (!message->FillFromRecord(record)) {
+        return 0;
+    }
+    database.messages.push_back(std::move(message));
+    return 1;
+}
+
+uint8_t VexilAppendCanSignalToCanMessage(uint32_t messageIndex, const CanSignalRecord* record) {
+    CANMessage* message = MessageAt(messageIndex);
+    if (message == nullptr) {
+        return 0;
+    }
+    auto signal = std::make_shared<CANSignal>();
+    if (!signal->FillFromRecord(record)) {
+        return 0;
+    }
+    message->AddSignal(std::move(signal));
+    return 1;
+}
+
+uint8_t VexilAppendEnumToCanSignal(uint32_t messageIndex, uint32_t signalIndex,
+                                   const CanEnumRecord* record) {
+    CANSignal* signal = SignalAt(messageIndex, signalIndex);
+    return signal != nullptr && signal->AddEnum(record);
+}
+
+uint64_t VexilGetNumCanErrors(void) {
+    return database.parseErrors.size();
+}
+
+uint8_t VexilGetErrorData(uint32_t errorIndex, ParseError* record) {
+    if (record == nullptr || errorIndex >= database.parseErrors.size()) {
+        return 0;
+    }
+    const ParseError& error = database.parseErrors[errorIndex];
+    if (!vexil::CopyTextOut(error.text, record->text)) {
+        return 0;
+    }
+    record->code = error.code;
+    record->line = error.line;
+    return 1;
+}
+
+uint8_t VexilWriteDbcFile(const char* path, uint32_t pathBufferSize, uint32_t order,
+                          uint32_t* resultCode) {
+    return vexil::WriteDbcFile(path, pathBufferSize, order, *resultCode);
+}

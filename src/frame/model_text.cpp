@@ -1,0 +1,35 @@
+// What the texts of the model go through on their way in.
+// SPDX-License-Identifier: MIT
+#include "frame/model_text.h"
+
+#include <algorithm>
+
+#include "text/lexical.h"
+
+namespace vexil {
+
+void CleanControlChars(std::string& text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char ch) { return ch >= '\t' && ch <= '\r'; }, ' ');
+}
+
+void EscapeQuotes(std::string& text, std::size_t from) {
+    std::size_t quote = text.find('"', from);
+    if (quote == std::string::npos) {
+        return;
+    }
+    const std::string tail = text.substr(quote);
+    text.resize(quote);
+    for (const char ch : tail) {
+        if (ch == '"' && (text.empty() || text.back() != '\\')) {
+            text += '\\';
+        }
+        text += ch;
+    }
+}
+
+std::string IdentifierForm(std::string_view text) {
+    return IsValidCIdentifier(text) ? std::string(text) : MakeCIdentifier(text);
+}
+
+}  // namespace vexil
