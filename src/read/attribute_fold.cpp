@@ -1,0 +1,155 @@
+// The end of a read: one step per reserved attribute.
+//
+// An attribute is looked up under one kind and one type; a file that defines it otherwise does not
+// reach the model. Attributes of messages and signals count only where they are defined.
+// SPDX-License-Identifier: MIT
+#include "read/attribute_fold.h"
+
+#include <string>
+#include <string_view>
+
+#include "attributes/reserved_names.h"
+#include "frame/can_database.h"
+#include "frame/model_text.h"
+#include "text/lexical.h"
+
+namespace vexil {
+namespace {
+
+AttributeKey MakeKey(std::string_view name, AttributeObjectKind kind) {
+    AttributeKey key;
+    key.name = name;
+    key.objectKind = kind;
+    return key;
+}
+
+// The value if there is one, else the definition with its default; null when there is neither.
+const Attribute* ValueOrDefault(const Attribute* value, const Attribute* definition) {
+    return value != nullptr ? value : definition;
+}
+
+// Calls fold(message, value, definition) for each message, if the attribute is defined; value is
+// null where the message has none.
+template <typename Fold>
+void ForEachMessage(std::string_view name, AttributeValueType type, Fold fold) {
+    AttributeKey key = MakeKey(name, AttributeObjectKind::Msg);
+    const Attribute* definition = database.attributes.FindDefinition(key, type);
+    if (definition == nullptr) {
+        return;
+    }
+    for (const auto& message : database.messages) {
+        key.messageId = message->id;
+        fold(*message, database.attributes.FindValue(key, type), *definition);
+    }
+}
+
+// The same for each signal of each message. A signal is known by its identifier.
+template <typename Fold>
+void ForEachSignal(std::string_view name, AttributeValueType type, Fold fold) {
+    AttributeKey key = MakeKey(name, AttributeObjectKind::Sig);
+    const Attribute* definition = database.attributes.FindDefinition(key, type);
+    if (definition == nullptr) {
+        return;
+    }
+    for (const auto& message : database.messages) {
+        key.messageId = message->id;
+        for (const auto& signal : message->signals) {
+            key.signalName = signal->name;
+            fold(*signal, database.attributes.FindValue(key, type), *definition);
+        }
+    }
+}
+
+void FoldBusType() {
+    const AttributeKey key = MakeKey(attribute::BusType, AttributeObjectKind::Gen);
+    const Attribute* text =
+        ValueOrDefault(database.attributes.FindValue(key, AttributeValueType::Str),
+                       database.attributes.FindDefinition(key, AttributeValueType::Str));
+    if (text != nullptr) {
+        database.info.busType = text->stringValue == CanFdText ? BusCanFd : BusClassicCan;
+    }
+}
+
+// Kept on purpose: a value other than 1 means no, and the default is not asked then.
+void FoldProtocol(std::string_view name, std::uint32_t protocol) {
+    const AttributeKey key = MakeKey(name, AttributeObjectKind::Gen);
+    const Attribute* number =
+        ValueOrDefault(database.attributes.FindValue(key, AttributeValueType::Int),
+                       database.attributes.FindDefinition(key, AttributeValueType::Int));
+    if (number != nullptr && number->intValue == 1) {
+        database.info.protocolType = protocol;
+    }
+}
+
+// NMEA comes last, so it wins when a file claims both.
+void FoldProtocolType() {
+    FoldProtocol(attribute::J1939PGN, ProtocolJ1939);
+    FoldProtocol(attribute::IsNMEA, ProtocolNmea);
+}
+
+// Only the name for display changes; a default is no name.
+template <typename Owner>
+void SetLongName(Owner& owner, const Attribute* value) {
+    if (value != nullptr) {
+        owner.longName = value->stringValue;
+        CleanControlChars(owner.longName);
+    }
+}
+
+void FoldMessageNames() {
+    ForEachMessage(attribute::Marrowby_Msg_Name, AttributeValueType::Str,
+                   [](CANMessage& message, const Attribute* value, const Attribute&) {
+                       SetLongName(message, value);
+                   });
+}
+
+void FoldSendTypes() {
+    ForEachMessage(attribute::GenMsgSendType, AttributeValueType::Enum,
+                   [](CANMessage& message, const Attribute* value, const Attribute& definition) {
+                       const std::string* text = ValueOrDefault(value, &definition)->EnumText();
+                       message.sendType = text != nullptr ? MakeCIdentifier(*text) : std::string();
+                   });
+}
+
+void FoldCycleTimes() {
+    ForEachMessage(attribute::GenMsgCycleTime, AttributeValueType::Int,
+                   [](CANMessage& message, const Attribute* value, const Attribute& definition) {
+                       message.cycleTime = ValueOrDefault(value, &definition)->intValue;
+                   });
+}
+
+void FoldSignalNames() {
+    ForEachSignal(attribute::Marrowby_Sig_Name, AttributeValueType::Str,
+                  [](CANSignal& signal, const Attribute* value, const Attribute&) {
+                      SetLongName(signal, value);
+                  });
+}
+
+void FoldStartValues() {
+    ForEachSignal(attribute::GenSigStartValue, AttributeValueType::Int,
+                  [](CANSignal& signal, const Attribute* value, const Attribute& definition) {
+                      signal.startValue = ValueOrDefault(value, &definition)->intValue;
+                  });
+}
+
+void FoldInactiveValues() {
+    ForEachSignal(attribute::GenSigInactiveValue, AttributeValueType::Int,
+                  [](CANSignal& signal, const Attribute* value, const Attribute& definition) {
+                      signal.inactiveValue = ValueOrDefault(value, &definition)->intValue;
+                  });
+}
+
+}  // namespace
+
+void FoldReservedAttributes() {
+    FoldBusType();
+    FoldProtocolType();
+    FoldMessageNames();
+    FoldSendTypes();
+    FoldCycleTimes();
+    FoldSignalNames();
+    FoldStartValues();
+    FoldInactiveValues();
+}
+
+}  // namespace vexil

@@ -1,0 +1,51 @@
+// SG_ statements: each one makes a signal of the message in front of it. The steps stand in
+// signal_steps.cpp; the lines are written by write/message_section.cpp.
+// SPDX-License-Identifier: MIT
+#include <memory>
+
+#include "frame/can_database.h"
+#include "frame/parse_errors.h"
+#include "read/handlers.h"
+#include "text/keywords.h"
+
+namespace vexil {
+
+bool HandleSignalStatement(std::string_view text, std::uint32_t line) {
+    auto signal = std::make_shared<CANSignal>();
+    if (!signal->Parse(text)) {
+        RecordParseErrors(text, line, signal->stepErrors);
+        return false;
+    }
+    database.messages.back()->AddSignal(std::move(signal));
+    return true;
+}
+
+bool CANSignal::Parse(std::string_view text) {
+    Reset();
+    stepErrors.clear();
+    Position pos = 0;
+    if (!MatchKeyword(text, keyword::SG_, pos, 0)) {
+        return false;
+    }
+    if (!ParseNameAndMultiplex(text, pos, pos)) {
+        stepErrors.push_back(StepSignalName);
+    } else if (!ParseBitLayout(text, pos, pos)) {
+        stepErrors.push_back(StepSignalLayout);
+    } else if (!ParseScaling(text, pos, pos)) {
+        stepErrors.push_back(StepSignalScaling);
+    } else if (!ParseRange(text, pos, pos)) {
+        stepErrors.push_back(StepSignalRange);
+    }
+    if (!stepErrors.empty()) {
+        Reset();
+        return false;
+    }
+    ParseUnit(text, pos, pos);
+    if (pos < text.size()) {
+        ParseReceivers(text.substr(pos));
+    }
+    isEmpty = false;
+    return true;
+}
+
+}  // namespace vexil

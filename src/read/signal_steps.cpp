@@ -1,0 +1,163 @@
+// The steps by which an SG_ statement is taken apart, in the order of the statement:
+//
+//   SG_ name [M|m number] : start|length@order sign (factor,offset) [min|max] "unit" receivers
+//
+// Kept on purpose: a separator is searched for, not expected at a place, so a step may find its own
+// in a later field.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "frame/can_signal.h"
+#include "frame/model_text.h"
+#include "text/char_class.h"
+#include "text/lexical.h"
+#include "text/utf8_text.h"
+
+namespace vexil {
+namespace {
+
+// Reads "open first middle second close", the numbers of a pair wherever their separators stand.
+// next: the position behind close; left alone after false.
+bool ParseNumberPair(std::string_view text, Position from, std::string_view separators,
+                     double& first, double& second, Position& next) {
+    const Position open = text.find(separators[0], from);
+    if (open == npos) {
+        return false;
+    }
+    Position middle = npos;
+    if (!TryParseDouble(TextUpToChar(text, open + 1, separators[1], middle), first)) {
+        return false;
+    }
+    Position close = npos;
+    if (!TryParseDouble(TextUpToChar(text, middle + 1, separators[2], close), second)) {
+        return false;
+    }
+    next = close + 1;
+    return true;
+}
+
+}  // namespace
+
+bool CANSignal::ParseNameAndMultiplex(std::string_view text, Position from, Position& next) {
+    Position colon = npos;
+    const std::string_view head = TextUpToChar(text, from, ':', colon);
+    if (head.empty() || colon == text.size() - 1) {
+        return false;
+    }
+    Position nameEnd = head.size();
+    ParseMultiplexIndicator(head, nameEnd);
+    rawName = Trimmed(head.substr(0, nameEnd));
+    longName = rawName;
+    CleanControlChars(longName);
+    UpdateName();
+    next = colon + 1;
+    return true;
+}
+
+// Takes the indicator at the end of head, the text up to the colon: " M", or " m" and a number.
+// nameEnd: moved to the indicator when there is one. Kept on purpose: the last "m" or "M" decides,
+// so "m0M" is part of a name, and a signal that is called M or m1 has no name left.
+bool CANSignal::ParseMultiplexIndicator(std::string_view head, Position& nameEnd) {
+    multiplexType = MultiplexNone;
+    multiplexValue = 0;
+    const Position at = head.find_last_of("mM");
+    if (at == npos || at == 0 || !IsSpace(head[at - 1])) {
+        return false;
+    }
+    const std::string_view rest = head.substr(at + 1);
+    if (head[at] == 'M') {
+        if (rest.find_first_not_of(Whitespace) != npos) {
+            return false;
+        }
+        multiplexType = MultiplexSelector;
+    } else {
+        // The letters of hexadecimal numbers pass, but the number is read as a decimal one.
+        if (rest.find_first_not_of("0123456789abcdefABCDEFx \t") != npos ||
+            !TryParseU32(rest, multiplexValue)) {
+            return false;
+        }
+        multiplexType = MultiplexSelected;
+    }
+    nameEnd = at;
+    return true;
+}
+
+bool CANSignal::ParseBitLayout(std::string_view text, Position from, Position& next) {
+    Position bar = npos;
+    const std::string_view start = TextUpToChar(text, from, '|', bar);
+    if (start.empty() || bar + 1 >= text.size() || !TryParseU32(start, startBit)) {
+        return false;
+    }
+    Position at = npos;
+    const std::string_view length = TextUpToChar(text, bar + 1, '@', at);
+    if (at == npos) {
+        // Without an "@" the signal is unsigned and little-endian.
+        if (!TryParseU32(text.substr(bar + 1), bitLength)) {
+            return false;
+        }
+        next = bar + 1 + std::to_string(bitLength).size();
+        return true;
+    }
+    if (!TryParseU32(length, bitLength)) {
+        return false;
+    }
+    const Position last = text.size() - 1;
+    const Position order = text.find_first_not_of(Whitespace, at + 1);
+    if (order >= last || (text[order] != '0' && text[order] != '1')) {
+        return false;
+    }
+    const Position sign = text.find_first_not_of(Whitespace, order + 1);
+    if (sign >= last) {
+        return false;
+    }
+    byteOrder = text[order] == '0' ? ByteOrderBigEndian : ByteOrderLittleEndian;
+    valueType = text[sign] == '-' ? ValueSigned : ValueUnsigned;
+    next = text[sign] == '-' || text[sign] == '+' ? sign + 1 : sign;
+    return true;
+}
+
+bool CANSignal::ParseScaling(std::string_view text, Position from, Position& next) {
+    return ParseNumberPair(text, from, "(,)", factor, offset, next);
+}
+
+bool CANSignal::ParseRange(std::string_view text, Position from, Position& next) {
+    if (!ParseNumberPair(text, from, "[|]", minimum, maximum, next)) {
+        return false;
+    }
+    if (minimum > maximum) {
+        std::swap(minimum, maximum);
+    }
+    return true;
+}
+
+bool CANSignal::ParseUnit(std::string_view text, Position from, Position& next) {
+    // Without quotes the receivers start one character on, whatever that is.
+    next = from + 1;
+    const Position quote = text.find('"', from);
+    if (quote == npos) {
+        return true;
+    }
+    Position closing = npos;
+    unitUtf8 = Trimmed(TextUpToChar(text, quote + 1, '"', closing));
+    unit = FoldToAscii(unitUtf8);
+    if (closing != npos) {
+        next = closing + 1;
+    }
+    return true;
+}
+
+void CANSignal::ParseReceivers(std::string_view list) {
+    receivers.clear();
+    while (!list.empty()) {
+        const std::size_t comma = std::min(list.find(','), list.size());
+        std::string receiver = MakeCIdentifier(Trimmed(list.substr(0, comma)));
+        if (!receiver.empty()) {
+            receivers.push_back(std::move(receiver));
+        }
+        list.remove_prefix(std::min(comma + 1, list.size()));
+    }
+}
+
+}  // namespace vexil
