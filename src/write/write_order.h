@@ -1,0 +1,21 @@
+// The orders in which messages are written.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+#include "frame/can_message.h"
+
+namespace vexil {
+
+// Whether a comes before b in a file that is ordered by id, the largest first.
+bool CompareByIdDescending(const CANMessage& a, const CANMessage& b);
+
+// Whether a comes before b in a file that is ordered by name, byte by byte, a shorter name first.
+bool CompareByNameAscending(const CANMessage& a, const CANMessage& b);
+
+// Returns the messages in the order of an Order constant; every other value leaves them as they
+// stand. Messages that compare equal keep their order. Kept on purpose: ids descend, names ascend.
+MessageList MessagesInOrder(const MessageList& messages, std::uint32_t order);
+
+}  // namespace vexil
