@@ -1,0 +1,21 @@
+# How every target of the project is compiled.
+
+# The language, the warnings and the sanitizers of a target.
+function(vexil64_compile_flags target)
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    set_target_properties(${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        C_STANDARD 99
+        C_STANDARD_REQUIRED ON
+        C_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON)
+    target_compile_options(${target} PRIVATE
+        -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+        $<$<BOOL:${VEXIL64_WARNINGS_AS_ERRORS}>:-Werror>)
+    if(VEXIL64_SANITIZE)
+        target_compile_options(${target} PRIVATE
+            -fsanitize=${VEXIL64_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=${VEXIL64_SANITIZE})
+    endif()
+endfunction()

@@ -1,0 +1,9 @@
+# What the project calls but does not contain. Each is a package of Debian, named when it is missing.
+
+# Finds a CMake package that provides a target, or ends the configure step in one clear line.
+function(vexil64_require package target debian_package)
+    find_package(${package} QUIET)
+    if(NOT TARGET ${target})
+        message(FATAL_ERROR "${package} was not found. Install the Debian package ${debian_package}.")
+    endif()
+endfunction()
