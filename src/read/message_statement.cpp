@@ -11,6 +11,7 @@
 #include "frame/model_text.h"
 #include "frame/parse_errors.h"
 #include "read/handlers.h"
+#include "text/char_class.h"
 #include "text/keywords.h"
 #include "text/lexical.h"
 
@@ -67,7 +68,7 @@ bool CANMessage::ParseName(std::string_view text, Position from, Position& next)
 bool CANMessage::ParseSize(std::string_view text, Position from, Position& next) {
     constexpr std::string_view Digits = "0123456789";
     const Position digit = text.find_first_of(Digits, from);
-    if (digit == npos || digit != text.find_first_not_of(Whitespace, from)) {
+    if (digit == npos || digit != FindNonSpace(text, from)) {
         return false;
     }
     next = text.find_first_not_of(Digits, digit);

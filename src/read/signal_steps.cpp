@@ -104,11 +104,11 @@ bool CANSignal::ParseBitLayout(std::string_view text, Position from, Position& n
         return false;
     }
     const Position last = text.size() - 1;
-    const Position order = text.find_first_not_of(Whitespace, at + 1);
+    const Position order = FindNonSpace(text, at + 1);
     if (order >= last || (text[order] != '0' && text[order] != '1')) {
         return false;
     }
-    const Position sign = text.find_first_not_of(Whitespace, order + 1);
+    const Position sign = FindNonSpace(text, order + 1);
     if (sign >= last) {
         return false;
     }

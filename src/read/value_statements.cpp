@@ -55,7 +55,7 @@ bool HandleValueDescriptions(std::string_view text) {
 
 bool CANSignal::MatchSignalName(std::string_view text, Position from, Position& end) const {
     end = npos;
-    const Position start = text.find_first_not_of(Whitespace, from);
+    const Position start = FindNonSpace(text, from);
     if (start == npos || text.compare(start, rawName.size(), rawName) != 0) {
         return false;
     }
@@ -73,7 +73,7 @@ bool CANSignal::ParseValueType(std::string_view text, std::uint32_t id) {
         !MatchSignalName(text, pos, pos)) {
         return false;
     }
-    const Position colon = text.find_first_not_of(Whitespace, pos);
+    const Position colon = FindNonSpace(text, pos);
     if (colon == npos || text[colon] != ':') {
         return false;
     }

@@ -34,15 +34,43 @@ constexpr std::array<KeywordRow, KeywordCount> MakeKeywordTable() {
 
 constexpr std::array<KeywordRow, KeywordCount> keywordTable = MakeKeywordTable();
 
+// Whether any keyword begins and whether any ends with a character.
+struct KeywordLetters {
+    std::array<bool, 256> first{};
+    std::array<bool, 256> last{};
+};
+
+constexpr KeywordLetters MakeKeywordLetters() {
+    KeywordLetters letters;
+    for (const KeywordRow& row : keywordTable) {
+        letters.first[static_cast<unsigned char>(row.keyword.front())] = true;
+        letters.last[static_cast<unsigned char>(row.keyword.back())] = true;
+    }
+    return letters;
+}
+
+constexpr KeywordLetters keywordLetters = MakeKeywordLetters();
+
 }  // namespace
 
 const std::array<KeywordRow, KeywordCount>& KeywordTable() {
     return keywordTable;
 }
 
+std::size_t KeywordRowOf(std::string_view token) {
+    // Most tokens of a file are no keywords, and most of those fail here.
+    if (token.empty() || !keywordLetters.first[static_cast<unsigned char>(token.front())] ||
+        !keywordLetters.last[static_cast<unsigned char>(token.back())]) {
+        return KeywordCount;
+    }
+    const auto* row = std::find_if(keywordTable.begin(), keywordTable.end(),
+                                   [token](const KeywordRow& r) { return r.keyword == token; });
+    return static_cast<std::size_t>(row - keywordTable.begin());
+}
+
 bool MatchKeyword(std::string_view text, std::string_view keyword, Position& end, Position from) {
     end = npos;
-    const Position start = text.find_first_not_of(Whitespace, from);
+    const Position start = FindNonSpace(text, from);
     if (start == npos) {
         return false;
     }

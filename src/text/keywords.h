@@ -21,6 +21,9 @@ inline constexpr std::size_t KeywordCount = 35;
 // BA_DEF_DEF_ comes from SymbolList and needs no semicolon, although BA_DEF_ does.
 const std::array<KeywordRow, KeywordCount>& KeywordTable();
 
+// The row of the token in the table; KeywordCount when it is no keyword.
+std::size_t KeywordRowOf(std::string_view token);
+
 // Whether the next token of text at or behind from is keyword, with white space behind it; the end
 // of the text does not count as white space.
 // end: npos when only white space is left; otherwise the position behind as many bytes as keyword

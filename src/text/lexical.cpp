@@ -19,11 +19,11 @@ bool IsIdentifierChar(char ch) {
 bool ParseUnsignedToken(std::string_view text, std::uint32_t& value, Position& end, Position from) {
     value = 0;
     end = npos;
-    const Position start = text.find_first_not_of(Whitespace, from);
+    const Position start = FindNonSpace(text, from);
     if (start == npos) {
         return false;
     }
-    const Position stop = text.find_first_of(Whitespace, start);
+    const Position stop = FindSpace(text, start);
     if (stop == npos) {
         return false;
     }

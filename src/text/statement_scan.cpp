@@ -20,19 +20,18 @@ constexpr Position StatementLimit = 4096;  // a longer statement is given out wi
 bool StatementFile::FindKeyword(Position from, std::size_t& index, Position& offset,
                                 Position& end) const {
     const std::string_view text = buffer;
-    const auto& table = KeywordTable();
-    Position start = text.find_first_not_of(Whitespace, from);
+    Position start = FindNonSpace(text, from);
     while (start != npos) {
-        for (std::size_t row = 0; row < table.size(); ++row) {
-            Position matchEnd = npos;
-            if (MatchKeyword(text, table[row].keyword, matchEnd, start)) {
-                index = row;
-                offset = start;
-                end = matchEnd;
-                return true;
-            }
+        // Every line of the buffer ends in a line feed, so every token in white space.
+        const Position stop = FindSpace(text, start);
+        const std::size_t row = KeywordRowOf(text.substr(start, stop - start));
+        if (row != KeywordCount) {
+            index = row;
+            offset = start;
+            end = stop;
+            return true;
         }
-        start = text.find_first_not_of(Whitespace, text.find_first_of(Whitespace, start));
+        start = FindNonSpace(text, stop);
     }
     return false;
 }

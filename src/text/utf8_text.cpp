@@ -7,8 +7,17 @@
 namespace vexil {
 namespace {
 
+// Whether every byte is below 128. Without a branch in the loop, for the compiler to make it wide.
+bool IsAscii(std::string_view text) {
+    unsigned char seen = 0;
+    for (const char ch : text) {
+        seen |= static_cast<unsigned char>(ch);
+    }
+    return seen < 128;
+}
+
 bool IsValid(std::string_view text) {
-    return utf8::is_valid(text.begin(), text.end());
+    return IsAscii(text) || utf8::is_valid(text.begin(), text.end());
 }
 
 unsigned char ByteFromEnd(std::string_view text, std::size_t distance) {
@@ -75,6 +84,9 @@ bool CopyUtf8Text(std::string& out, const char* buffer, std::uint64_t bufferSize
 }
 
 void ReplaceInvalidUtf8(std::string& line) {
+    if (IsAscii(line)) {
+        return;
+    }
     auto at = utf8::find_invalid(line.begin(), line.end());
     while (at != line.end()) {
         *at = '_';
