@@ -4,6 +4,7 @@
 #include "attributes/attribute_section.h"
 
 #include <string>
+#include <utility>
 
 #include "attributes/attribute_text.h"
 #include "attributes/reserved_names.h"
@@ -19,7 +20,7 @@ void DefineBusType(AttributeTable& table) {
         busType.name = attribute::BusType;
         busType.valueType = AttributeValueType::Str;
         busType.stringValue = CanFdText;
-        table.AddDefinition(busType);
+        table.AddDefinition(std::move(busType));
     }
 }
 
@@ -31,7 +32,7 @@ void DefineProtocol(AttributeTable& table) {
         protocol.minValue = 0;
         protocol.maxValue = 1;
         protocol.intValue = 1;
-        table.AddDefinition(protocol);
+        table.AddDefinition(std::move(protocol));
     }
 }
 
@@ -51,7 +52,7 @@ void AddName(AttributeTable& table, const Attribute& definition, std::uint32_t m
     name.messageId = messageId;
     name.signalName = signalName;
     name.stringValue = longName;
-    table.AddValue(name);
+    table.AddValue(std::move(name));
 }
 
 void AddMessageNames(AttributeTable& table, const MessageList& messages) {

@@ -20,7 +20,8 @@ bool IsAttributeStatement(std::string_view text) {
 }
 
 void ParseAttributeStatement(AttributeTable& table, std::string_view text) {
-    const std::vector<std::string> tokens = SplitStatementTokens(text, Delimiters);
+    const StatementTokens split = SplitStatementTokens(text, Delimiters);
+    const std::vector<std::string_view>& tokens = split.tokens;
     if (tokens.empty()) {
         return;
     }

@@ -3,7 +3,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -20,14 +19,14 @@ void ParseAttributeStatement(AttributeTable& table, std::string_view text);
 
 // BA_DEF_ [BO_|SG_] "name" INT min max; or ... ENUM "text","text"; or ... STRING;
 // Adds a definition, unless one of its name, kind and type stands already.
-void ParseDefinitionStatement(AttributeTable& table, const std::vector<std::string>& tokens);
+void ParseDefinitionStatement(AttributeTable& table, const std::vector<std::string_view>& tokens);
 
 // BA_DEF_DEF_ "name" value;
 // Sets the default of every definition of the name, over an earlier one.
-void ParseDefaultStatement(AttributeTable& table, const std::vector<std::string>& tokens);
+void ParseDefaultStatement(AttributeTable& table, const std::vector<std::string_view>& tokens);
 
 // BA_ "name" [BO_ id|SG_ id signal] value;
 // Adds a value of the first definition of the name, unless its owner has one already.
-void ParseValueStatement(AttributeTable& table, const std::vector<std::string>& tokens);
+void ParseValueStatement(AttributeTable& table, const std::vector<std::string_view>& tokens);
 
 }  // namespace vexil

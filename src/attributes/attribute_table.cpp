@@ -1,84 +1,49 @@
-// AttributeTable: keys, finding and adding.
+// AttributeTable: finding and adding.
 // SPDX-License-Identifier: MIT
 #include "attributes/attribute_table.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vexil {
-namespace {
 
-std::string_view TypeTag(AttributeValueType type) {
-    switch (type) {
-        case AttributeValueType::Unsup:
-            return "$$Unsup";
-        case AttributeValueType::Int:
-            return "$$Int";
-        case AttributeValueType::Enum:
-            return "$$Enum";
-        case AttributeValueType::Str:
-            return "$$Str";
+// Only what the kind of owner knows tells values apart.
+AttributeTable::ValueIdentity::ValueIdentity(const AttributeKey& key, AttributeValueType type)
+    : objectKind(key.objectKind), valueType(type), name(key.name) {
+    if (objectKind != AttributeObjectKind::Gen) {
+        messageId = key.messageId;
     }
-    return {};
-}
-
-std::string_view KindTag(AttributeObjectKind kind) {
-    switch (kind) {
-        case AttributeObjectKind::Gen:
-            return "$$Gen";
-        case AttributeObjectKind::Msg:
-            return "$$Msg";
-        case AttributeObjectKind::Sig:
-            return "$$Sig";
+    if (objectKind == AttributeObjectKind::Sig) {
+        signalName = key.signalName;
     }
-    return {};
-}
-
-}  // namespace
-
-std::string MakeDefinitionKey(const AttributeKey& key, AttributeValueType type) {
-    std::string text = key.name;
-    text.append(KindTag(key.objectKind)).append(TypeTag(type));
-    return text;
-}
-
-std::string MakeValueKey(const AttributeKey& key, AttributeValueType type) {
-    std::string text = key.name;
-    text.append(KindTag(key.objectKind));
-    if (key.objectKind == AttributeObjectKind::Msg || key.objectKind == AttributeObjectKind::Sig) {
-        text.append("$$").append(std::to_string(key.messageId));
-    }
-    if (key.objectKind == AttributeObjectKind::Sig) {
-        text.append("$$").append(key.signalName);
-    }
-    text.append(TypeTag(type));
-    return text;
 }
 
 const Attribute* AttributeTable::FindDefinition(const AttributeKey& key,
                                                 AttributeValueType type) const {
-    const auto entry = definitionIndex.find(MakeDefinitionKey(key, type));
-    return entry == definitionIndex.end() ? nullptr : entry->second.get();
+    const auto entry =
+        std::find_if(definitions.begin(), definitions.end(), [&](const Attribute& definition) {
+            return definition.objectKind == key.objectKind && definition.valueType == type &&
+                   definition.name == key.name;
+        });
+    return entry == definitions.end() ? nullptr : &*entry;
 }
 
 const Attribute* AttributeTable::FindValue(const AttributeKey& key, AttributeValueType type) const {
-    const auto entry = valueIndex.find(MakeValueKey(key, type));
-    return entry == valueIndex.end() ? nullptr : entry->second.get();
+    const auto entry = valueIndex.find({key, type});
+    return entry == valueIndex.end() ? nullptr : entry->second;
 }
 
-void AttributeTable::AddDefinition(const Attribute& definition) {
-    const auto [entry, isNew] =
-        definitionIndex.try_emplace(MakeDefinitionKey(definition, definition.valueType));
-    if (isNew) {
-        entry->second = std::make_shared<Attribute>(definition);
-        definitions.push_back(entry->second);
+void AttributeTable::AddDefinition(Attribute definition) {
+    if (FindDefinition(definition, definition.valueType) == nullptr) {
+        definitions.push_back(std::move(definition));
     }
 }
 
-void AttributeTable::AddValue(const Attribute& value) {
-    const auto [entry, isNew] = valueIndex.try_emplace(MakeValueKey(value, value.valueType));
-    if (isNew) {
-        entry->second = std::make_shared<Attribute>(value);
-        values.push_back(entry->second);
+void AttributeTable::AddValue(Attribute value) {
+    values.push_back(std::move(value));
+    const Attribute& stored = values.back();
+    if (!valueIndex.try_emplace({stored, stored.valueType}, &stored).second) {
+        values.pop_back();
     }
 }
 
@@ -90,9 +55,8 @@ bool AttributeTable::IsUnrecognised(std::string_view name) const {
 
 void AttributeTable::ClearEntries() {
     definitions.clear();
-    definitionIndex.clear();
-    values.clear();
     valueIndex.clear();
+    values.clear();
 }
 
 }  // namespace vexil

@@ -89,14 +89,14 @@ std::string AttributeSectionText(const AttributeTable& table) {
     if (table.definitions.empty()) {
         return text;
     }
-    for (const auto& definition : table.definitions) {
-        AppendLine(text, DefinitionText(*definition));
+    for (const Attribute& definition : table.definitions) {
+        AppendLine(text, DefinitionText(definition));
     }
-    for (const auto& definition : table.definitions) {
-        AppendLine(text, DefaultText(*definition));
+    for (const Attribute& definition : table.definitions) {
+        AppendLine(text, DefaultText(definition));
     }
-    for (const auto& value : table.values) {
-        AppendLine(text, ValueText(*value));
+    for (const Attribute& value : table.values) {
+        AppendLine(text, ValueText(value));
     }
     return text;
 }

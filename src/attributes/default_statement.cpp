@@ -9,18 +9,17 @@
 
 namespace vexil {
 
-void ParseDefaultStatement(AttributeTable& table, const std::vector<std::string>& tokens) {
-    if (tokens.size() < 3 ||
-        !BeginsWith(ClassifyTokens(tokens), {TokenClass::Other, TokenClass::QuotedString})) {
+void ParseDefaultStatement(AttributeTable& table, const std::vector<std::string_view>& tokens) {
+    if (tokens.size() < 3 || !BeginWith(tokens, {TokenClass::Other, TokenClass::QuotedString})) {
         return;
     }
     const std::string_view name = QuotedContent(tokens[1]);
     if (table.IsUnrecognised(name)) {
         return;
     }
-    for (const auto& definition : table.definitions) {
-        if (definition->name == name) {
-            definition->SetValueFromText(tokens[2]);
+    for (Attribute& definition : table.definitions) {
+        if (definition.name == name) {
+            definition.SetValueFromText(tokens[2]);
         }
     }
 }

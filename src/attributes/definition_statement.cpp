@@ -32,10 +32,9 @@ std::optional<AttributeObjectKind> OwnerKind(std::string_view token) {
 
 // Takes kind and name. Returns the position of the type token, or nothing when the statement has
 // another shape or an owner that the model does not know.
-std::optional<std::size_t> TakeShape(const std::vector<std::string>& tokens,
-                                     const std::vector<TokenClass>& classes,
+std::optional<std::size_t> TakeShape(const std::vector<std::string_view>& tokens,
                                      Attribute& definition) {
-    if (BeginsWith(classes, {Other, Other, QuotedString, Other})) {
+    if (BeginWith(tokens, {Other, Other, QuotedString, Other})) {
         const std::optional<AttributeObjectKind> kind = OwnerKind(tokens[1]);
         if (!kind) {
             return std::nullopt;
@@ -44,7 +43,7 @@ std::optional<std::size_t> TakeShape(const std::vector<std::string>& tokens,
         definition.name = QuotedContent(tokens[2]);
         return 3;
     }
-    if (BeginsWith(classes, {Other, QuotedString, Other})) {
+    if (BeginWith(tokens, {Other, QuotedString, Other})) {
         definition.objectKind = AttributeObjectKind::Gen;
         definition.name = QuotedContent(tokens[1]);
         return 2;
@@ -53,7 +52,7 @@ std::optional<std::size_t> TakeShape(const std::vector<std::string>& tokens,
 }
 
 // Kept on purpose: one number of the two is enough; the bound that is none becomes 0.
-bool TakeBounds(const std::vector<std::string>& tokens, const std::vector<TokenClass>& classes,
+bool TakeBounds(const std::vector<std::string_view>& tokens, const std::vector<TokenClass>& classes,
                 std::size_t typeAt, Attribute& definition) {
     if (tokens.size() != typeAt + 3 ||
         (classes[typeAt + 1] != Number && classes[typeAt + 2] != Number)) {
@@ -64,8 +63,9 @@ bool TakeBounds(const std::vector<std::string>& tokens, const std::vector<TokenC
     return true;
 }
 
-bool TakeEnumValues(const std::vector<std::string>& tokens, const std::vector<TokenClass>& classes,
-                    std::size_t typeAt, Attribute& definition) {
+bool TakeEnumValues(const std::vector<std::string_view>& tokens,
+                    const std::vector<TokenClass>& classes, std::size_t typeAt,
+                    Attribute& definition) {
     const auto first = static_cast<std::ptrdiff_t>(typeAt) + 1;
     if (tokens.size() < typeAt + 2 ||
         !std::all_of(classes.begin() + first, classes.end(),
@@ -74,12 +74,12 @@ bool TakeEnumValues(const std::vector<std::string>& tokens, const std::vector<To
     }
     auto texts = std::make_shared<std::vector<std::string>>();
     std::transform(tokens.begin() + first, tokens.end(), std::back_inserter(*texts),
-                   [](const std::string& token) { return std::string(QuotedContent(token)); });
+                   [](std::string_view token) { return std::string(QuotedContent(token)); });
     definition.enumValues = std::move(texts);
     return true;
 }
 
-bool TakeType(const std::vector<std::string>& tokens, const std::vector<TokenClass>& classes,
+bool TakeType(const std::vector<std::string_view>& tokens, const std::vector<TokenClass>& classes,
               std::size_t typeAt, Attribute& definition) {
     if (tokens[typeAt] == "INT") {
         definition.valueType = AttributeValueType::Int;
@@ -95,13 +95,12 @@ bool TakeType(const std::vector<std::string>& tokens, const std::vector<TokenCla
 
 }  // namespace
 
-void ParseDefinitionStatement(AttributeTable& table, const std::vector<std::string>& tokens) {
-    const std::vector<TokenClass> classes = ClassifyTokens(tokens);
+void ParseDefinitionStatement(AttributeTable& table, const std::vector<std::string_view>& tokens) {
     Attribute definition;
-    const std::optional<std::size_t> typeAt = TakeShape(tokens, classes, definition);
+    const std::optional<std::size_t> typeAt = TakeShape(tokens, definition);
     if (typeAt && !table.IsUnrecognised(definition.name) &&
-        TakeType(tokens, classes, *typeAt, definition)) {
-        table.AddDefinition(definition);
+        TakeType(tokens, ClassifyTokens(tokens), *typeAt, definition)) {
+        table.AddDefinition(std::move(definition));
     }
 }
 

@@ -3,6 +3,8 @@
 #include "attributes/tokens.h"
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 
 #include "text/char_class.h"
 #include "text/lexical.h"
@@ -10,35 +12,55 @@
 namespace vexil {
 namespace {
 
-TokenClass ClassifyToken(std::string_view token) {
-    if (!QuotedContent(token).empty()) {
-        return TokenClass::QuotedString;
+// A set of characters that is asked of every byte of a statement.
+class CharSet {
+  public:
+    explicit CharSet(std::string_view chars) {
+        for (const char ch : chars) {
+            members[static_cast<unsigned char>(ch)] = true;
+        }
     }
-    std::int64_t number = 0;
-    const bool isNumber =
-        (IsDigit(token.front()) || token.front() == '-') && TryParseI64(token, number);
-    return isNumber ? TokenClass::Number : TokenClass::Other;
-}
+
+    // The first character of text at or behind from that is, or is not, in the set; the size of the
+    // text when there is none.
+    std::size_t Find(std::string_view text, std::size_t from, bool isMember) const {
+        while (from < text.size() && members[static_cast<unsigned char>(text[from])] != isMember) {
+            ++from;
+        }
+        return from;
+    }
+
+  private:
+    std::array<bool, 256> members{};
+};
 
 }  // namespace
 
-std::vector<std::string> SplitStatementTokens(std::string_view text, std::string_view delimiters) {
-    std::vector<std::string> tokens;
-    bool open = false;  // the last token waits for its closing quote
-    std::size_t start = text.find_first_not_of(delimiters);
-    while (start != std::string_view::npos) {
-        const std::size_t end = std::min(text.find_first_of(delimiters, start), text.size());
+StatementTokens SplitStatementTokens(std::string_view text, std::string_view delimiters) {
+    const CharSet delimiterSet(delimiters);
+    StatementTokens split;
+    bool open = false;    // the last token waits for its closing quote
+    bool joined = false;  // and has been joined from pieces
+    std::size_t start = delimiterSet.Find(text, 0, false);
+    while (start < text.size()) {
+        const std::size_t end = delimiterSet.Find(text, start, true);
         const std::string_view piece = text.substr(start, end - start);
-        if (open) {
-            tokens.back().append(1, ' ').append(piece);
-            open = piece.back() != '"';
-        } else {
-            tokens.emplace_back(piece);
+        if (!open) {
+            split.tokens.push_back(piece);
             open = piece.front() == '"' && piece.back() != '"';
+            joined = false;
+        } else {
+            if (!joined) {
+                split.joined.emplace_front(split.tokens.back());
+                joined = true;
+            }
+            split.joined.front().append(1, ' ').append(piece);
+            split.tokens.back() = split.joined.front();
+            open = piece.back() != '"';
         }
-        start = text.find_first_not_of(delimiters, end);
+        start = delimiterSet.Find(text, end, false);
     }
-    return tokens;
+    return split;
 }
 
 std::string_view QuotedContent(std::string_view token) {
@@ -50,18 +72,30 @@ std::string_view QuotedContent(std::string_view token) {
     return last == first ? std::string_view() : token.substr(first + 1, last - first - 1);
 }
 
-std::vector<TokenClass> ClassifyTokens(const std::vector<std::string>& tokens) {
+TokenClass ClassifyToken(std::string_view token) {
+    if (!QuotedContent(token).empty()) {
+        return TokenClass::QuotedString;
+    }
+    std::int64_t number = 0;
+    const bool isNumber =
+        (IsDigit(token.front()) || token.front() == '-') && TryParseI64(token, number);
+    return isNumber ? TokenClass::Number : TokenClass::Other;
+}
+
+std::vector<TokenClass> ClassifyTokens(const std::vector<std::string_view>& tokens) {
     std::vector<TokenClass> classes;
     classes.reserve(tokens.size());
-    for (const std::string& token : tokens) {
-        classes.push_back(ClassifyToken(token));
-    }
+    std::transform(tokens.begin(), tokens.end(), std::back_inserter(classes), ClassifyToken);
     return classes;
 }
 
-bool BeginsWith(const std::vector<TokenClass>& classes, const std::vector<TokenClass>& expected) {
-    return classes.size() >= expected.size() &&
-           std::equal(expected.begin(), expected.end(), classes.begin());
+bool BeginWith(const std::vector<std::string_view>& tokens,
+               std::initializer_list<TokenClass> classes) {
+    return tokens.size() >= classes.size() &&
+           std::equal(classes.begin(), classes.end(), tokens.begin(),
+                      [](TokenClass tokenClass, std::string_view token) {
+                          return ClassifyToken(token) == tokenClass;
+                      });
 }
 
 }  // namespace vexil

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <forward_list>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,21 +12,39 @@ namespace vexil {
 
 enum class TokenClass { Other = 0, QuotedString = 1, Number = 2 };
 
+// The tokens of a statement: views into it, or into the texts that had to be joined. May be moved,
+// not copied, and lives no longer than the statement.
+struct StatementTokens {
+    StatementTokens() = default;
+    StatementTokens(const StatementTokens&) = delete;
+    StatementTokens(StatementTokens&&) = default;
+    StatementTokens& operator=(const StatementTokens&) = delete;
+    StatementTokens& operator=(StatementTokens&&) = default;
+    ~StatementTokens() = default;
+
+    std::vector<std::string_view> tokens;
+    std::forward_list<std::string> joined;
+};
+
 // Cuts text at every run of delimiters and joins again, with one blank, what double quotes hold
 // together. So a run of delimiters inside quotes becomes one blank, a quote that a delimiter
 // follows directly opens nothing, and an opening quote without a closing one takes the rest of the
 // text.
-std::vector<std::string> SplitStatementTokens(std::string_view text, std::string_view delimiters);
+StatementTokens SplitStatementTokens(std::string_view text, std::string_view delimiters);
 
 // Returns what stands between the first and the last double quote of token, a view into it; empty
 // when there are not two.
 std::string_view QuotedContent(std::string_view token);
 
-// Tells of each token what it is: QuotedString when QuotedContent of it is not empty, Number when
-// it begins with a digit or "-" and with a number of 64 bits. Kept on purpose: "" is Other.
-std::vector<TokenClass> ClassifyTokens(const std::vector<std::string>& tokens);
+// Tells what a token is: QuotedString when QuotedContent of it is not empty, Number when it begins
+// with a digit or "-" and with a number of 64 bits. Kept on purpose: "" is Other.
+TokenClass ClassifyToken(std::string_view token);
 
-// Whether classes begins with expected.
-bool BeginsWith(const std::vector<TokenClass>& classes, const std::vector<TokenClass>& expected);
+// The classes of all tokens, in their order.
+std::vector<TokenClass> ClassifyTokens(const std::vector<std::string_view>& tokens);
+
+// Whether there are at least as many tokens as classes, and each of the first is of its class.
+bool BeginWith(const std::vector<std::string_view>& tokens,
+               std::initializer_list<TokenClass> classes);
 
 }  // namespace vexil

@@ -6,6 +6,8 @@
 //
 // Which of the forms a statement must have is up to the definition of the name.
 // SPDX-License-Identifier: MIT
+#include <utility>
+
 #include "attributes/attribute_statements.h"
 #include "attributes/tokens.h"
 #include "text/constants.h"
@@ -16,23 +18,33 @@ namespace {
 
 using enum TokenClass;
 
-// Kept on purpose: the first definition found in this order is the only one that counts, so a name
-// that is defined for messages and signals is always that of the messages.
+// Where a definition stands in the search for a name: kinds in the order Gen, Msg, Sig, and in each
+// the types in the order Int, Str, Enum.
+std::pair<AttributeObjectKind, int> SearchRank(const Attribute& definition) {
+    switch (definition.valueType) {
+        case AttributeValueType::Int:
+            return {definition.objectKind, 0};
+        case AttributeValueType::Str:
+            return {definition.objectKind, 1};
+        case AttributeValueType::Enum:
+            return {definition.objectKind, 2};
+        case AttributeValueType::Unsup:
+            break;
+    }
+    return {definition.objectKind, 3};
+}
+
+// Kept on purpose: the first definition in the order of the search is the only one that counts, so
+// a name that is defined for messages and signals is always that of the messages.
 const Attribute* FindDefinitionOfName(const AttributeTable& table, std::string_view name) {
-    AttributeKey key;
-    key.name = name;
-    for (const auto kind :
-         {AttributeObjectKind::Gen, AttributeObjectKind::Msg, AttributeObjectKind::Sig}) {
-        key.objectKind = kind;
-        for (const auto type :
-             {AttributeValueType::Int, AttributeValueType::Str, AttributeValueType::Enum}) {
-            const Attribute* definition = table.FindDefinition(key, type);
-            if (definition != nullptr) {
-                return definition;
-            }
+    const Attribute* first = nullptr;
+    for (const Attribute& definition : table.definitions) {
+        if (definition.name == name &&
+            (first == nullptr || SearchRank(definition) < SearchRank(*first))) {
+            first = &definition;
         }
     }
-    return nullptr;
+    return first;
 }
 
 // Where the value token of a statement for the kind stands.
@@ -50,18 +62,17 @@ std::size_t ValueAt(AttributeObjectKind kind) {
 
 // Whether the tokens have the shape that the definition demands. Kept on purpose: an Enum is given
 // by number only, and "" is no text.
-bool HasShape(const std::vector<std::string>& tokens, const Attribute& definition) {
+bool HasShape(const std::vector<std::string_view>& tokens, const Attribute& definition) {
     const TokenClass value =
         definition.valueType == AttributeValueType::Str ? QuotedString : Number;
-    const std::vector<TokenClass> classes = ClassifyTokens(tokens);
     switch (definition.objectKind) {
         case AttributeObjectKind::Gen:
-            return BeginsWith(classes, {Other, QuotedString, value});
+            return BeginWith(tokens, {Other, QuotedString, value});
         case AttributeObjectKind::Msg:
-            return BeginsWith(classes, {Other, QuotedString, Other, Number, value}) &&
+            return BeginWith(tokens, {Other, QuotedString, Other, Number, value}) &&
                    tokens[2] == keyword::BO_;
         case AttributeObjectKind::Sig:
-            return BeginsWith(classes, {Other, QuotedString, Other, Number, Other, value}) &&
+            return BeginWith(tokens, {Other, QuotedString, Other, Number, Other, value}) &&
                    tokens[2] == keyword::SG_;
     }
     return false;
@@ -69,7 +80,7 @@ bool HasShape(const std::vector<std::string>& tokens, const Attribute& definitio
 
 }  // namespace
 
-void ParseValueStatement(AttributeTable& table, const std::vector<std::string>& tokens) {
+void ParseValueStatement(AttributeTable& table, const std::vector<std::string_view>& tokens) {
     if (tokens.size() < 2) {
         return;
     }
@@ -89,7 +100,7 @@ void ParseValueStatement(AttributeTable& table, const std::vector<std::string>& 
         value.signalName = tokens[4];
     }
     if (value.SetValueFromText(tokens[ValueAt(definition->objectKind)])) {
-        table.AddValue(value);
+        table.AddValue(std::move(value));
     }
 }
 

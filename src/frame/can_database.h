@@ -9,6 +9,7 @@
 
 #include "attributes/attribute_table.h"
 #include "frame/can_message.h"
+#include "frame/messages_of_id.h"
 #include "vexil64.h"
 
 namespace vexil {
@@ -24,7 +25,7 @@ class CANDatabase {
 
     // The messages read so far under their id, several of which may share one; empty outside a
     // read.
-    std::map<std::uint32_t, MessageList, std::greater<>> messagesById;
+    std::map<std::uint32_t, MessagesOfId, std::greater<>> messagesById;
 
     MessageList messages;                 // all messages in the order of reading or appending
     std::vector<ParseError> parseErrors;  // refused statements, in the order of the file

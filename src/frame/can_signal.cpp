@@ -2,16 +2,35 @@
 // SPDX-License-Identifier: MIT
 #include "frame/can_signal.h"
 
-#include <utility>
-
 #include "frame/model_text.h"
 
 namespace vexil {
 
+// Member by member, since every statement of a file comes through here and strings that are empty
+// already cost nothing to empty.
 void CANSignal::Reset() {
-    std::vector<std::uint32_t> kept = std::move(stepErrors);
-    *this = CANSignal();
-    stepErrors = std::move(kept);
+    isEmpty = true;
+    name.clear();
+    longName.clear();
+    unit.clear();
+    unitUtf8.clear();
+    comment.clear();
+    multiplexType = MultiplexNone;
+    multiplexValue = 0;
+    startBit = 0;
+    bitLength = 0;
+    byteOrder = ByteOrderLittleEndian;
+    valueType = ValueUnsigned;
+    factor = 0;
+    offset = 0;
+    minimum = 0;
+    maximum = 0;
+    receivers.clear();
+    enums.clear();
+    startValue = 0;
+    inactiveValue = 0;
+    rawName.clear();
+    hasNameSuffix = false;
 }
 
 void CANSignal::UpdateName() {

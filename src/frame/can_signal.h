@@ -90,13 +90,6 @@ class CANSignal {
     // white space behind it. end: the position behind the name; npos after false.
     bool MatchSignalName(std::string_view text, Position from, Position& end) const;
 
-    // Takes a SIG_VALTYPE_ statement. False with nothing changed when it is for another message or
-    // signal, or does not fit the signal.
-    bool ParseValueType(std::string_view text, std::uint32_t id);
-
-    // Takes a VAL_ statement. False with nothing changed when it is for another message or signal.
-    bool ParseValueDescriptions(std::string_view text, std::uint32_t id);
-
     // -- Writing -- each returns a line without its end, or an empty text when there is none.
 
     std::string FormatSignalLine() const;

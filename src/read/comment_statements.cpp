@@ -21,10 +21,10 @@ namespace {
 
 // A comment statement of a known message id, taken apart.
 struct CommentStatement {
-    const MessageList* messages = nullptr;  // of the id; null when the statement is no such comment
-    std::string_view text;                  // the whole statement
-    std::string_view owner;                 // what stands between the id and the first quote
-    Position next = npos;                   // the position behind the first quote; npos without one
+    MessagesOfId* messages = nullptr;  // of the id; null when the statement is no such comment
+    std::string_view text;             // the whole statement
+    std::string_view owner;            // what stands between the id and the first quote
+    Position next = npos;              // the position behind the first quote; npos without one
 };
 
 CommentStatement ParseCommentStatement(std::string_view text, std::string_view kindKeyword) {
@@ -41,11 +41,6 @@ CommentStatement ParseCommentStatement(std::string_view text, std::string_view k
     comment.owner = Trimmed(TextUpToChar(text, pos, '"', quote));
     comment.next = quote == npos ? npos : quote + 1;
     return comment;
-}
-
-// Whether the statement holds a comment of the owner of that name; a message has none.
-bool MatchCommentOwner(const CommentStatement& comment, std::string_view ownerName) {
-    return comment.next != npos && comment.owner == ownerName;
 }
 
 // Appends the comment to the field. Kept on purpose: a second comment lands behind the first, with
@@ -66,8 +61,8 @@ bool HandleMessageComment(std::string_view text) {
     if (comment.messages == nullptr) {
         return false;
     }
-    if (MatchCommentOwner(comment, {})) {
-        for (const auto& message : *comment.messages) {
+    if (comment.next != npos && comment.owner.empty()) {
+        for (const auto& message : comment.messages->Messages()) {
             ApplyComment(message->comment, comment);
         }
     }
@@ -79,12 +74,10 @@ bool HandleSignalComment(std::string_view text) {
     if (comment.messages == nullptr) {
         return false;
     }
-    for (const auto& message : *comment.messages) {
-        for (const auto& signal : message->signals) {
-            if (MatchCommentOwner(comment, signal->rawName)) {
-                ApplyComment(signal->comment, comment);
-            }
-        }
+    if (comment.next != npos) {
+        comment.messages->ForEachSignalNamed(comment.owner, [&comment](CANSignal& signal) {
+            ApplyComment(signal.comment, comment);
+        });
     }
     return true;
 }

@@ -9,7 +9,7 @@
 namespace vexil {
 
 // Returns the messages read so far under the id, or null when there is none. Owned by the database.
-inline const MessageList* FindMessages(std::uint32_t id) {
+inline MessagesOfId* FindMessages(std::uint32_t id) {
     const auto entry = database.messagesById.find(id);
     return entry == database.messagesById.end() ? nullptr : &entry->second;
 }

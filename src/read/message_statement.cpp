@@ -25,7 +25,7 @@ bool HandleMessageStatement(std::string_view text, std::uint32_t line) {
     }
     // Not checked: an id may come twice. Later statements then reach all messages of that id.
     database.messages.push_back(message);
-    database.messagesById[message->id].push_back(std::move(message));
+    database.messagesById[message->id].Add(std::move(message));
     return true;
 }
 

@@ -6,6 +6,10 @@
 //
 // Both reach every signal of the name in every message of the id.
 // SPDX-License-Identifier: MIT
+#include <optional>
+#include <utility>
+#include <vector>
+
 #include "frame/can_database.h"
 #include "read/handlers.h"
 #include "read/message_lookup.h"
@@ -16,41 +20,95 @@
 namespace vexil {
 namespace {
 
-using SignalOperation = bool (CANSignal::*)(std::string_view, std::uint32_t);
-
-bool OfferToSignals(std::string_view text, std::string_view keyword, SignalOperation operation) {
-    Position pos = 0;
+// The messages of a statement that begins with the keyword and a known id; null for any other.
+// next: the position behind the id.
+MessagesOfId* FindOwners(std::string_view text, std::string_view keyword, Position& next) {
     std::uint32_t id = 0;
-    if (!MatchKeyword(text, keyword, pos, 0) || !ParseUnsignedToken(text, id, pos, pos)) {
-        return false;
+    if (!MatchKeyword(text, keyword, next, 0) || !ParseUnsignedToken(text, id, next, next)) {
+        return nullptr;
     }
-    const MessageList* messages = FindMessages(id);
-    if (messages == nullptr) {
-        return false;
-    }
-    for (const auto& message : *messages) {
-        for (const auto& signal : message->signals) {
-            ((*signal).*operation)(text, id);
-        }
-    }
-    return true;
+    return FindMessages(id);
 }
 
-// Whether the statement begins with the keyword and the id. next: the position behind the id.
-bool MatchHead(std::string_view text, std::string_view keyword, std::uint32_t id, Position& next) {
-    std::uint32_t token = 0;
-    return MatchKeyword(text, keyword, next, 0) && ParseUnsignedToken(text, token, next, next) &&
-           token == id;
+// What stands behind the name of a SIG_VALTYPE_ statement: a colon, a number and a semicolon.
+std::optional<std::uint32_t> ParseValueType(std::string_view text, Position from) {
+    const Position colon = FindNonSpace(text, from);
+    if (colon == npos || text[colon] != ':') {
+        return std::nullopt;
+    }
+    Position semicolon = npos;
+    std::uint32_t number = 0;
+    if (!TryParseU32(TextUpToChar(text, colon + 1, ';', semicolon), number)) {
+        return std::nullopt;
+    }
+    return number;
+}
+
+// Kept on purpose: any other pair changes nothing, so 0 does not turn a float back.
+void ApplyValueType(CANSignal& signal, std::uint32_t number) {
+    if (number == 1 && signal.bitLength == 32) {
+        signal.valueType = ValueFloat32;
+    } else if (number == 2 && signal.bitLength == 64) {
+        signal.valueType = ValueFloat64;
+    }
+}
+
+using ValueDescriptions = std::vector<std::pair<std::int32_t, std::string_view>>;
+
+// What stands behind the name of a VAL_ statement: pairs of a number and a quoted text. Kept on
+// purpose: a head that is no number does not end the statement. Its opening quote is where the
+// search goes on, so that the pairs shift by one quote for the rest.
+ValueDescriptions ParseValueDescriptions(std::string_view text, Position from) {
+    ValueDescriptions descriptions;
+    Position pos = from - 1;
+    while (pos < text.size()) {
+        std::int32_t value = 0;
+        if (TryParseI32(TextUpToChar(text, pos + 1, '"', pos), value)) {
+            descriptions.emplace_back(value, TextUpToChar(text, pos + 1, '"', pos));
+        }
+    }
+    return descriptions;
+}
+
+// Offers a statement to the signals that it names: apply(signal, parsed) for each, parsed being
+// what parse(text, end) makes of the text behind the name. Signals of one name share one parse.
+template <typename Parse, typename Apply>
+bool OfferToSignals(std::string_view text, std::string_view keyword, Parse parse, Apply apply) {
+    Position pos = 0;
+    MessagesOfId* owners = FindOwners(text, keyword, pos);
+    if (owners == nullptr) {
+        return false;
+    }
+    Position parsedFrom = npos;
+    decltype(parse(text, pos)) parsed{};
+    owners->ForEachSignalAt(text, pos, [&](CANSignal& signal, Position end) {
+        if (end != parsedFrom) {
+            parsed = parse(text, end);
+            parsedFrom = end;
+        }
+        apply(signal, parsed);
+    });
+    return true;
 }
 
 }  // namespace
 
 bool HandleValueType(std::string_view text) {
-    return OfferToSignals(text, keyword::SIG_VALTYPE_, &CANSignal::ParseValueType);
+    return OfferToSignals(text, keyword::SIG_VALTYPE_, ParseValueType,
+                          [](CANSignal& signal, const std::optional<std::uint32_t>& number) {
+                              if (number) {
+                                  ApplyValueType(signal, *number);
+                              }
+                          });
 }
 
 bool HandleValueDescriptions(std::string_view text) {
-    return OfferToSignals(text, keyword::VAL_, &CANSignal::ParseValueDescriptions);
+    return OfferToSignals(text, keyword::VAL_, ParseValueDescriptions,
+                          [](CANSignal& signal, const ValueDescriptions& descriptions) {
+                              for (const auto& [value, description] : descriptions) {
+                                  signal.DescribeValue(value, description);
+                              }
+                          });
 }
 
 bool CANSignal::MatchSignalName(std::string_view text, Position from, Position& end) const {
@@ -64,49 +122,6 @@ bool CANSignal::MatchSignalName(std::string_view text, Position from, Position& 
         return false;
     }
     end = behind;
-    return true;
-}
-
-bool CANSignal::ParseValueType(std::string_view text, std::uint32_t id) {
-    Position pos = 0;
-    if ((bitLength != 32 && bitLength != 64) || !MatchHead(text, keyword::SIG_VALTYPE_, id, pos) ||
-        !MatchSignalName(text, pos, pos)) {
-        return false;
-    }
-    const Position colon = FindNonSpace(text, pos);
-    if (colon == npos || text[colon] != ':') {
-        return false;
-    }
-    Position semicolon = npos;
-    std::uint32_t number = 0;
-    if (!TryParseU32(TextUpToChar(text, colon + 1, ';', semicolon), number)) {
-        return false;
-    }
-    // Kept on purpose: any other pair changes nothing, so 0 does not turn a float back.
-    if (number == 1 && bitLength == 32) {
-        valueType = ValueFloat32;
-    } else if (number == 2 && bitLength == 64) {
-        valueType = ValueFloat64;
-    } else {
-        return false;
-    }
-    return true;
-}
-
-// Kept on purpose: a head that is no number does not end the statement. Its opening quote is where
-// the search goes on, so that the pairs shift by one quote for the rest.
-bool CANSignal::ParseValueDescriptions(std::string_view text, std::uint32_t id) {
-    Position pos = 0;
-    if (!MatchHead(text, keyword::VAL_, id, pos) || !MatchSignalName(text, pos, pos)) {
-        return false;
-    }
-    --pos;
-    while (pos < text.size()) {
-        std::int32_t value = 0;
-        if (TryParseI32(TextUpToChar(text, pos + 1, '"', pos), value)) {
-            DescribeValue(value, TextUpToChar(text, pos + 1, '"', pos));
-        }
-    }
     return true;
 }
 

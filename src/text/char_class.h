@@ -18,7 +18,9 @@ constexpr bool IsControl(char ch) noexcept {
     return (static_cast<unsigned char>(ch) < 32) | (ch == '\x7f');
 }
 
-constexpr bool IsDigit(char ch) noexcept { return ch >= '0' && ch <= '9'; }
+constexpr bool IsDigit(char ch) noexcept {
+    return ch >= '0' && ch <= '9';
+}
 
 constexpr bool IsAlnum(char ch) noexcept {
     return IsDigit(ch) || (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z');

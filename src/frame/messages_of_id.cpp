@@ -1,0 +1,64 @@
+// The messages read so far under one id, and their signals by name.
+// SPDX-License-Identifier: MIT
+#include "frame/messages_of_id.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vexil {
+
+std::size_t SignalIndex::WordEnd(std::string_view text, std::size_t at) {
+    return std::min<std::size_t>(FindSpace(text, FindNonSpace(text, at)), text.size());
+}
+
+std::size_t SignalIndex::Child(std::size_t node, std::string_view word) const {
+    const auto entry = children.find({node, word});
+    return entry == children.end() ? NoNode : entry->second;
+}
+
+void SignalIndex::Add(CANSignal* signal) {
+    const std::string_view name = signal->rawName;
+    std::size_t node = Root;
+    for (std::size_t at = 0; at < name.size();) {
+        const std::size_t end = WordEnd(name, at);
+        const auto [entry, isNew] =
+            children.try_emplace({node, name.substr(at, end - at)}, signals.size());
+        if (isNew) {
+            signals.emplace_back();
+        }
+        node = entry->second;
+        at = end;
+    }
+    signals[node].push_back(signal);
+}
+
+const std::vector<CANSignal*>& SignalIndex::Find(std::string_view name) const {
+    static const std::vector<CANSignal*> none;
+    std::size_t node = Root;
+    for (std::size_t at = 0; at < name.size() && node != NoNode;) {
+        const std::size_t end = WordEnd(name, at);
+        node = Child(node, name.substr(at, end - at));
+        at = end;
+    }
+    return node == NoNode ? none : signals[node];
+}
+
+void MessagesOfId::Add(std::shared_ptr<CANMessage> message) {
+    messages.push_back(std::move(message));
+}
+
+void MessagesOfId::UpdateIndex() {
+    while (indexedMessages < messages.size()) {
+        const auto& signals = messages[indexedMessages]->signals;
+        for (; indexedSignals < signals.size(); ++indexedSignals) {
+            index.Add(signals[indexedSignals].get());
+        }
+        if (indexedMessages + 1 == messages.size()) {
+            return;
+        }
+        ++indexedMessages;
+        indexedSignals = 0;
+    }
+}
+
+}  // namespace vexil

@@ -1,0 +1,124 @@
+// The messages read so far under one id, and their signals by name. Comments, value descriptions
+// and value types reach every message of their id and every signal of their name.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "frame/can_message.h"
+#include "text/char_class.h"
+#include "text/constants.h"
+
+namespace vexil {
+
+// Signals by their rawName, at the same cost whatever names a file holds: a name is looked up word
+// by word in a tree of words, a word being a run of white space and the run of other characters
+// behind it. The names are views into the signals.
+class SignalIndex {
+  public:
+    void Add(CANSignal* signal);
+
+    // The signals of the name; empty when there is none.
+    const std::vector<CANSignal*>& Find(std::string_view name) const;
+
+    // Calls visit(signals, end) for each name that begins text and has white space behind it; end
+    // is its length. REQUIRES: text begins with no white space.
+    template <typename Visit>
+    void FindAtStart(std::string_view text, Visit visit) const {
+        std::size_t node = Root;
+        for (std::size_t at = 0; at < text.size();) {
+            const std::size_t end = WordEnd(text, at);
+            node = Child(node, text.substr(at, end - at));
+            if (node == NoNode || end == text.size()) {
+                return;
+            }
+            visit(signals[node], end);
+            at = end;
+        }
+    }
+
+  private:
+    static constexpr std::size_t Root = 0;
+    static constexpr std::size_t NoNode = ~std::size_t{0};
+
+    // The position behind the word that starts at at.
+    static std::size_t WordEnd(std::string_view text, std::size_t at);
+
+    std::size_t Child(std::size_t node, std::string_view word) const;
+
+    std::map<std::pair<std::size_t, std::string_view>, std::size_t> children;
+    std::vector<std::vector<CANSignal*>> signals{1};  // of each node
+};
+
+class MessagesOfId {
+  public:
+    const MessageList& Messages() const { return messages; }
+
+    void Add(std::shared_ptr<CANMessage> message);
+
+    // Calls visit(signal) for each signal of that rawName.
+    template <typename Visit>
+    void ForEachSignalNamed(std::string_view name, Visit visit) {
+        if (IsSmall()) {
+            for (const auto& signal : messages.front()->signals) {
+                if (signal->rawName == name) {
+                    visit(*signal);
+                }
+            }
+            return;
+        }
+        UpdateIndex();
+        for (CANSignal* signal : index.Find(name)) {
+            visit(*signal);
+        }
+    }
+
+    // Calls visit(signal, end) for each signal that CANSignal::MatchSignalName finds in text at or
+    // behind from; end is the position behind its name.
+    template <typename Visit>
+    void ForEachSignalAt(std::string_view text, Position from, Visit visit) {
+        if (IsSmall()) {
+            for (const auto& signal : messages.front()->signals) {
+                Position end = npos;
+                if (signal->MatchSignalName(text, from, end)) {
+                    visit(*signal, end);
+                }
+            }
+            return;
+        }
+        const Position start = FindNonSpace(text, from);
+        if (start == npos) {
+            return;
+        }
+        UpdateIndex();
+        index.FindAtStart(text.substr(start), [&](const auto& signals, std::size_t end) {
+            for (CANSignal* signal : signals) {
+                visit(*signal, start + end);
+            }
+        });
+    }
+
+  private:
+    // Whether a walk over the signals is as good as the index: so it is for most messages.
+    bool IsSmall() const {
+        return messages.size() == 1 && messages.front()->signals.size() <= WalkLimit;
+    }
+
+    // Takes the signals read since the last call into the index. Only the last message can have
+    // grown, since signals always belong to the message in front of them.
+    void UpdateIndex();
+
+    static constexpr std::size_t WalkLimit = 32;
+
+    MessageList messages;  // in the order of the file
+    SignalIndex index;
+    std::size_t indexedMessages = 0;  // messages in front of the first that is not wholly indexed
+    std::size_t indexedSignals = 0;   // signals of that one that are in the index
+};
+
+}  // namespace vexil
