@@ -18,8 +18,13 @@ constexpr std::string_view CommentTail = "\";";
 // The line up to and with the text; a message has no owner name.
 std::string FormatCommentHead(std::string_view commentText, std::string_view kindKeyword,
                               std::string_view ownerName, std::uint32_t id) {
-    std::string head(keyword::CM_);
-    head.append(" ").append(kindKeyword).append(" ").append(std::to_string(id));
+    std::string head;
+    head.reserve(commentText.size() + ownerName.size() + 32);
+    head.append(keyword::CM_)
+        .append(" ")
+        .append(kindKeyword)
+        .append(" ")
+        .append(std::to_string(id));
     if (!ownerName.empty()) {
         head.append(" ").append(ownerName);
     }

@@ -13,6 +13,8 @@
 namespace vexil {
 namespace {
 
+constexpr std::size_t OrdinaryLineLength = 160;  // room for most lines without growing
+
 std::string_view NodeOrDefault(std::string_view node) {
     return node.empty() ? DefaultNode : node;
 }
@@ -43,8 +45,9 @@ std::string CANSignal::FormatSignalLine() const {
     if (isEmpty) {
         return {};
     }
-    std::string line(" ");
-    line.append(FormatSignalHead()).append(" ").append(FormatBitLayout());
+    std::string line;
+    line.reserve(OrdinaryLineLength);
+    line.append(" ").append(FormatSignalHead()).append(" ").append(FormatBitLayout());
     line.append(" ").append(FormatScale()).append(" ").append(FormatRange());
     line.append(" \"").append(unit).append("\" ");
     line.append(NodeOrDefault(ReceiverList()));

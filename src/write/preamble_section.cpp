@@ -21,7 +21,9 @@ std::set<std::string_view> NodeNames() {
             if (signal->receivers.empty()) {
                 nodes.insert(DefaultNode);
             }
-            nodes.insert(signal->receivers.begin(), signal->receivers.end());
+            for (const std::string& receiver : signal->receivers) {
+                nodes.insert(receiver);
+            }
         }
     }
     return nodes;

@@ -12,6 +12,8 @@
 namespace vexil {
 namespace {
 
+constexpr std::size_t OrdinaryLineLength = 160;  // room for most lines without growing
+
 bool IsFloat(const CANSignal& signal) {
     return signal.valueType == ValueFloat32 || signal.valueType == ValueFloat64;
 }

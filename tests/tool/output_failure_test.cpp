@@ -1,0 +1,57 @@
+// What vexil-dbc does when its standard output takes no more.
+// SPDX-License-Identifier: MIT
+#include "tool/tool_process.h"
+
+namespace vexil::test {
+namespace {
+
+using StandardOutput = LinuxToolTest;
+
+const Surroundings Full{.standardOutput = "/dev/full"};
+const Surroundings Closed{.standardOutputClosed = true};
+const Outcome NotWritten{CannotWrite, "", "vexil-dbc: cannot write standard output\n"};
+
+constexpr std::string_view Bad = "BO_ x1 A: 8 ECU1\nBU_ : ECU1\n";
+constexpr std::string_view Good = "BO_ 1 A: 8 ECU1\n";
+
+TEST_F(StandardOutput, MustTakeTheErrorsOfACheck) {
+    const std::string file = MakeFile("a.dbc", Bad);
+    EXPECT_EQ(RunTool({"check", file}, Full), NotWritten);
+    EXPECT_EQ(RunTool({"check", file}, Closed), NotWritten);
+}
+
+// More than any buffer holds, so that the failure comes while the check still prints.
+TEST_F(StandardOutput, MustTakeManyErrors) {
+    std::string text;
+    for (int i = 0; i < 5000; ++i) {
+        text += "BO_ x1 A: 8 ECU1\n";
+    }
+    EXPECT_EQ(RunTool({"check", MakeFile("a.dbc", text)}, Full), NotWritten);
+}
+
+TEST_F(StandardOutput, MustTakeTheVersion) {
+    EXPECT_EQ(RunTool({"--version"}, Full), NotWritten);
+}
+
+TEST_F(StandardOutput, MustTakeTheHelp) {
+    EXPECT_EQ(RunTool({"--help"}, Full), NotWritten);
+}
+
+TEST_F(StandardOutput, IsNotNeededByACheckOfACleanFile) {
+    const std::string file = MakeFile("a.dbc", Good);
+    EXPECT_EQ(RunTool({"check", file}, Full), (Outcome{Success, "", ""}));
+    EXPECT_EQ(RunTool({"check", file}, Closed), (Outcome{Success, "", ""}));
+}
+
+TEST_F(StandardOutput, IsNotNeededByARewrite) {
+    const std::string input = MakeFile("in.dbc", Good);
+    const std::string output = folder.File("out.dbc");
+    const std::string again = folder.File("again.dbc");
+    EXPECT_EQ(RunTool({"rewrite", input, output}, Full), (Outcome{Success, "", ""}));
+    EXPECT_EQ(RunTool({"rewrite", input, again}, Closed), (Outcome{Success, "", ""}));
+    EXPECT_NE(ReadLines(output).find(Good), std::string::npos);
+    EXPECT_EQ(ReadLines(again), ReadLines(output));
+}
+
+}  // namespace
+}  // namespace vexil::test

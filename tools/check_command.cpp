@@ -1,0 +1,17 @@
+// vexil-dbc check FILE
+// SPDX-License-Identifier: MIT
+#include <iostream>
+
+#include "commands.h"
+#include "dbc_file.h"
+
+namespace vexil::tool {
+
+ExitCode Check(const std::string& file) {
+    if (!ReadDatabase(file)) {
+        return ExitCannotRead;
+    }
+    return PrintParseErrors(std::cout, file) ? ExitParseErrors : ExitSuccess;
+}
+
+}  // namespace vexil::tool
