@@ -1,4 +1,4 @@
-// Attribute: its value from a text.
+// Attributes: a value from a text, and the text of an enumeration.
 // SPDX-License-Identifier: MIT
 #include "attributes/attribute.h"
 
@@ -8,46 +8,55 @@
 #include "text/lexical.h"
 
 namespace vexil {
+namespace {
 
-const std::string* Attribute::EnumText() const {
-    if (enumIndex < 0 || static_cast<std::size_t>(enumIndex) >= EnumCount()) {
-        return nullptr;
-    }
-    return &(*enumValues)[static_cast<std::size_t>(enumIndex)];
+bool IsInside(std::int32_t index, const std::vector<std::string>& list) {
+    return index >= 0 && static_cast<std::size_t>(index) < list.size();
 }
 
-bool Attribute::SetValueFromText(std::string_view token) {
+// By number, or else by text. Both may be right: a list may hold the text of a number.
+bool SetEnumIndex(std::int32_t& enumIndex, const std::vector<std::string>& texts,
+                  std::string_view token) {
     std::int32_t number = 0;
-    const bool isNumber = TryParseI32(token, number);
-    const std::string_view text = QuotedContent(token);
+    if (TryParseI32(token, number) && IsInside(number, texts)) {
+        enumIndex = number;
+        return true;
+    }
+    const auto entry = std::find(texts.begin(), texts.end(), QuotedContent(token));
+    if (entry == texts.end()) {
+        return false;
+    }
+    enumIndex = static_cast<std::int32_t>(entry - texts.begin());
+    return true;
+}
+
+}  // namespace
+
+bool Attribute::SetValueFromText(AttributeContent& content, std::string_view token) const {
     switch (valueType) {
-        case AttributeValueType::Int:
-            if (isNumber) {
-                intValue = number;
-            }
-            return isNumber;
-        case AttributeValueType::Enum: {
-            if (isNumber && number >= 0 && static_cast<std::size_t>(number) < EnumCount()) {
-                enumIndex = number;
-                return true;
-            }
-            if (enumValues == nullptr) {
+        case AttributeValueType::Int: {
+            std::int32_t number = 0;
+            if (!TryParseI32(token, number)) {
                 return false;
             }
-            const auto entry = std::find(enumValues->begin(), enumValues->end(), text);
-            if (entry == enumValues->end()) {
-                return false;
-            }
-            enumIndex = static_cast<std::int32_t>(entry - enumValues->begin());
+            content.intValue = number;
             return true;
         }
+        case AttributeValueType::Enum:
+            return SetEnumIndex(content.enumIndex, enumValues, token);
         case AttributeValueType::Str:
-            stringValue = text;
+            content.stringValue = QuotedContent(token);
             return true;
         case AttributeValueType::Unsup:
             break;
     }
     return false;
+}
+
+const std::string* Attribute::EnumText(const AttributeContent& content) const {
+    return IsInside(content.enumIndex, enumValues)
+               ? &enumValues[static_cast<std::size_t>(content.enumIndex)]
+               : nullptr;
 }
 
 }  // namespace vexil

@@ -1,51 +1,65 @@
-// Attribute, which serves as a definition with its default and as a value alike.
+// Attributes: what defines one, and what gives one of its owners a value.
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <limits>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace vexil {
 
-// What an attribute belongs to.
+// What an attribute belongs to: the network, a message or a signal.
 enum class AttributeObjectKind : std::uint32_t { Gen = 0, Msg = 1, Sig = 2 };
 
 enum class AttributeValueType : std::uint32_t { Unsup = 0, Int = 1, Enum = 2, Str = 3 };
 
-// The identity of an attribute.
+// The identity of an attribute and of its owner. The texts are views and belong to whoever made it.
 struct AttributeKey {
-    std::string name;  // without quotes, case-sensitive
-    AttributeObjectKind objectKind = AttributeObjectKind::Gen;
+    // The owner comes first, since it tells most keys apart.
     std::uint32_t messageId = 0;  // of the owner, for Msg and Sig
-    std::string signalName;       // of the owner, for Sig: its identifier
+    AttributeObjectKind objectKind = AttributeObjectKind::Gen;
+    std::string_view name = {};        // without quotes, case-sensitive
+    std::string_view signalName = {};  // of the owner, for Sig: its identifier
+
+    auto operator<=>(const AttributeKey&) const = default;
 };
 
-struct Attribute : AttributeKey {
+// A value or a default. The type of the attribute tells which member counts.
+struct AttributeContent {
+    std::int32_t intValue = 0;
+    std::int32_t enumIndex = 0;  // position in the enumValues of the definition
+    std::string stringValue;
+};
+
+// The definition of an attribute.
+struct Attribute {
+    std::string name;
+    AttributeObjectKind objectKind = AttributeObjectKind::Gen;
     AttributeValueType valueType = AttributeValueType::Int;
-    std::int32_t intValue = 0;  // of an Int
-    // Bounds of an Int definition, kept to be written and never checked.
+    // Bounds of an Int, kept to be written and never checked.
     std::int32_t minValue = std::numeric_limits<std::int32_t>::min();
     std::int32_t maxValue = std::numeric_limits<std::int32_t>::max();
-    std::int32_t enumIndex = 0;  // of an Enum: position in enumValues
-    // The texts of an Enum definition in the order of the statement; null for none. Shared with the
-    // values of the definition, since there may be as many of those as a file has lines.
-    std::shared_ptr<const std::vector<std::string>> enumValues;
-    std::string stringValue;  // of a Str
+    std::vector<std::string> enumValues;  // the texts of an Enum, in the order of the statement
+    AttributeContent defaultContent;
 
-    // Number of texts in enumValues.
-    std::size_t EnumCount() const { return enumValues == nullptr ? 0 : enumValues->size(); }
+    // Sets content from a token, with its quotes if it has any: an Int from its leading number, an
+    // Enum from a number inside the list or from one of its texts in quotes, a Str from what stands
+    // between the quotes. Returns whether something was set; if not, nothing has changed.
+    bool SetValueFromText(AttributeContent& content, std::string_view token) const;
 
-    // The text at enumIndex, owned by enumValues, or null when there is none.
-    const std::string* EnumText() const;
+    // The text that an Enum's content means, owned by enumValues, or null when there is none.
+    const std::string* EnumText(const AttributeContent& content) const;
+};
 
-    // Sets the value from a token, with its quotes if it has any: an Int from its leading number,
-    // an Enum from a number inside the list or from one of its texts in quotes, a Str from what
-    // stands between the quotes. Returns whether a value was set; if not, nothing has changed.
-    bool SetValueFromText(std::string_view token);
+// The value that one owner has of an attribute.
+struct AttributeValue {
+    const Attribute* definition = nullptr;  // never null in a table, which owns it
+    std::uint32_t messageId = 0;
+    std::string signalName;
+    AttributeContent content;
 };
 
 }  // namespace vexil

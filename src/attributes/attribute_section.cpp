@@ -19,7 +19,7 @@ void DefineBusType(AttributeTable& table) {
         Attribute busType;
         busType.name = attribute::BusType;
         busType.valueType = AttributeValueType::Str;
-        busType.stringValue = CanFdText;
+        busType.defaultContent.stringValue = CanFdText;
         table.AddDefinition(std::move(busType));
     }
 }
@@ -31,48 +31,56 @@ void DefineProtocol(AttributeTable& table) {
         protocol.name = type == ProtocolJ1939 ? attribute::J1939PGN : attribute::IsNMEA;
         protocol.minValue = 0;
         protocol.maxValue = 1;
-        protocol.intValue = 1;
+        protocol.defaultContent.intValue = 1;
         table.AddDefinition(std::move(protocol));
     }
 }
 
-Attribute NameDefinition(std::string_view name, AttributeObjectKind kind) {
+// Adds the definition of a name attribute, without which its values mean nothing.
+const Attribute* DefineName(AttributeTable& table, std::string_view name,
+                            AttributeObjectKind kind) {
     Attribute definition;
     definition.name = name;
     definition.objectKind = kind;
     definition.valueType = AttributeValueType::Str;
-    return definition;
-}
-
-// Adds the name of an owner, with its definition if it is the first.
-void AddName(AttributeTable& table, const Attribute& definition, std::uint32_t messageId,
-             const std::string& signalName, const std::string& longName) {
-    table.AddDefinition(definition);
-    Attribute name = definition;
-    name.messageId = messageId;
-    name.signalName = signalName;
-    name.stringValue = longName;
-    table.AddValue(std::move(name));
+    table.AddDefinition(std::move(definition));
+    return &table.definitions.back();
 }
 
 void AddMessageNames(AttributeTable& table, const MessageList& messages) {
-    const Attribute definition =
-        NameDefinition(attribute::Marrowby_Msg_Name, AttributeObjectKind::Msg);
+    const Attribute* definition = nullptr;
     for (const auto& message : messages) {
-        if (message->longName != message->name) {
-            AddName(table, definition, message->id, {}, message->longName);
+        if (message->longName == message->name) {
+            continue;
         }
+        if (definition == nullptr) {
+            definition = DefineName(table, attribute::Marrowby_Msg_Name, AttributeObjectKind::Msg);
+        }
+        AttributeValue name;
+        name.definition = definition;
+        name.messageId = message->id;
+        name.content.stringValue = message->longName;
+        table.AddValue(std::move(name));
     }
 }
 
 void AddSignalNames(AttributeTable& table, const MessageList& messages) {
-    const Attribute definition =
-        NameDefinition(attribute::Marrowby_Sig_Name, AttributeObjectKind::Sig);
+    const Attribute* definition = nullptr;
     for (const auto& message : messages) {
         for (const auto& signal : message->signals) {
-            if (signal->name != signal->longName) {
-                AddName(table, definition, message->id, signal->name, signal->longName);
+            if (signal->longName == signal->name) {
+                continue;
             }
+            if (definition == nullptr) {
+                definition =
+                    DefineName(table, attribute::Marrowby_Sig_Name, AttributeObjectKind::Sig);
+            }
+            AttributeValue name;
+            name.definition = definition;
+            name.messageId = message->id;
+            name.signalName = signal->name;
+            name.content.stringValue = signal->longName;
+            table.AddValue(std::move(name));
         }
     }
 }

@@ -8,7 +8,7 @@
 namespace vexil {
 namespace {
 
-constexpr std::string_view Delimiters = " \f\n\r\t\v;,";
+constexpr CharSet Delimiters(" \f\n\r\t\v;,");
 
 }  // namespace
 

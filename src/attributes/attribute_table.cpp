@@ -7,16 +7,16 @@
 
 namespace vexil {
 
-// Only what the kind of owner knows tells values apart.
-AttributeTable::ValueIdentity::ValueIdentity(const AttributeKey& key, AttributeValueType type)
-    : objectKind(key.objectKind), valueType(type), name(key.name) {
-    if (objectKind != AttributeObjectKind::Gen) {
-        messageId = key.messageId;
-    }
-    if (objectKind == AttributeObjectKind::Sig) {
-        signalName = key.signalName;
-    }
+namespace {
+
+AttributeKey KeyOf(const AttributeValue& value) {
+    return {.messageId = value.messageId,
+            .objectKind = value.definition->objectKind,
+            .name = value.definition->name,
+            .signalName = value.signalName};
 }
+
+}  // namespace
 
 const Attribute* AttributeTable::FindDefinition(const AttributeKey& key,
                                                 AttributeValueType type) const {
@@ -28,21 +28,22 @@ const Attribute* AttributeTable::FindDefinition(const AttributeKey& key,
     return entry == definitions.end() ? nullptr : &*entry;
 }
 
-const Attribute* AttributeTable::FindValue(const AttributeKey& key, AttributeValueType type) const {
+const AttributeValue* AttributeTable::FindValue(const AttributeKey& key,
+                                                AttributeValueType type) const {
     const auto entry = valueIndex.find({key, type});
     return entry == valueIndex.end() ? nullptr : entry->second;
 }
 
 void AttributeTable::AddDefinition(Attribute definition) {
-    if (FindDefinition(definition, definition.valueType) == nullptr) {
+    const AttributeKey key{.objectKind = definition.objectKind, .name = definition.name};
+    if (FindDefinition(key, definition.valueType) == nullptr) {
         definitions.push_back(std::move(definition));
     }
 }
 
-void AttributeTable::AddValue(Attribute value) {
-    values.push_back(std::move(value));
-    const Attribute& stored = values.back();
-    if (!valueIndex.try_emplace({stored, stored.valueType}, &stored).second) {
+void AttributeTable::AddValue(AttributeValue value) {
+    const AttributeValue& stored = values.emplace_back(std::move(value));
+    if (!valueIndex.try_emplace({KeyOf(stored), stored.definition->valueType}, &stored).second) {
         values.pop_back();
     }
 }

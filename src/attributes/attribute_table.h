@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <compare>
-#include <cstdint>
 #include <deque>
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "attributes/attribute.h"
@@ -19,7 +18,7 @@ class AttributeTable {
     // In the order in which they were first seen. Only ClearEntries takes entries away, and none
     // moves before that.
     std::deque<Attribute> definitions;
-    std::deque<Attribute> values;
+    std::deque<AttributeValue> values;
 
     // The names that may enter the table; empty when every name may.
     std::vector<std::string> reservedAttributeNames;
@@ -30,11 +29,12 @@ class AttributeTable {
     const Attribute* FindDefinition(const AttributeKey& key, AttributeValueType type) const;
 
     // Returns the value of the name, owner and type, owned by the table, or null.
-    const Attribute* FindValue(const AttributeKey& key, AttributeValueType type) const;
+    const AttributeValue* FindValue(const AttributeKey& key, AttributeValueType type) const;
 
-    // Store the attribute. The first entry of an identity stays; later ones are forgotten.
+    // Store an entry. The first of a name, kind and type, and the first value of an owner, stays;
+    // later ones are forgotten.
     void AddDefinition(Attribute definition);
-    void AddValue(Attribute value);
+    void AddValue(AttributeValue value);  // REQUIRES: its definition is one of this table
 
     // Whether the name may not enter the table.
     bool IsUnrecognised(std::string_view name) const;
@@ -43,20 +43,9 @@ class AttributeTable {
     void ClearEntries();
 
   private:
-    // Which value it is, with the texts of the value itself. In a tree, since an attacker who knows
-    // the hash of a table can make it slow; the id comes first because it tells most values apart.
-    struct ValueIdentity {
-        ValueIdentity(const AttributeKey& key, AttributeValueType type);
-        auto operator<=>(const ValueIdentity&) const = default;
-
-        std::uint32_t messageId = 0;
-        AttributeObjectKind objectKind;
-        AttributeValueType valueType;
-        std::string_view name;
-        std::string_view signalName;
-    };
-
-    std::map<ValueIdentity, const Attribute*> valueIndex;
+    // With the texts of definitions and values as keys. A tree, since an attacker who knows the
+    // hash of a table can make it slow.
+    std::map<std::pair<AttributeKey, AttributeValueType>, const AttributeValue*> valueIndex;
 };
 
 }  // namespace vexil

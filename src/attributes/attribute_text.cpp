@@ -28,8 +28,8 @@ std::string OwnerKeyword(AttributeObjectKind kind) {
 
 std::string EnumTypeText(const Attribute& definition) {
     std::string text = "ENUM";
-    for (std::size_t at = 0; at < definition.EnumCount(); ++at) {
-        text.append(at == 0 ? " " : ",").append(Quoted((*definition.enumValues)[at]));
+    for (const std::string& entry : definition.enumValues) {
+        text.append(&entry == &definition.enumValues.front() ? " " : ",").append(Quoted(entry));
     }
     return text;
 }
@@ -51,19 +51,21 @@ std::string TypeText(const Attribute& definition) {
 
 enum class EnumForm { Text, Number };
 
-// The value as it stands in a line; empty when the attribute has none.
-std::string ValueForm(const Attribute& attribute, EnumForm enumForm) {
-    switch (attribute.valueType) {
+// The content as it stands in a line; empty when the attribute has none.
+std::string ContentText(const Attribute& definition, const AttributeContent& content,
+                        EnumForm enumForm) {
+    switch (definition.valueType) {
         case AttributeValueType::Int:
-            return std::to_string(attribute.intValue);
-        case AttributeValueType::Enum:
-            if (attribute.EnumText() == nullptr) {
+            return std::to_string(content.intValue);
+        case AttributeValueType::Enum: {
+            const std::string* text = definition.EnumText(content);
+            if (text == nullptr) {
                 return {};
             }
-            return enumForm == EnumForm::Text ? Quoted(*attribute.EnumText())
-                                              : std::to_string(attribute.enumIndex);
+            return enumForm == EnumForm::Text ? Quoted(*text) : std::to_string(content.enumIndex);
+        }
         case AttributeValueType::Str:
-            return Quoted(attribute.stringValue);
+            return Quoted(content.stringValue);
         case AttributeValueType::Unsup:
             break;
     }
@@ -95,7 +97,7 @@ std::string AttributeSectionText(const AttributeTable& table) {
     for (const Attribute& definition : table.definitions) {
         AppendLine(text, DefaultText(definition));
     }
-    for (const Attribute& value : table.values) {
+    for (const AttributeValue& value : table.values) {
         AppendLine(text, ValueText(value));
     }
     return text;
@@ -109,20 +111,21 @@ std::string DefinitionText(const Attribute& definition) {
 }
 
 std::string DefaultText(const Attribute& definition) {
-    const std::string value = ValueForm(definition, EnumForm::Text);
+    const std::string value = ContentText(definition, definition.defaultContent, EnumForm::Text);
     return value.empty() ? std::string() : Line(keyword::BA_DEF_DEF_, {}, definition, value);
 }
 
-std::string ValueText(const Attribute& value) {
-    const std::string form = ValueForm(value, EnumForm::Number);
-    if (value.objectKind == AttributeObjectKind::Gen || form.empty()) {
+std::string ValueText(const AttributeValue& value) {
+    const Attribute& definition = *value.definition;
+    const std::string content = ContentText(definition, value.content, EnumForm::Number);
+    if (definition.objectKind == AttributeObjectKind::Gen || content.empty()) {
         return {};
     }
-    std::string owner = OwnerKeyword(value.objectKind) + std::to_string(value.messageId) + ' ';
-    if (value.objectKind == AttributeObjectKind::Sig) {
+    std::string owner = OwnerKeyword(definition.objectKind) + std::to_string(value.messageId) + ' ';
+    if (definition.objectKind == AttributeObjectKind::Sig) {
         owner.append(value.signalName).append(" ");
     }
-    return Line(keyword::BA_, {}, value, owner + form);
+    return Line(keyword::BA_, {}, definition, owner + content);
 }
 
 }  // namespace vexil

@@ -22,6 +22,6 @@ std::string DefaultText(const Attribute& definition);
 
 // The BA_ line; an Enum is given by its number. The network has none: its attributes reach a file
 // only through their defaults.
-std::string ValueText(const Attribute& value);
+std::string ValueText(const AttributeValue& value);
 
 }  // namespace vexil

@@ -5,8 +5,6 @@
 //   BA_DEF_ [BO_|SG_] "name" STRING ;
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <iterator>
-#include <memory>
 #include <optional>
 #include <utility>
 
@@ -66,16 +64,14 @@ bool TakeBounds(const std::vector<std::string_view>& tokens, const std::vector<T
 bool TakeEnumValues(const std::vector<std::string_view>& tokens,
                     const std::vector<TokenClass>& classes, std::size_t typeAt,
                     Attribute& definition) {
-    const auto first = static_cast<std::ptrdiff_t>(typeAt) + 1;
     if (tokens.size() < typeAt + 2 ||
-        !std::all_of(classes.begin() + first, classes.end(),
+        !std::all_of(classes.begin() + static_cast<std::ptrdiff_t>(typeAt) + 1, classes.end(),
                      [](TokenClass tokenClass) { return tokenClass == QuotedString; })) {
         return false;
     }
-    auto texts = std::make_shared<std::vector<std::string>>();
-    std::transform(tokens.begin() + first, tokens.end(), std::back_inserter(*texts),
-                   [](std::string_view token) { return std::string(QuotedContent(token)); });
-    definition.enumValues = std::move(texts);
+    for (std::size_t at = typeAt + 1; at < tokens.size(); ++at) {
+        definition.enumValues.emplace_back(QuotedContent(tokens[at]));
+    }
     return true;
 }
 

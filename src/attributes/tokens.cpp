@@ -3,7 +3,6 @@
 #include "attributes/tokens.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
 
 #include "text/char_class.h"
@@ -12,38 +11,27 @@
 namespace vexil {
 namespace {
 
-// A set of characters that is asked of every byte of a statement.
-class CharSet {
-  public:
-    explicit CharSet(std::string_view chars) {
-        for (const char ch : chars) {
-            members[static_cast<unsigned char>(ch)] = true;
-        }
-    }
+constexpr std::size_t OrdinaryTokenCount = 8;
 
-    // The first character of text at or behind from that is, or is not, in the set; the size of the
-    // text when there is none.
-    std::size_t Find(std::string_view text, std::size_t from, bool isMember) const {
-        while (from < text.size() && members[static_cast<unsigned char>(text[from])] != isMember) {
-            ++from;
-        }
-        return from;
+// The first character of text at or behind from that is, or is not, in the set; the size of the
+// text when there is none.
+std::size_t Find(std::string_view text, std::size_t from, const CharSet& set, bool isMember) {
+    while (from < text.size() && set.Contains(text[from]) != isMember) {
+        ++from;
     }
-
-  private:
-    std::array<bool, 256> members{};
-};
+    return from;
+}
 
 }  // namespace
 
-StatementTokens SplitStatementTokens(std::string_view text, std::string_view delimiters) {
-    const CharSet delimiterSet(delimiters);
+StatementTokens SplitStatementTokens(std::string_view text, const CharSet& delimiters) {
     StatementTokens split;
+    split.tokens.reserve(OrdinaryTokenCount);
     bool open = false;    // the last token waits for its closing quote
     bool joined = false;  // and has been joined from pieces
-    std::size_t start = delimiterSet.Find(text, 0, false);
+    std::size_t start = Find(text, 0, delimiters, false);
     while (start < text.size()) {
-        const std::size_t end = delimiterSet.Find(text, start, true);
+        const std::size_t end = Find(text, start, delimiters, true);
         const std::string_view piece = text.substr(start, end - start);
         if (!open) {
             split.tokens.push_back(piece);
@@ -58,7 +46,7 @@ StatementTokens SplitStatementTokens(std::string_view text, std::string_view del
             split.tokens.back() = split.joined.front();
             open = piece.back() != '"';
         }
-        start = delimiterSet.Find(text, end, false);
+        start = Find(text, end, delimiters, false);
     }
     return split;
 }

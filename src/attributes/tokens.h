@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <forward_list>
 #include <initializer_list>
 #include <string>
@@ -26,11 +27,26 @@ struct StatementTokens {
     std::forward_list<std::string> joined;
 };
 
+// A set of characters that is quick to ask.
+class CharSet {
+  public:
+    explicit constexpr CharSet(std::string_view chars) {
+        for (const char ch : chars) {
+            members[static_cast<unsigned char>(ch)] = true;
+        }
+    }
+
+    constexpr bool Contains(char ch) const { return members[static_cast<unsigned char>(ch)]; }
+
+  private:
+    std::array<bool, 256> members{};
+};
+
 // Cuts text at every run of delimiters and joins again, with one blank, what double quotes hold
 // together. So a run of delimiters inside quotes becomes one blank, a quote that a delimiter
 // follows directly opens nothing, and an opening quote without a closing one takes the rest of the
 // text.
-StatementTokens SplitStatementTokens(std::string_view text, std::string_view delimiters);
+StatementTokens SplitStatementTokens(std::string_view text, const CharSet& delimiters);
 
 // Returns what stands between the first and the last double quote of token, a view into it; empty
 // when there are not two.

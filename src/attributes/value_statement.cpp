@@ -92,14 +92,15 @@ void ParseValueStatement(AttributeTable& table, const std::vector<std::string_vi
     if (definition == nullptr || !HasShape(tokens, *definition)) {
         return;
     }
-    Attribute value = *definition;
+    AttributeValue value;
+    value.definition = definition;
     if (definition->objectKind != AttributeObjectKind::Gen) {
         TryParseU32(tokens[3], value.messageId);
     }
     if (definition->objectKind == AttributeObjectKind::Sig) {
         value.signalName = tokens[4];
     }
-    if (value.SetValueFromText(tokens[ValueAt(definition->objectKind)])) {
+    if (definition->SetValueFromText(value.content, tokens[ValueAt(definition->objectKind)])) {
         table.AddValue(std::move(value));
     }
 }

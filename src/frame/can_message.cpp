@@ -9,9 +9,17 @@
 namespace vexil {
 
 void CANMessage::Reset() {
-    std::vector<std::uint32_t> kept = std::move(stepErrors);
-    *this = CANMessage();
-    stepErrors = std::move(kept);
+    isEmpty = true;
+    id = 0;
+    longName.clear();
+    name.clear();
+    transmitter.clear();
+    sendType.clear();
+    cycleTime = 0;
+    comment.clear();
+    dlc = 0;
+    signals.clear();
+    rawName.clear();
 }
 
 void CANMessage::UpdateName() {

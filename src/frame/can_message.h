@@ -21,10 +21,8 @@ namespace vexil {
 class CANMessage {
   public:
     CANMessage() = default;
-    CANMessage(const CANMessage&) = default;
-    CANMessage(CANMessage&&) = default;
-    CANMessage& operator=(const CANMessage&) = default;
-    CANMessage& operator=(CANMessage&&) = default;
+    CANMessage(const CANMessage&) = delete;
+    CANMessage& operator=(const CANMessage&) = delete;
     virtual ~CANMessage() = default;
 
     bool isEmpty = true;

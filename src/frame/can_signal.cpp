@@ -27,6 +27,7 @@ void CANSignal::Reset() {
     maximum = 0;
     receivers.clear();
     enums.clear();
+    enumPlace.reset();
     startValue = 0;
     inactiveValue = 0;
     rawName.clear();
@@ -47,7 +48,9 @@ std::string CANSignal::ReceiverList() const {
 
 void CANSignal::DescribeValue(std::int32_t value, std::string_view text) {
     const auto [entry, isNew] = enums.try_emplace(value, text);
-    if (!isNew) {
+    if (isNew) {
+        enumPlace.reset();
+    } else {
         entry->second.append(" - ").append(text);
     }
 }

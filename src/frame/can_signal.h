@@ -7,8 +7,10 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "text/constants.h"
@@ -21,10 +23,8 @@ namespace vexil {
 class CANSignal {
   public:
     CANSignal() = default;
-    CANSignal(const CANSignal&) = default;
-    CANSignal(CANSignal&&) = default;
-    CANSignal& operator=(const CANSignal&) = default;
-    CANSignal& operator=(CANSignal&&) = default;
+    CANSignal(const CANSignal&) = delete;
+    CANSignal& operator=(const CANSignal&) = delete;
     virtual ~CANSignal() = default;
 
     bool isEmpty = true;
@@ -77,6 +77,10 @@ class CANSignal {
     // Adds a value description; behind an earlier one of the same value with " - " between them.
     void DescribeValue(std::int32_t value, std::string_view text);
 
+    // The value description at a position of enums. REQUIRES: there are more than index. A walk in
+    // either direction costs one step a call.
+    const std::pair<const std::int32_t, std::string>& EnumAt(std::size_t index) const;
+
     // -- Reading --
 
     // Takes an SG_ statement. False, with the signal reset, when a step fails: stepErrors then
@@ -108,6 +112,13 @@ class CANSignal {
     bool AddUniqueSuffix(std::uint32_t index);
 
   private:
+    // The last place that EnumAt went to; it holds until enums gets a new value.
+    struct EnumPlace {
+        std::size_t index = 0;
+        std::map<std::int32_t, std::string>::const_iterator entry;
+    };
+    mutable std::optional<EnumPlace> enumPlace;
+
     // The steps of Parse. Each starts at from and sets next to the position behind what it took; a
     // step finds its separators by searching onward, wherever they stand.
     bool ParseNameAndMultiplex(std::string_view text, Position from, Position& next);

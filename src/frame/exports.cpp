@@ -3,7 +3,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <cstring>
-#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -100,7 +99,7 @@ uint8_t VexilGetCanSignalEnumData(uint32_t messageIndex, uint32_t signalIndex, u
     if (signal == nullptr || enumIndex >= signal->enums.size()) {
         return 0;
     }
-    const auto& [value, text] = *std::next(signal->enums.begin(), enumIndex);
+    const auto& [value, text] = signal->EnumAt(enumIndex);
     if (!vexil::CopyTextOut(text, record->text)) {
         return 0;
     }

@@ -96,4 +96,17 @@ bool CANSignal::AddEnum(const CanEnumRecord* record) {
     return true;
 }
 
+const std::pair<const std::int32_t, std::string>& CANSignal::EnumAt(std::size_t index) const {
+    if (!enumPlace) {
+        enumPlace = {0, enums.begin()};
+    }
+    for (; enumPlace->index < index; ++enumPlace->index) {
+        ++enumPlace->entry;
+    }
+    for (; enumPlace->index > index; --enumPlace->index) {
+        --enumPlace->entry;
+    }
+    return *enumPlace->entry;
+}
+
 }  // namespace vexil

@@ -5,6 +5,7 @@
 // SPDX-License-Identifier: MIT
 #include "read/attribute_fold.h"
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -16,37 +17,30 @@
 namespace vexil {
 namespace {
 
-AttributeKey MakeKey(std::string_view name, AttributeObjectKind kind) {
-    AttributeKey key;
-    key.name = name;
-    key.objectKind = kind;
-    return key;
+// The value if there is one, else the default.
+const AttributeContent& ContentOf(const AttributeValue* value, const Attribute& definition) {
+    return value != nullptr ? value->content : definition.defaultContent;
 }
 
-// The value if there is one, else the definition with its default; null when there is neither.
-const Attribute* ValueOrDefault(const Attribute* value, const Attribute* definition) {
-    return value != nullptr ? value : definition;
-}
-
-// Calls fold(message, value, definition) for each message, if the attribute is defined; value is
+// Calls fold(message, definition, value) for each message, if the attribute is defined; value is
 // null where the message has none.
 template <typename Fold>
 void ForEachMessage(std::string_view name, AttributeValueType type, Fold fold) {
-    AttributeKey key = MakeKey(name, AttributeObjectKind::Msg);
+    AttributeKey key{.objectKind = AttributeObjectKind::Msg, .name = name};
     const Attribute* definition = database.attributes.FindDefinition(key, type);
     if (definition == nullptr) {
         return;
     }
     for (const auto& message : database.messages) {
         key.messageId = message->id;
-        fold(*message, database.attributes.FindValue(key, type), *definition);
+        fold(*message, *definition, database.attributes.FindValue(key, type));
     }
 }
 
 // The same for each signal of each message. A signal is known by its identifier.
 template <typename Fold>
 void ForEachSignal(std::string_view name, AttributeValueType type, Fold fold) {
-    AttributeKey key = MakeKey(name, AttributeObjectKind::Sig);
+    AttributeKey key{.objectKind = AttributeObjectKind::Sig, .name = name};
     const Attribute* definition = database.attributes.FindDefinition(key, type);
     if (definition == nullptr) {
         return;
@@ -55,16 +49,23 @@ void ForEachSignal(std::string_view name, AttributeValueType type, Fold fold) {
         key.messageId = message->id;
         for (const auto& signal : message->signals) {
             key.signalName = signal->name;
-            fold(*signal, database.attributes.FindValue(key, type), *definition);
+            fold(*signal, *definition, database.attributes.FindValue(key, type));
         }
     }
 }
 
+// What the network has of the attribute, or null when it is not defined: a value needs a
+// definition.
+const AttributeContent* NetworkContent(std::string_view name, AttributeValueType type) {
+    const AttributeKey key{.name = name};
+    const Attribute* definition = database.attributes.FindDefinition(key, type);
+    return definition == nullptr
+               ? nullptr
+               : &ContentOf(database.attributes.FindValue(key, type), *definition);
+}
+
 void FoldBusType() {
-    const AttributeKey key = MakeKey(attribute::BusType, AttributeObjectKind::Gen);
-    const Attribute* text =
-        ValueOrDefault(database.attributes.FindValue(key, AttributeValueType::Str),
-                       database.attributes.FindDefinition(key, AttributeValueType::Str));
+    const AttributeContent* text = NetworkContent(attribute::BusType, AttributeValueType::Str);
     if (text != nullptr) {
         database.info.busType = text->stringValue == CanFdText ? BusCanFd : BusClassicCan;
     }
@@ -72,10 +73,7 @@ void FoldBusType() {
 
 // Kept on purpose: a value other than 1 means no, and the default is not asked then.
 void FoldProtocol(std::string_view name, std::uint32_t protocol) {
-    const AttributeKey key = MakeKey(name, AttributeObjectKind::Gen);
-    const Attribute* number =
-        ValueOrDefault(database.attributes.FindValue(key, AttributeValueType::Int),
-                       database.attributes.FindDefinition(key, AttributeValueType::Int));
+    const AttributeContent* number = NetworkContent(name, AttributeValueType::Int);
     if (number != nullptr && number->intValue == 1) {
         database.info.protocolType = protocol;
     }
@@ -89,53 +87,55 @@ void FoldProtocolType() {
 
 // Only the name for display changes; a default is no name.
 template <typename Owner>
-void SetLongName(Owner& owner, const Attribute* value) {
+void SetLongName(Owner& owner, const AttributeValue* value) {
     if (value != nullptr) {
-        owner.longName = value->stringValue;
+        owner.longName = value->content.stringValue;
         CleanControlChars(owner.longName);
     }
 }
 
 void FoldMessageNames() {
     ForEachMessage(attribute::Marrowby_Msg_Name, AttributeValueType::Str,
-                   [](CANMessage& message, const Attribute* value, const Attribute&) {
+                   [](CANMessage& message, const Attribute&, const AttributeValue* value) {
                        SetLongName(message, value);
                    });
 }
 
 void FoldSendTypes() {
-    ForEachMessage(attribute::GenMsgSendType, AttributeValueType::Enum,
-                   [](CANMessage& message, const Attribute* value, const Attribute& definition) {
-                       const std::string* text = ValueOrDefault(value, &definition)->EnumText();
-                       message.sendType = text != nullptr ? MakeCIdentifier(*text) : std::string();
-                   });
+    ForEachMessage(
+        attribute::GenMsgSendType, AttributeValueType::Enum,
+        [](CANMessage& message, const Attribute& definition, const AttributeValue* value) {
+            const std::string* text = definition.EnumText(ContentOf(value, definition));
+            message.sendType = text != nullptr ? MakeCIdentifier(*text) : std::string();
+        });
 }
 
 void FoldCycleTimes() {
-    ForEachMessage(attribute::GenMsgCycleTime, AttributeValueType::Int,
-                   [](CANMessage& message, const Attribute* value, const Attribute& definition) {
-                       message.cycleTime = ValueOrDefault(value, &definition)->intValue;
-                   });
+    ForEachMessage(
+        attribute::GenMsgCycleTime, AttributeValueType::Int,
+        [](CANMessage& message, const Attribute& definition, const AttributeValue* value) {
+            message.cycleTime = ContentOf(value, definition).intValue;
+        });
 }
 
 void FoldSignalNames() {
     ForEachSignal(attribute::Marrowby_Sig_Name, AttributeValueType::Str,
-                  [](CANSignal& signal, const Attribute* value, const Attribute&) {
+                  [](CANSignal& signal, const Attribute&, const AttributeValue* value) {
                       SetLongName(signal, value);
                   });
 }
 
 void FoldStartValues() {
     ForEachSignal(attribute::GenSigStartValue, AttributeValueType::Int,
-                  [](CANSignal& signal, const Attribute* value, const Attribute& definition) {
-                      signal.startValue = ValueOrDefault(value, &definition)->intValue;
+                  [](CANSignal& signal, const Attribute& definition, const AttributeValue* value) {
+                      signal.startValue = ContentOf(value, definition).intValue;
                   });
 }
 
 void FoldInactiveValues() {
     ForEachSignal(attribute::GenSigInactiveValue, AttributeValueType::Int,
-                  [](CANSignal& signal, const Attribute* value, const Attribute& definition) {
-                      signal.inactiveValue = ValueOrDefault(value, &definition)->intValue;
+                  [](CANSignal& signal, const Attribute& definition, const AttributeValue* value) {
+                      signal.inactiveValue = ContentOf(value, definition).intValue;
                   });
 }
 

@@ -38,6 +38,16 @@ bool ParseNumberPair(std::string_view text, Position from, std::string_view sepa
     return true;
 }
 
+// The position of the last "m" or "M", or npos.
+Position FindLastM(std::string_view text) {
+    for (Position at = text.size(); at != 0; --at) {
+        if (text[at - 1] == 'm' || text[at - 1] == 'M') {
+            return at - 1;
+        }
+    }
+    return npos;
+}
+
 }  // namespace
 
 bool CANSignal::ParseNameAndMultiplex(std::string_view text, Position from, Position& next) {
@@ -62,13 +72,13 @@ bool CANSignal::ParseNameAndMultiplex(std::string_view text, Position from, Posi
 bool CANSignal::ParseMultiplexIndicator(std::string_view head, Position& nameEnd) {
     multiplexType = MultiplexNone;
     multiplexValue = 0;
-    const Position at = head.find_last_of("mM");
+    const Position at = FindLastM(head);
     if (at == npos || at == 0 || !IsSpace(head[at - 1])) {
         return false;
     }
     const std::string_view rest = head.substr(at + 1);
     if (head[at] == 'M') {
-        if (rest.find_first_not_of(Whitespace) != npos) {
+        if (FindNonSpace(rest, 0) != npos) {
             return false;
         }
         multiplexType = MultiplexSelector;
@@ -152,7 +162,7 @@ void CANSignal::ParseReceivers(std::string_view list) {
     receivers.clear();
     while (!list.empty()) {
         const std::size_t comma = std::min(list.find(','), list.size());
-        std::string receiver = MakeCIdentifier(Trimmed(list.substr(0, comma)));
+        std::string receiver = IdentifierForm(Trimmed(list.substr(0, comma)));
         if (!receiver.empty()) {
             receivers.push_back(std::move(receiver));
         }

@@ -3,6 +3,7 @@
 #include "text/lexical.h"
 
 #include <algorithm>
+#include <array>
 
 #include "text/char_class.h"
 #include "text/utf8_text.h"
@@ -48,11 +49,15 @@ std::string_view TrimmedRange(std::string_view text, Position from, Position to)
 }
 
 std::string_view Trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(Whitespace);
-    if (first == std::string_view::npos) {
+    const Position first = FindNonSpace(text, 0);
+    if (first == npos) {
         return {};
     }
-    return text.substr(first, text.find_last_not_of(Whitespace) - first + 1);
+    Position end = text.size();
+    while (IsSpace(text[end - 1])) {
+        --end;
+    }
+    return text.substr(first, end - first);
 }
 
 bool IsValidCIdentifier(std::string_view text) {

@@ -14,9 +14,10 @@ namespace {
 
 constexpr int SignificantDigits = 10;
 
-// Appends a number that has at most four decimals and ten digits, as nearly all of a file have, from
-// its digits as an integer. The nearest double to such a decimal is written as that decimal. Returns
-// false with nothing appended for any other number; so for a negative zero, which keeps its sign.
+// Appends a number that has at most four decimals and ten digits, as nearly all of a file have,
+// from its digits as an integer. The nearest double to such a decimal is written as that decimal.
+// Returns false with nothing appended for any other number; so for a negative zero, which keeps its
+// sign.
 bool AppendShortDecimal(std::string& text, double number) {
     constexpr double Scale = 10000;
     if (!(std::abs(number) < 1e6) || (number == 0 && std::signbit(number))) {
