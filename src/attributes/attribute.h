@@ -27,11 +27,12 @@ struct AttributeKey {
     auto operator<=>(const AttributeKey&) const = default;
 };
 
-// A value or a default. The type of the attribute tells which member counts.
+// A value or a default. The type of the attribute tells which member counts. The text is a view;
+// what stands in a table belongs to the table.
 struct AttributeContent {
     std::int32_t intValue = 0;
     std::int32_t enumIndex = 0;  // position in the enumValues of the definition
-    std::string stringValue;
+    std::string_view stringValue = {};
 };
 
 // The definition of an attribute.
@@ -47,18 +48,20 @@ struct Attribute {
 
     // Sets content from a token, with its quotes if it has any: an Int from its leading number, an
     // Enum from a number inside the list or from one of its texts in quotes, a Str from what stands
-    // between the quotes. Returns whether something was set; if not, nothing has changed.
+    // between the quotes, as a view. Returns whether something was set; if not, nothing has
+    // changed.
     bool SetValueFromText(AttributeContent& content, std::string_view token) const;
 
     // The text that an Enum's content means, owned by enumValues, or null when there is none.
     const std::string* EnumText(const AttributeContent& content) const;
 };
 
-// The value that one owner has of an attribute.
+// The value that one owner has of an attribute. Definition and texts of one that stands in a table
+// belong to the table.
 struct AttributeValue {
-    const Attribute* definition = nullptr;  // never null in a table, which owns it
+    const Attribute* definition = nullptr;  // never null in a table
     std::uint32_t messageId = 0;
-    std::string signalName;
+    std::string_view signalName = {};
     AttributeContent content;
 };
 

@@ -4,7 +4,6 @@
 #include "attributes/attribute_section.h"
 
 #include <string>
-#include <utility>
 
 #include "attributes/attribute_text.h"
 #include "attributes/reserved_names.h"
@@ -20,7 +19,7 @@ void DefineBusType(AttributeTable& table) {
         busType.name = attribute::BusType;
         busType.valueType = AttributeValueType::Str;
         busType.defaultContent.stringValue = CanFdText;
-        table.AddDefinition(std::move(busType));
+        table.AddDefinition(busType);
     }
 }
 
@@ -32,7 +31,7 @@ void DefineProtocol(AttributeTable& table) {
         protocol.minValue = 0;
         protocol.maxValue = 1;
         protocol.defaultContent.intValue = 1;
-        table.AddDefinition(std::move(protocol));
+        table.AddDefinition(protocol);
     }
 }
 
@@ -43,7 +42,7 @@ const Attribute* DefineName(AttributeTable& table, std::string_view name,
     definition.name = name;
     definition.objectKind = kind;
     definition.valueType = AttributeValueType::Str;
-    table.AddDefinition(std::move(definition));
+    table.AddDefinition(definition);
     return &table.definitions.back();
 }
 
@@ -60,7 +59,7 @@ void AddMessageNames(AttributeTable& table, const MessageList& messages) {
         name.definition = definition;
         name.messageId = message->id;
         name.content.stringValue = message->longName;
-        table.AddValue(std::move(name));
+        table.AddValue(name);
     }
 }
 
@@ -80,7 +79,7 @@ void AddSignalNames(AttributeTable& table, const MessageList& messages) {
             name.messageId = message->id;
             name.signalName = signal->name;
             name.content.stringValue = signal->longName;
-            table.AddValue(std::move(name));
+            table.AddValue(name);
         }
     }
 }

@@ -3,20 +3,15 @@
 #include "attributes/attribute_table.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace vexil {
 
-namespace {
-
-AttributeKey KeyOf(const AttributeValue& value) {
-    return {.messageId = value.messageId,
-            .objectKind = value.definition->objectKind,
-            .name = value.definition->name,
-            .signalName = value.signalName};
-}
-
-}  // namespace
+AttributeTable::ValueIdentity::ValueIdentity(const AttributeValue& value)
+    : key{.messageId = value.messageId,
+          .objectKind = value.definition->objectKind,
+          .name = value.definition->name,
+          .signalName = value.signalName},
+      type(value.definition->valueType) {}
 
 const Attribute* AttributeTable::FindDefinition(const AttributeKey& key,
                                                 AttributeValueType type) const {
@@ -30,21 +25,35 @@ const Attribute* AttributeTable::FindDefinition(const AttributeKey& key,
 
 const AttributeValue* AttributeTable::FindValue(const AttributeKey& key,
                                                 AttributeValueType type) const {
-    const auto entry = valueIndex.find({key, type});
-    return entry == valueIndex.end() ? nullptr : entry->second;
+    const auto entry = valueIndex.find(ValueIdentity(key, type));
+    return entry == valueIndex.end() ? nullptr : &*entry;
 }
 
-void AttributeTable::AddDefinition(Attribute definition) {
+void AttributeTable::AddDefinition(const Attribute& definition) {
     const AttributeKey key{.objectKind = definition.objectKind, .name = definition.name};
-    if (FindDefinition(key, definition.valueType) == nullptr) {
-        definitions.push_back(std::move(definition));
+    if (FindDefinition(key, definition.valueType) != nullptr) {
+        return;
     }
+    Attribute& stored = definitions.emplace_back(definition);
+    stored.defaultContent.stringValue = Keep(definition.defaultContent.stringValue);
 }
 
-void AttributeTable::AddValue(AttributeValue value) {
-    const AttributeValue& stored = values.emplace_back(std::move(value));
-    if (!valueIndex.try_emplace({KeyOf(stored), stored.definition->valueType}, &stored).second) {
-        values.pop_back();
+void AttributeTable::AddValue(const AttributeValue& value) {
+    const auto place = valueIndex.lower_bound(value);
+    if (place != valueIndex.end() && ValueIdentity(*place) == ValueIdentity(value)) {
+        return;
+    }
+    AttributeValue stored = value;
+    stored.signalName = Keep(value.signalName);
+    stored.content.stringValue = Keep(value.content.stringValue);
+    values.push_back(&*valueIndex.insert(place, stored));
+}
+
+void AttributeTable::SetDefault(Attribute& definition, std::string_view token) {
+    AttributeContent content = definition.defaultContent;
+    if (definition.SetValueFromText(content, token)) {
+        content.stringValue = Keep(content.stringValue);
+        definition.defaultContent = content;
     }
 }
 
@@ -56,8 +65,18 @@ bool AttributeTable::IsUnrecognised(std::string_view name) const {
 
 void AttributeTable::ClearEntries() {
     definitions.clear();
-    valueIndex.clear();
     values.clear();
+    valueIndex.clear();
+    memory.release();
+}
+
+std::string_view AttributeTable::Keep(std::string_view text) {
+    if (text.empty()) {
+        return {};
+    }
+    auto* copy = static_cast<char*>(memory.allocate(text.size(), alignof(char)));
+    std::copy(text.begin(), text.end(), copy);
+    return {copy, text.size()};
 }
 
 }  // namespace vexil

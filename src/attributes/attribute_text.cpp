@@ -97,8 +97,8 @@ std::string AttributeSectionText(const AttributeTable& table) {
     for (const Attribute& definition : table.definitions) {
         AppendLine(text, DefaultText(definition));
     }
-    for (const AttributeValue& value : table.values) {
-        AppendLine(text, ValueText(value));
+    for (const AttributeValue* value : table.values) {
+        AppendLine(text, ValueText(*value));
     }
     return text;
 }

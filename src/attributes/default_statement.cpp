@@ -19,7 +19,7 @@ void ParseDefaultStatement(AttributeTable& table, const std::vector<std::string_
     }
     for (Attribute& definition : table.definitions) {
         if (definition.name == name) {
-            definition.SetValueFromText(definition.defaultContent, tokens[2]);
+            table.SetDefault(definition, tokens[2]);
         }
     }
 }

@@ -6,7 +6,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <optional>
-#include <utility>
 
 #include "attributes/attribute_statements.h"
 #include "attributes/tokens.h"
@@ -96,7 +95,7 @@ void ParseDefinitionStatement(AttributeTable& table, const std::vector<std::stri
     const std::optional<std::size_t> typeAt = TakeShape(tokens, definition);
     if (typeAt && !table.IsUnrecognised(definition.name) &&
         TakeType(tokens, ClassifyTokens(tokens), *typeAt, definition)) {
-        table.AddDefinition(std::move(definition));
+        table.AddDefinition(definition);
     }
 }
 

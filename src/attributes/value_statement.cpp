@@ -101,7 +101,7 @@ void ParseValueStatement(AttributeTable& table, const std::vector<std::string_vi
         value.signalName = tokens[4];
     }
     if (definition->SetValueFromText(value.content, tokens[ValueAt(definition->objectKind)])) {
-        table.AddValue(std::move(value));
+        table.AddValue(value);
     }
 }
 

@@ -26,8 +26,7 @@ void CANSignal::Reset() {
     minimum = 0;
     maximum = 0;
     receivers.clear();
-    enums.clear();
-    enumPlace.reset();
+    enums.Clear();
     startValue = 0;
     inactiveValue = 0;
     rawName.clear();
@@ -44,15 +43,6 @@ std::string CANSignal::ReceiverList() const {
         list.append(list.empty() ? "" : ",").append(receiver);
     }
     return list;
-}
-
-void CANSignal::DescribeValue(std::int32_t value, std::string_view text) {
-    const auto [entry, isNew] = enums.try_emplace(value, text);
-    if (isNew) {
-        enumPlace.reset();
-    } else {
-        entry->second.append(" - ").append(text);
-    }
 }
 
 }  // namespace vexil

@@ -6,13 +6,11 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
+#include "frame/value_descriptions.h"
 #include "text/constants.h"
 #include "vexil64.h"
 
@@ -43,13 +41,13 @@ class CANSignal {
     double offset = 0;
     double minimum = 0;
     double maximum = 0;
-    std::vector<std::string> receivers;         // receiving nodes, identifier form
-    std::map<std::int32_t, std::string> enums;  // value descriptions
-    std::int32_t startValue = 0;                // GenSigStartValue
-    std::int32_t inactiveValue = 0;             // GenSigInactiveValue
-    std::string rawName;                        // name as it stands in the file
-    bool hasNameSuffix = false;                 // name ends in a number that made it unique
-    std::vector<std::uint32_t> stepErrors;      // Step constants of a failed parse, at most one
+    std::vector<std::string> receivers;  // receiving nodes, identifier form
+    ValueDescriptions enums;
+    std::int32_t startValue = 0;            // GenSigStartValue
+    std::int32_t inactiveValue = 0;         // GenSigInactiveValue
+    std::string rawName;                    // name as it stands in the file
+    bool hasNameSuffix = false;             // name ends in a number that made it unique
+    std::vector<std::uint32_t> stepErrors;  // Step constants of a failed parse, at most one
 
     // Gives every member but stepErrors its default, so that the cause of a failure survives.
     void Reset();
@@ -73,13 +71,6 @@ class CANSignal {
     // Adds a value description; a value described already keeps both texts. False with nothing
     // changed when the text is not valid UTF-8. REQUIRES: record is not null.
     bool AddEnum(const CanEnumRecord* record);
-
-    // Adds a value description; behind an earlier one of the same value with " - " between them.
-    void DescribeValue(std::int32_t value, std::string_view text);
-
-    // The value description at a position of enums. REQUIRES: there are more than index. A walk in
-    // either direction costs one step a call.
-    const std::pair<const std::int32_t, std::string>& EnumAt(std::size_t index) const;
 
     // -- Reading --
 
@@ -112,13 +103,6 @@ class CANSignal {
     bool AddUniqueSuffix(std::uint32_t index);
 
   private:
-    // The last place that EnumAt went to; it holds until enums gets a new value.
-    struct EnumPlace {
-        std::size_t index = 0;
-        std::map<std::int32_t, std::string>::const_iterator entry;
-    };
-    mutable std::optional<EnumPlace> enumPlace;
-
     // The steps of Parse. Each starts at from and sets next to the position behind what it took; a
     // step finds its separators by searching onward, wherever they stand.
     bool ParseNameAndMultiplex(std::string_view text, Position from, Position& next);

@@ -69,7 +69,7 @@ bool CANSignal::CopyToRecord(CanSignalRecord* record) const {
     record->offset = offset;
     record->minimum = minimum;
     record->maximum = maximum;
-    record->enumCount = static_cast<std::uint32_t>(enums.size());
+    record->enumCount = static_cast<std::uint32_t>(enums.Sorted().size());
     record->startValue = startValue;
     record->inactiveValue = inactiveValue;
     return !isEmpty;
@@ -92,21 +92,8 @@ bool CANSignal::AddEnum(const CanEnumRecord* record) {
     if (!CopyTextIn(text, record->text)) {
         return false;
     }
-    DescribeValue(record->value, text);
+    enums.Add(record->value, text);
     return true;
-}
-
-const std::pair<const std::int32_t, std::string>& CANSignal::EnumAt(std::size_t index) const {
-    if (!enumPlace) {
-        enumPlace = {0, enums.begin()};
-    }
-    for (; enumPlace->index < index; ++enumPlace->index) {
-        ++enumPlace->entry;
-    }
-    for (; enumPlace->index > index; --enumPlace->index) {
-        --enumPlace->entry;
-    }
-    return *enumPlace->entry;
 }
 
 }  // namespace vexil

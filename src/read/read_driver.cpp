@@ -6,40 +6,43 @@
 #include "frame/can_database.h"
 #include "read/attribute_fold.h"
 #include "read/handlers.h"
-#include "text/keywords.h"
+#include "text/char_class.h"
+#include "text/constants.h"
 #include "text/statement_file.h"
 
 namespace vexil {
 namespace {
 
-// Whether the statement behind this one may be a signal of the last message. Every statement of
-// another kind ends the signals of a message, so those behind it are dropped without a record.
-bool HandleModelStatement(std::string_view statement, std::uint32_t line, bool signalOwnerOpen) {
-    Position end = 0;
-    if (MatchKeyword(statement, keyword::BO_, end, 0)) {
+// Hands the statement to the handler of its kind. A kind without a handler is dropped, and so is
+// what a handler cannot use. Returns whether an SG_ statement right behind belongs to the last
+// message: Kept on purpose: a statement of any other kind ends the signals of a message, and those
+// behind it are dropped without a record.
+bool HandleStatement(std::string_view statement, std::uint32_t line, bool signalOwnerOpen) {
+    const std::string_view kind = statement.substr(0, FindSpace(statement, 0));
+    if (kind == keyword::BO_) {
         return HandleMessageStatement(statement, line);
     }
-    return signalOwnerOpen && MatchKeyword(statement, keyword::SG_, end, 0) &&
-           HandleSignalStatement(statement, line);
-}
-
-// Offers the statement to the handlers of what refines the model, until one claims it.
-void HandleRefinement(std::string_view statement) {
-    if (HandleMessageComment(statement) || HandleSignalComment(statement) ||
-        HandleValueType(statement) || HandleValueDescriptions(statement)) {
-        return;
+    if (kind == keyword::SG_) {
+        return signalOwnerOpen && HandleSignalStatement(statement, line);
     }
-    if (IsAttributeStatement(statement)) {
+    if (kind == keyword::CM_) {
+        if (!HandleMessageComment(statement)) {
+            HandleSignalComment(statement);
+        }
+    } else if (kind == keyword::SIG_VALTYPE_) {
+        HandleValueType(statement);
+    } else if (kind == keyword::VAL_) {
+        HandleValueDescriptions(statement);
+    } else if (IsAttributeStatement(statement)) {
         ParseAttributeStatement(database.attributes, statement);
     }
+    return false;
 }
 
 void ReadStatements(StatementFile& file) {
     bool signalOwnerOpen = false;
     while (file.NextStatement()) {
-        signalOwnerOpen =
-            HandleModelStatement(file.statement, file.lineNumber - 1, signalOwnerOpen);
-        HandleRefinement(file.statement);
+        signalOwnerOpen = HandleStatement(file.statement, file.lineNumber - 1, signalOwnerOpen);
     }
 }
 

@@ -18,6 +18,8 @@
 namespace vexil {
 namespace {
 
+constexpr std::size_t OrdinaryReceiverCount = 8;
+
 // Reads "open first middle second close", the numbers of a pair wherever their separators stand.
 // next: the position behind close; left alone after false.
 bool ParseNumberPair(std::string_view text, Position from, std::string_view separators,
@@ -160,6 +162,8 @@ bool CANSignal::ParseUnit(std::string_view text, Position from, Position& next) 
 
 void CANSignal::ParseReceivers(std::string_view list) {
     receivers.clear();
+    const auto commas = static_cast<std::size_t>(std::count(list.begin(), list.end(), ','));
+    receivers.reserve(list.empty() ? 0 : std::min(commas + 1, OrdinaryReceiverCount));
     while (!list.empty()) {
         const std::size_t comma = std::min(list.find(','), list.size());
         std::string receiver = IdentifierForm(Trimmed(list.substr(0, comma)));

@@ -53,13 +53,13 @@ void ApplyValueType(CANSignal& signal, std::uint32_t number) {
     }
 }
 
-using ValueDescriptions = std::vector<std::pair<std::int32_t, std::string_view>>;
+using DescriptionPairs = std::vector<std::pair<std::int32_t, std::string_view>>;
 
 // What stands behind the name of a VAL_ statement: pairs of a number and a quoted text. Kept on
 // purpose: a head that is no number does not end the statement. Its opening quote is where the
 // search goes on, so that the pairs shift by one quote for the rest.
-ValueDescriptions ParseValueDescriptions(std::string_view text, Position from) {
-    ValueDescriptions descriptions;
+DescriptionPairs ParseValueDescriptions(std::string_view text, Position from) {
+    DescriptionPairs descriptions;
     Position pos = from - 1;
     while (pos < text.size()) {
         std::int32_t value = 0;
@@ -104,9 +104,10 @@ bool HandleValueType(std::string_view text) {
 
 bool HandleValueDescriptions(std::string_view text) {
     return OfferToSignals(text, keyword::VAL_, ParseValueDescriptions,
-                          [](CANSignal& signal, const ValueDescriptions& descriptions) {
+                          [](CANSignal& signal, const DescriptionPairs& descriptions) {
+                              signal.enums.Reserve(descriptions.size());
                               for (const auto& [value, description] : descriptions) {
-                                  signal.DescribeValue(value, description);
+                                  signal.enums.Add(value, description);
                               }
                           });
 }

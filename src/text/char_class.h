@@ -3,13 +3,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <string_view>
 
 #include "text/constants.h"
 
 namespace vexil {
 
-// These two are asked of every byte of a file: "|" where "||" would make a branch.
+// These two are asked of every byte of a line at once: "|" where "||" would make a branch.
 constexpr bool IsSpace(char ch) noexcept {
     return (ch == ' ') | (static_cast<unsigned char>(ch - '\t') < 5);
 }
@@ -26,10 +27,19 @@ constexpr bool IsAlnum(char ch) noexcept {
     return IsDigit(ch) || (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z');
 }
 
+// Of each byte, whether it is white space: the searches below ask it of every byte of a file.
+inline constexpr std::array<bool, 256> spaceTable = [] {
+    std::array<bool, 256> table{};
+    for (const char ch : Whitespace) {
+        table[static_cast<unsigned char>(ch)] = true;
+    }
+    return table;
+}();
+
 // The first white space at or behind from, or npos.
 constexpr Position FindSpace(std::string_view text, Position from) noexcept {
     for (Position at = from; at < text.size(); ++at) {
-        if (IsSpace(text[at])) {
+        if (spaceTable[static_cast<unsigned char>(text[at])]) {
             return at;
         }
     }
@@ -39,7 +49,7 @@ constexpr Position FindSpace(std::string_view text, Position from) noexcept {
 // The first character at or behind from that is no white space, or npos.
 constexpr Position FindNonSpace(std::string_view text, Position from) noexcept {
     for (Position at = from; at < text.size(); ++at) {
-        if (!IsSpace(text[at])) {
+        if (!spaceTable[static_cast<unsigned char>(text[at])]) {
             return at;
         }
     }

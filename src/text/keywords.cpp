@@ -59,7 +59,7 @@ const std::array<KeywordRow, KeywordCount>& KeywordTable() {
 
 std::size_t KeywordRowOf(std::string_view token) {
     // Most tokens of a file are no keywords, and most of those fail here.
-    if (token.empty() || !keywordLetters.first[static_cast<unsigned char>(token.front())] ||
+    if (!keywordLetters.first[static_cast<unsigned char>(token.front())] ||
         !keywordLetters.last[static_cast<unsigned char>(token.back())]) {
         return KeywordCount;
     }

@@ -21,7 +21,8 @@ inline constexpr std::size_t KeywordCount = 35;
 // BA_DEF_DEF_ comes from SymbolList and needs no semicolon, although BA_DEF_ does.
 const std::array<KeywordRow, KeywordCount>& KeywordTable();
 
-// The row of the token in the table; KeywordCount when it is no keyword.
+// The row of the token in the table; KeywordCount when it is no keyword. REQUIRES: token is not
+// empty.
 std::size_t KeywordRowOf(std::string_view token);
 
 // Whether the next token of text at or behind from is keyword, with white space behind it; the end

@@ -1,10 +1,10 @@
 // The lenient number conversions, declared in lexical.h.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <charconv>
 #include <clocale>
-#include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <string>
@@ -68,29 +68,37 @@ bool TryParseAnyDouble(std::string_view text, double& value) {
     return true;
 }
 
-// The numbers of an ordinary file, at a third of the time: decimal, with white space or nothing
-// behind. True only where strtod gives the same; the value is left alone otherwise. What overflows
-// or may underflow, all signs but a minus, all words and all hexadecimal numbers are left to
-// strtod.
+// The numbers of an ordinary file, at a tenth of the time: decimals of at most fifteen digits, with
+// white space or nothing behind. Their digits as an integer and the power of ten are exact doubles,
+// so that one division gives the nearest double, as strtod does. Returns false with value left
+// alone for all else, which is left to strtod: other signs than a minus, exponents, words,
+// hexadecimal numbers.
 bool TryParsePlainDouble(std::string_view text, double& value) {
-    text.remove_prefix(std::min<std::size_t>(FindNonSpace(text, 0), text.size()));
-    const std::size_t sign = text.starts_with('-') ? 1 : 0;
-    if (text.size() == sign || !IsDigit(text[sign])) {
+    constexpr std::array<double, 16> PowersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                    1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    std::size_t at = std::min<std::size_t>(FindNonSpace(text, 0), text.size());
+    const bool isNegative = at < text.size() && text[at] == '-';
+    at += isNegative ? 1 : 0;
+    std::int64_t digits = 0;
+    std::size_t digitCount = 0;
+    std::size_t decimals = 0;
+    bool hasPoint = false;
+    for (; at < text.size() && !IsSpace(text[at]); ++at) {
+        if (text[at] == '.' && !hasPoint && digitCount != 0) {
+            hasPoint = true;
+        } else if (IsDigit(text[at]) && digitCount < PowersOfTen.size() - 1) {
+            digits = digits * 10 + (text[at] - '0');
+            ++digitCount;
+            decimals += hasPoint ? 1 : 0;
+        } else {
+            return false;
+        }
+    }
+    if (digitCount == 0 || (hasPoint && !IsPointFullStop())) {
         return false;
     }
-    const char* const end = text.data() + text.size();
-    double number = 0;
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    const double magnitude = std::abs(number);
-    const bool isInRange = magnitude > std::numeric_limits<double>::min() ||
-                           (number == 0 && stop == text.data() + sign + 1);
-    if (error != std::errc() || !isInRange || (stop != end && !IsSpace(*stop))) {
-        return false;
-    }
-    if (text.find('.') != std::string_view::npos && !IsPointFullStop()) {
-        return false;
-    }
-    value = number;
+    const double magnitude = static_cast<double>(digits) / PowersOfTen[decimals];
+    value = isNegative ? -magnitude : magnitude;
     return true;
 }
 

@@ -14,21 +14,19 @@ namespace {
 
 constexpr std::size_t BufferReserve = 4096;  // ordinary statements assemble without reallocation
 
-// Whether the character goes: a control character that is no white space. Without a branch, so that
-// the compiler makes the loop over a line wide.
 constexpr bool IsRemoved(char ch) {
     return IsControl(ch) & !IsSpace(ch);
 }
 
-// Takes out the control characters that are no white space. Most lines have none.
-void RemoveControlChars(std::string& text) {
+// Whether the line is ASCII without control characters but white space, as most lines are. Without
+// a branch in the loop, so that the compiler makes it wide.
+bool IsPlain(std::string_view text) {
     unsigned char found = 0;
     for (const char ch : text) {
-        found |= static_cast<unsigned char>(IsRemoved(ch));
+        found |= static_cast<unsigned char>((static_cast<unsigned char>(ch) & 0x80) |
+                                            static_cast<unsigned char>(IsRemoved(ch)));
     }
-    if (found != 0) {
-        std::erase_if(text, IsRemoved);
-    }
+    return found == 0;
 }
 
 }  // namespace
@@ -78,8 +76,10 @@ bool StatementFile::ReadLine() {
         return false;
     }
     ++lineNumber;
-    ReplaceInvalidUtf8(line);
-    RemoveControlChars(line);
+    if (!IsPlain(line)) {
+        ReplaceInvalidUtf8(line);
+        std::erase_if(line, IsRemoved);
+    }
     buffer += line;
     buffer += '\n';
     return true;

@@ -84,9 +84,6 @@ bool CopyUtf8Text(std::string& out, const char* buffer, std::uint64_t bufferSize
 }
 
 void ReplaceInvalidUtf8(std::string& line) {
-    if (IsAscii(line)) {
-        return;
-    }
     auto at = utf8::find_invalid(line.begin(), line.end());
     while (at != line.end()) {
         *at = '_';

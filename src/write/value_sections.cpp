@@ -19,7 +19,7 @@ bool IsFloat(const CANSignal& signal) {
 }
 
 bool HasValueDescription(const CANSignal& signal) {
-    return !signal.enums.empty() && !IsFloat(signal);
+    return !signal.enums.IsEmpty() && !IsFloat(signal);
 }
 
 // keyword id name
@@ -58,7 +58,7 @@ std::string CANSignal::FormatValueDescription(std::uint32_t messageId) const {
         return {};
     }
     std::string line = LineHead(keyword::VAL_, messageId, name);
-    for (const auto& [value, text] : enums) {
+    for (const auto& [value, text] : enums.Sorted()) {
         line.append(" ").append(std::to_string(value)).append(" \"").append(text).append("\"");
     }
     return line.append(";");
