@@ -2,13 +2,31 @@
 // signal_steps.cpp; the lines are written by write/message_section.cpp.
 // SPDX-License-Identifier: MIT
 #include <memory>
+#include <string>
 
 #include "frame/can_database.h"
 #include "frame/parse_errors.h"
 #include "read/handlers.h"
 #include "text/keywords.h"
+#include "text/utf8_text.h"
 
 namespace vexil {
+namespace {
+
+// Where no quotes hold a unit, the receivers may begin inside a character. What is left of it
+// counts as invalid bytes of a file do, as one "_" each.
+void ParseReceiversAt(CANSignal& signal, std::string_view list) {
+    const bool beginsInsideCharacter = (static_cast<unsigned char>(list.front()) & 0xC0) == 0x80;
+    if (!beginsInsideCharacter) {
+        signal.ParseReceivers(list);
+        return;
+    }
+    std::string repaired(list);
+    ReplaceInvalidUtf8(repaired);
+    signal.ParseReceivers(repaired);
+}
+
+}  // namespace
 
 bool HandleSignalStatement(std::string_view text, std::uint32_t line) {
     auto signal = std::make_shared<CANSignal>();
@@ -42,7 +60,7 @@ bool CANSignal::Parse(std::string_view text) {
     }
     ParseUnit(text, pos, pos);
     if (pos < text.size()) {
-        ParseReceivers(text.substr(pos));
+        ParseReceiversAt(*this, text.substr(pos));
     }
     isEmpty = false;
     return true;

