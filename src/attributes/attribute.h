@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <limits>
 #include <string>
@@ -15,17 +14,6 @@ namespace vexil {
 enum class AttributeObjectKind : std::uint32_t { Gen = 0, Msg = 1, Sig = 2 };
 
 enum class AttributeValueType : std::uint32_t { Unsup = 0, Int = 1, Enum = 2, Str = 3 };
-
-// The identity of an attribute and of its owner. The texts are views and belong to whoever made it.
-struct AttributeKey {
-    // The owner comes first, since it tells most keys apart.
-    std::uint32_t messageId = 0;  // of the owner, for Msg and Sig
-    AttributeObjectKind objectKind = AttributeObjectKind::Gen;
-    std::string_view name = {};        // without quotes, case-sensitive
-    std::string_view signalName = {};  // of the owner, for Sig: its identifier
-
-    auto operator<=>(const AttributeKey&) const = default;
-};
 
 // A value or a default. The type of the attribute tells which member counts. The text is a view;
 // what stands in a table belongs to the table.

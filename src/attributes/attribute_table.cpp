@@ -4,34 +4,43 @@
 
 #include <algorithm>
 
+#include "text/keyed_hash.h"
+
 namespace vexil {
 
-AttributeTable::ValueIdentity::ValueIdentity(const AttributeValue& value)
-    : key{.messageId = value.messageId,
-          .objectKind = value.definition->objectKind,
-          .name = value.definition->name,
-          .signalName = value.signalName},
-      type(value.definition->valueType) {}
+std::size_t AttributeTable::ValueHash::operator()(const AttributeValue& value) const {
+    return KeyedHash(value.messageId, value.signalName);
+}
 
-const Attribute* AttributeTable::FindDefinition(const AttributeKey& key,
+bool AttributeTable::ValueEqual::operator()(const AttributeValue& a,
+                                            const AttributeValue& b) const noexcept {
+    return a.messageId == b.messageId && a.definition == b.definition &&
+           a.signalName == b.signalName;
+}
+
+const Attribute* AttributeTable::FindDefinition(std::string_view name, AttributeObjectKind kind,
                                                 AttributeValueType type) const {
     const auto entry =
         std::find_if(definitions.begin(), definitions.end(), [&](const Attribute& definition) {
-            return definition.objectKind == key.objectKind && definition.valueType == type &&
-                   definition.name == key.name;
+            return definition.objectKind == kind && definition.valueType == type &&
+                   definition.name == name;
         });
     return entry == definitions.end() ? nullptr : &*entry;
 }
 
-const AttributeValue* AttributeTable::FindValue(const AttributeKey& key,
-                                                AttributeValueType type) const {
-    const auto entry = valueIndex.find(ValueIdentity(key, type));
+const AttributeValue* AttributeTable::FindValue(const Attribute& definition,
+                                                std::uint32_t messageId,
+                                                std::string_view signalName) const {
+    AttributeValue wanted;
+    wanted.definition = &definition;
+    wanted.messageId = messageId;
+    wanted.signalName = signalName;
+    const auto entry = valueIndex.find(wanted);
     return entry == valueIndex.end() ? nullptr : &*entry;
 }
 
 void AttributeTable::AddDefinition(const Attribute& definition) {
-    const AttributeKey key{.objectKind = definition.objectKind, .name = definition.name};
-    if (FindDefinition(key, definition.valueType) != nullptr) {
+    if (FindDefinition(definition.name, definition.objectKind, definition.valueType) != nullptr) {
         return;
     }
     Attribute& stored = definitions.emplace_back(definition);
@@ -39,14 +48,13 @@ void AttributeTable::AddDefinition(const Attribute& definition) {
 }
 
 void AttributeTable::AddValue(const AttributeValue& value) {
-    const auto place = valueIndex.lower_bound(value);
-    if (place != valueIndex.end() && ValueIdentity(*place) == ValueIdentity(value)) {
-        return;
-    }
     AttributeValue stored = value;
     stored.signalName = Keep(value.signalName);
     stored.content.stringValue = Keep(value.content.stringValue);
-    values.push_back(&*valueIndex.insert(place, stored));
+    const auto [entry, isNew] = valueIndex.insert(stored);
+    if (isNew) {
+        values.push_back(&*entry);
+    }
 }
 
 void AttributeTable::SetDefault(Attribute& definition, std::string_view token) {
@@ -66,7 +74,8 @@ bool AttributeTable::IsUnrecognised(std::string_view name) const {
 void AttributeTable::ClearEntries() {
     definitions.clear();
     values.clear();
-    valueIndex.clear();
+    // Swapped for a new one, since a table that is only cleared keeps its buckets in the memory.
+    decltype(valueIndex)(&memory).swap(valueIndex);
     memory.release();
 }
 

@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <memory_resource>
-#include <set>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "attributes/attribute.h"
@@ -23,13 +25,15 @@ class AttributeTable {
     // The names that may enter the table; empty when every name may.
     std::vector<std::string> reservedAttributeNames;
 
-    // Returns the definition of the name, kind and type, owned by the table, or null. The owner in
-    // the key plays no part. The search walks the definitions: with the reserved names alone there
-    // are few.
-    const Attribute* FindDefinition(const AttributeKey& key, AttributeValueType type) const;
+    // Returns the definition of the name, kind and type, owned by the table, or null. The search
+    // walks the definitions: with the reserved names alone there are few.
+    const Attribute* FindDefinition(std::string_view name, AttributeObjectKind kind,
+                                    AttributeValueType type) const;
 
-    // Returns the value of the name, owner and type, owned by the table, or null.
-    const AttributeValue* FindValue(const AttributeKey& key, AttributeValueType type) const;
+    // Returns the value that an owner has of a definition of this table, owned by the table, or
+    // null. A message has no signalName, and the network no messageId either: 0.
+    const AttributeValue* FindValue(const Attribute& definition, std::uint32_t messageId,
+                                    std::string_view signalName) const;
 
     // Store an entry with copies of its texts. The first definition of a name, kind and type and
     // the first value of an owner stay; later ones are forgotten.
@@ -46,22 +50,14 @@ class AttributeTable {
     void ClearEntries();
 
   private:
-    struct ValueIdentity {
-        ValueIdentity(const AttributeKey& attributeKey, AttributeValueType valueType)
-            : key(attributeKey), type(valueType) {}
-        explicit ValueIdentity(const AttributeValue& value);
-        auto operator<=>(const ValueIdentity&) const = default;
-
-        AttributeKey key;
-        AttributeValueType type;
+    // A value as a table knows it: by its definition, which tells name, kind and type, and its
+    // owner.
+    struct ValueHash {
+        // Without noexcept, which keeps the hash beside each value: the table asks for it often.
+        std::size_t operator()(const AttributeValue& value) const;
     };
-
-    struct IdentityLess {
-        using is_transparent = void;
-        template <typename A, typename B>
-        bool operator()(const A& a, const B& b) const {
-            return ValueIdentity(a) < ValueIdentity(b);
-        }
+    struct ValueEqual {
+        bool operator()(const AttributeValue& a, const AttributeValue& b) const noexcept;
     };
 
     // Returns a copy of the text that lives until ClearEntries.
@@ -70,8 +66,7 @@ class AttributeTable {
     // What lives until ClearEntries: one allocation for many entries, and none to give back singly.
     std::pmr::monotonic_buffer_resource memory;
 
-    // A tree, since an attacker who knows the hash of a table can make it slow.
-    std::pmr::set<AttributeValue, IdentityLess> valueIndex{&memory};
+    std::pmr::unordered_set<AttributeValue, ValueHash, ValueEqual> valueIndex{&memory};
 };
 
 }  // namespace vexil

@@ -26,30 +26,27 @@ const AttributeContent& ContentOf(const AttributeValue* value, const Attribute& 
 // null where the message has none.
 template <typename Fold>
 void ForEachMessage(std::string_view name, AttributeValueType type, Fold fold) {
-    AttributeKey key{.objectKind = AttributeObjectKind::Msg, .name = name};
-    const Attribute* definition = database.attributes.FindDefinition(key, type);
+    const AttributeTable& table = database.attributes;
+    const Attribute* definition = table.FindDefinition(name, AttributeObjectKind::Msg, type);
     if (definition == nullptr) {
         return;
     }
     for (const auto& message : database.messages) {
-        key.messageId = message->id;
-        fold(*message, *definition, database.attributes.FindValue(key, type));
+        fold(*message, *definition, table.FindValue(*definition, message->id, {}));
     }
 }
 
 // The same for each signal of each message. A signal is known by its identifier.
 template <typename Fold>
 void ForEachSignal(std::string_view name, AttributeValueType type, Fold fold) {
-    AttributeKey key{.objectKind = AttributeObjectKind::Sig, .name = name};
-    const Attribute* definition = database.attributes.FindDefinition(key, type);
+    const AttributeTable& table = database.attributes;
+    const Attribute* definition = table.FindDefinition(name, AttributeObjectKind::Sig, type);
     if (definition == nullptr) {
         return;
     }
     for (const auto& message : database.messages) {
-        key.messageId = message->id;
         for (const auto& signal : message->signals) {
-            key.signalName = signal->name;
-            fold(*signal, *definition, database.attributes.FindValue(key, type));
+            fold(*signal, *definition, table.FindValue(*definition, message->id, signal->name));
         }
     }
 }
@@ -57,11 +54,10 @@ void ForEachSignal(std::string_view name, AttributeValueType type, Fold fold) {
 // What the network has of the attribute, or null when it is not defined: a value needs a
 // definition.
 const AttributeContent* NetworkContent(std::string_view name, AttributeValueType type) {
-    const AttributeKey key{.name = name};
-    const Attribute* definition = database.attributes.FindDefinition(key, type);
-    return definition == nullptr
-               ? nullptr
-               : &ContentOf(database.attributes.FindValue(key, type), *definition);
+    const AttributeTable& table = database.attributes;
+    const Attribute* definition = table.FindDefinition(name, AttributeObjectKind::Gen, type);
+    return definition == nullptr ? nullptr
+                                 : &ContentOf(table.FindValue(*definition, 0, {}), *definition);
 }
 
 void FoldBusType() {

@@ -53,6 +53,8 @@ void ApplyValueType(CANSignal& signal, std::uint32_t number) {
     }
 }
 
+constexpr std::size_t OrdinaryPairCount = 16;
+
 using DescriptionPairs = std::vector<std::pair<std::int32_t, std::string_view>>;
 
 // What stands behind the name of a VAL_ statement: pairs of a number and a quoted text. Kept on
@@ -60,6 +62,7 @@ using DescriptionPairs = std::vector<std::pair<std::int32_t, std::string_view>>;
 // search goes on, so that the pairs shift by one quote for the rest.
 DescriptionPairs ParseValueDescriptions(std::string_view text, Position from) {
     DescriptionPairs descriptions;
+    descriptions.reserve(OrdinaryPairCount);
     Position pos = from - 1;
     while (pos < text.size()) {
         std::int32_t value = 0;
@@ -115,11 +118,13 @@ bool HandleValueDescriptions(std::string_view text) {
 bool CANSignal::MatchSignalName(std::string_view text, Position from, Position& end) const {
     end = npos;
     const Position start = FindNonSpace(text, from);
-    if (start == npos || text.compare(start, rawName.size(), rawName) != 0) {
+    if (start == npos) {
         return false;
     }
+    // The white space first: it tells most names apart without a look at them.
     const Position behind = start + rawName.size();
-    if (behind >= text.size() || !IsSpace(text[behind])) {
+    if (behind >= text.size() || !IsSpace(text[behind]) ||
+        text.compare(start, rawName.size(), rawName) != 0) {
         return false;
     }
     end = behind;

@@ -34,22 +34,9 @@ constexpr std::array<KeywordRow, KeywordCount> MakeKeywordTable() {
 
 constexpr std::array<KeywordRow, KeywordCount> keywordTable = MakeKeywordTable();
 
-// Whether any keyword begins and whether any ends with a character.
-struct KeywordLetters {
-    std::array<bool, 256> first{};
-    std::array<bool, 256> last{};
-};
-
-constexpr KeywordLetters MakeKeywordLetters() {
-    KeywordLetters letters;
-    for (const KeywordRow& row : keywordTable) {
-        letters.first[static_cast<unsigned char>(row.keyword.front())] = true;
-        letters.last[static_cast<unsigned char>(row.keyword.back())] = true;
-    }
-    return letters;
-}
-
-constexpr KeywordLetters keywordLetters = MakeKeywordLetters();
+static_assert(std::all_of(keywordTable.begin(), keywordTable.end(), [](const KeywordRow& row) {
+    return BeginsKeyword(row.keyword.front());
+}));
 
 }  // namespace
 
@@ -58,11 +45,6 @@ const std::array<KeywordRow, KeywordCount>& KeywordTable() {
 }
 
 std::size_t KeywordRowOf(std::string_view token) {
-    // Most tokens of a file are no keywords, and most of those fail here.
-    if (!keywordLetters.first[static_cast<unsigned char>(token.front())] ||
-        !keywordLetters.last[static_cast<unsigned char>(token.back())]) {
-        return KeywordCount;
-    }
     const auto* row = std::find_if(keywordTable.begin(), keywordTable.end(),
                                    [token](const KeywordRow& r) { return r.keyword == token; });
     return static_cast<std::size_t>(row - keywordTable.begin());

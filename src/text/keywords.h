@@ -21,8 +21,23 @@ inline constexpr std::size_t KeywordCount = 35;
 // BA_DEF_DEF_ comes from SymbolList and needs no semicolon, although BA_DEF_ does.
 const std::array<KeywordRow, KeywordCount>& KeywordTable();
 
-// The row of the token in the table; KeywordCount when it is no keyword. REQUIRES: token is not
-// empty.
+// Whether a keyword begins with the character: a quick look before the search in the table.
+constexpr bool BeginsKeyword(char ch) {
+    switch (ch) {
+        case 'B':
+        case 'C':
+        case 'E':
+        case 'F':
+        case 'N':
+        case 'S':
+        case 'V':
+            return true;
+        default:
+            return false;
+    }
+}
+
+// The row of the token in the table; KeywordCount when it is no keyword.
 std::size_t KeywordRowOf(std::string_view token);
 
 // Whether the next token of text at or behind from is keyword, with white space behind it; the end

@@ -24,7 +24,9 @@ bool StatementFile::FindKeyword(Position from, std::size_t& index, Position& off
     while (start != npos) {
         // Every line of the buffer ends in a line feed, so every token in white space.
         const Position stop = FindSpace(text, start);
-        const std::size_t row = KeywordRowOf(text.substr(start, stop - start));
+        const std::size_t row = BeginsKeyword(text[start])
+                                    ? KeywordRowOf(text.substr(start, stop - start))
+                                    : KeywordCount;
         if (row != KeywordCount) {
             index = row;
             offset = start;
