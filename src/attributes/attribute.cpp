@@ -3,6 +3,7 @@
 #include "attributes/attribute.h"
 
 #include <algorithm>
+#include <numeric>
 
 #include "attributes/tokens.h"
 #include "text/lexical.h"
@@ -15,19 +16,15 @@ bool IsInside(std::int32_t index, const std::vector<std::string>& list) {
 }
 
 // By number, or else by text. Both may be right: a list may hold the text of a number.
-bool SetEnumIndex(std::int32_t& enumIndex, const std::vector<std::string>& texts,
-                  std::string_view token) {
+bool SetEnumIndex(const Attribute& attribute, std::int32_t& enumIndex, std::string_view token) {
     std::int32_t number = 0;
-    if (TryParseI32(token, number) && IsInside(number, texts)) {
+    if (TryParseI32(token, number) && IsInside(number, attribute.enumValues)) {
         enumIndex = number;
         return true;
     }
-    const auto entry = std::find(texts.begin(), texts.end(), QuotedContent(token));
-    if (entry == texts.end()) {
-        return false;
-    }
-    enumIndex = static_cast<std::int32_t>(entry - texts.begin());
-    return true;
+    const std::optional<std::int32_t> position = attribute.FindEnumText(QuotedContent(token));
+    enumIndex = position.value_or(enumIndex);
+    return position.has_value();
 }
 
 }  // namespace
@@ -43,7 +40,7 @@ bool Attribute::SetValueFromText(AttributeContent& content, std::string_view tok
             return true;
         }
         case AttributeValueType::Enum:
-            return SetEnumIndex(content.enumIndex, enumValues, token);
+            return SetEnumIndex(*this, content.enumIndex, token);
         case AttributeValueType::Str:
             content.stringValue = QuotedContent(token);
             return true;
@@ -51,6 +48,25 @@ bool Attribute::SetValueFromText(AttributeContent& content, std::string_view tok
             break;
     }
     return false;
+}
+
+std::optional<std::int32_t> Attribute::FindEnumText(std::string_view text) const {
+    const auto textAt = [this](std::int32_t position) -> std::string_view {
+        return enumValues[static_cast<std::size_t>(position)];
+    };
+    if (positionsByText.size() != enumValues.size()) {
+        positionsByText.resize(enumValues.size());
+        std::iota(positionsByText.begin(), positionsByText.end(), 0);
+        std::stable_sort(positionsByText.begin(), positionsByText.end(),
+                         [&](std::int32_t a, std::int32_t b) { return textAt(a) < textAt(b); });
+    }
+    const auto entry = std::lower_bound(
+        positionsByText.begin(), positionsByText.end(), text,
+        [&](std::int32_t position, std::string_view wanted) { return textAt(position) < wanted; });
+    if (entry == positionsByText.end() || textAt(*entry) != text) {
+        return std::nullopt;
+    }
+    return *entry;
 }
 
 const std::string* Attribute::EnumText(const AttributeContent& content) const {

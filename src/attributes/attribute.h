@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,8 +41,16 @@ struct Attribute {
     // changed.
     bool SetValueFromText(AttributeContent& content, std::string_view token) const;
 
+    // The position of the first of enumValues that is the text; nothing when there is none.
+    std::optional<std::int32_t> FindEnumText(std::string_view text) const;
+
     // The text that an Enum's content means, owned by enumValues, or null when there is none.
     const std::string* EnumText(const AttributeContent& content) const;
+
+  private:
+    // Positions in enumValues by text, for a list that many statements search. Made when first
+    // asked.
+    mutable std::vector<std::int32_t> positionsByText;
 };
 
 // The value that one owner has of an attribute. Definition and texts of one that stands in a table

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -78,15 +79,17 @@ class MessagesOfId {
         }
     }
 
-    // Calls visit(signal, end) for each signal that CANSignal::MatchSignalName finds in text at or
-    // behind from; end is the position behind its name.
+    // Calls visit(signals, end) with the signals of each name that stands in text at or behind
+    // from, as CANSignal::MatchSignalName finds it; end is the position behind the name. One name
+    // may come in several calls.
     template <typename Visit>
     void ForEachSignalAt(std::string_view text, Position from, Visit visit) {
         if (IsSmall()) {
             for (const auto& signal : messages.front()->signals) {
                 Position end = npos;
                 if (signal->MatchSignalName(text, from, end)) {
-                    visit(*signal, end);
+                    CANSignal* const match = signal.get();
+                    visit(std::span(&match, 1), end);
                 }
             }
             return;
@@ -97,8 +100,8 @@ class MessagesOfId {
         }
         UpdateIndex();
         index.FindAtStart(text.substr(start), [&](const auto& signals, std::size_t end) {
-            for (CANSignal* signal : signals) {
-                visit(*signal, start + end);
+            if (!signals.empty()) {
+                visit(std::span(signals), start + end);
             }
         });
     }

@@ -22,14 +22,12 @@ namespace {
 // A comment statement of a known message id, taken apart.
 struct CommentStatement {
     MessagesOfId* messages = nullptr;  // of the id; null when the statement is no such comment
-    std::string_view text;             // the whole statement
     std::string_view owner;            // what stands between the id and the first quote
-    Position next = npos;              // the position behind the first quote; npos without one
+    std::string_view text;             // empty when there are not two quotes
 };
 
 CommentStatement ParseCommentStatement(std::string_view text, std::string_view kindKeyword) {
     CommentStatement comment;
-    comment.text = text;
     Position pos = 0;
     std::uint32_t id = 0;
     if (!MatchKeyword(text, keyword::CM_, pos, 0) || !MatchKeyword(text, kindKeyword, pos, pos) ||
@@ -39,19 +37,19 @@ CommentStatement ParseCommentStatement(std::string_view text, std::string_view k
     comment.messages = FindMessages(id);
     Position quote = npos;
     comment.owner = Trimmed(TextUpToChar(text, pos, '"', quote));
-    comment.next = quote == npos ? npos : quote + 1;
+    const Position lastQuote = text.rfind('"');
+    if (quote < lastQuote && lastQuote != npos) {
+        comment.text = text.substr(quote + 1, lastQuote - quote - 1);
+    }
     return comment;
 }
 
-// Appends the comment to the field. Kept on purpose: a second comment lands behind the first, with
-// nothing between them. With one quote only there is nothing to append.
-void ApplyComment(std::string& commentField, const CommentStatement& comment) {
-    const Position lastQuote = comment.text.rfind('"');
-    if (lastQuote >= comment.next) {
-        const std::size_t seam = commentField.size();
-        commentField += comment.text.substr(comment.next, lastQuote - comment.next);
-        EscapeQuotes(commentField, seam);
-    }
+// Appends the text to the field. Kept on purpose: a second comment lands behind the first, with
+// nothing between them. The field is escaped up to the seam already.
+void ApplyComment(std::string& commentField, std::string_view text) {
+    const std::size_t seam = commentField.size();
+    commentField += text;
+    EscapeQuotes(commentField, seam);
 }
 
 }  // namespace
@@ -61,9 +59,10 @@ bool HandleMessageComment(std::string_view text) {
     if (comment.messages == nullptr) {
         return false;
     }
-    if (comment.next != npos && comment.owner.empty()) {
+    // A message has no owner name: nothing but white space may stand in front of the quote.
+    if (!comment.text.empty() && comment.owner.empty()) {
         for (const auto& message : comment.messages->Messages()) {
-            ApplyComment(message->comment, comment);
+            ApplyComment(message->comment, comment.text);
         }
     }
     return true;
@@ -74,9 +73,9 @@ bool HandleSignalComment(std::string_view text) {
     if (comment.messages == nullptr) {
         return false;
     }
-    if (comment.next != npos) {
+    if (!comment.text.empty()) {
         comment.messages->ForEachSignalNamed(comment.owner, [&comment](CANSignal& signal) {
-            ApplyComment(signal.comment, comment);
+            ApplyComment(signal.comment, comment.text);
         });
     }
     return true;

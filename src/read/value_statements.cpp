@@ -7,6 +7,7 @@
 // Both reach every signal of the name in every message of the id.
 // SPDX-License-Identifier: MIT
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -73,46 +74,47 @@ DescriptionPairs ParseValueDescriptions(std::string_view text, Position from) {
     return descriptions;
 }
 
-// Offers a statement to the signals that it names: apply(signal, parsed) for each, parsed being
-// what parse(text, end) makes of the text behind the name. Signals of one name share one parse.
-template <typename Parse, typename Apply>
-bool OfferToSignals(std::string_view text, std::string_view keyword, Parse parse, Apply apply) {
+using SignalSpan = std::span<CANSignal* const>;
+
+// Calls take(signals, from) with the signals of each name that the statement means; from is the
+// position behind the name. Returns false when the statement is none of the keyword and a known id.
+template <typename Take>
+bool OfferToSignals(std::string_view text, std::string_view keyword, Take take) {
     Position pos = 0;
     MessagesOfId* owners = FindOwners(text, keyword, pos);
     if (owners == nullptr) {
         return false;
     }
-    Position parsedFrom = npos;
-    decltype(parse(text, pos)) parsed{};
-    owners->ForEachSignalAt(text, pos, [&](CANSignal& signal, Position end) {
-        if (end != parsedFrom) {
-            parsed = parse(text, end);
-            parsedFrom = end;
-        }
-        apply(signal, parsed);
-    });
+    owners->ForEachSignalAt(text, pos, take);
     return true;
 }
 
 }  // namespace
 
 bool HandleValueType(std::string_view text) {
-    return OfferToSignals(text, keyword::SIG_VALTYPE_, ParseValueType,
-                          [](CANSignal& signal, const std::optional<std::uint32_t>& number) {
-                              if (number) {
-                                  ApplyValueType(signal, *number);
-                              }
-                          });
+    return OfferToSignals(text, keyword::SIG_VALTYPE_, [text](SignalSpan signals, Position from) {
+        const std::optional<std::uint32_t> number = ParseValueType(text, from);
+        if (number) {
+            for (CANSignal* signal : signals) {
+                ApplyValueType(*signal, *number);
+            }
+        }
+    });
 }
 
 bool HandleValueDescriptions(std::string_view text) {
-    return OfferToSignals(text, keyword::VAL_, ParseValueDescriptions,
-                          [](CANSignal& signal, const DescriptionPairs& descriptions) {
-                              signal.enums.Reserve(descriptions.size());
-                              for (const auto& [value, description] : descriptions) {
-                                  signal.enums.Add(value, description);
-                              }
-                          });
+    return OfferToSignals(text, keyword::VAL_, [text](SignalSpan signals, Position from) {
+        const DescriptionPairs descriptions = ParseValueDescriptions(text, from);
+        if (descriptions.empty()) {
+            return;
+        }
+        for (CANSignal* signal : signals) {
+            signal->enums.Reserve(descriptions.size());
+            for (const auto& [value, description] : descriptions) {
+                signal->enums.Add(value, description);
+            }
+        }
+    });
 }
 
 bool CANSignal::MatchSignalName(std::string_view text, Position from, Position& end) const {

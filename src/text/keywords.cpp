@@ -45,6 +45,11 @@ const std::array<KeywordRow, KeywordCount>& KeywordTable() {
 }
 
 std::size_t KeywordRowOf(std::string_view token) {
+    // Every keyword ends in one of these; most tokens do not.
+    const char last = token.back();
+    if (last != '_' && last != 'N' && last != 'R') {
+        return KeywordCount;
+    }
     const auto* row = std::find_if(keywordTable.begin(), keywordTable.end(),
                                    [token](const KeywordRow& r) { return r.keyword == token; });
     return static_cast<std::size_t>(row - keywordTable.begin());

@@ -15,6 +15,20 @@ bool IsIdentifierChar(char ch) {
     return IsAlnum(ch) || ch == '_';
 }
 
+// The first characters of a valid text, at most count: bytes up to the next that begins one.
+std::string_view FrontCharacters(std::string_view text, std::size_t count) {
+    const auto beginsCharacter = [](char ch) {
+        return (static_cast<unsigned char>(ch) & 0xC0) != 0x80;
+    };
+    std::size_t at = 0;
+    for (; at < text.size(); ++at) {
+        if (beginsCharacter(text[at]) && count-- == 0) {
+            break;
+        }
+    }
+    return text.substr(0, at);
+}
+
 // Whether the token is nothing but the number: as long as its digits, leading zeros aside. Kept on
 // purpose: a minus sign in front of nine digits passes, since the number it wraps around to has
 // ten.
@@ -79,10 +93,7 @@ bool IsValidCIdentifier(std::string_view text) {
 }
 
 std::string MakeCIdentifier(std::string_view text) {
-    std::string identifier = FoldToAscii(text);
-    if (identifier.size() > MaxIdentifierLength) {
-        identifier.resize(MaxIdentifierLength);
-    }
+    std::string identifier = FoldToAscii(FrontCharacters(text, MaxIdentifierLength));
     std::replace_if(
         identifier.begin(), identifier.end(), [](char ch) { return !IsIdentifierChar(ch); }, '_');
     if (!identifier.empty() && IsDigit(identifier.front())) {
