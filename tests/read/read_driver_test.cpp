@@ -1,0 +1,314 @@
+// Tests of the read driver: which handler sees which statement, when signals find their message,
+// and what a read leaves and returns.
+// SPDX-License-Identifier: MIT
+#include "read/read_driver.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "frame/can_database.h"
+#include "support/dump.h"
+#include "support/read_text.h"
+#include "text/keywords.h"
+
+namespace vexil {
+namespace {
+
+using test::Concat;
+using test::DumpDatabase;
+using test::DumpDatabaseOnOneLine;
+using test::GoodRead;
+using test::ReadPath;
+using test::ReadResult;
+using test::ReadText;
+
+class ReadDbcFile : public test::DatabaseTest {};
+
+TEST_F(ReadDbcFile, ReadsAFileWithoutStatementsAsAnEmptyDatabase) {
+    for (const std::string_view text : {"", "\n", "\n \n\t\n", "no keyword\n", "BO_1 x: 8\n"}) {
+        EXPECT_EQ(ReadText(text), GoodRead) << text;
+        EXPECT_EQ(DumpDatabase(), "") << text;
+    }
+}
+
+TEST_F(ReadDbcFile, HandlesTheStatementThatTheEndOfTheFileCuts) {
+    EXPECT_EQ(ReadText("BO_ 1 A: 8 N"), GoodRead);
+    EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N'\n");
+    EXPECT_EQ(ReadText("BO_ 1 A: 8 N\n SG_ S : 0|8@1+ (1,0) [0|1] \"\" N"), GoodRead);
+    EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N'\n  'S' 0|8@1+ (1,0) [0|1] '' N\n");
+    EXPECT_EQ(ReadText("BO_"), GoodRead);
+    EXPECT_EQ(DumpDatabase(), "error 0 @0 'BO_'\n");
+}
+
+TEST_F(ReadDbcFile, ReadsLinesThatEndInCarriageReturnAndLineFeed) {
+    EXPECT_EQ(ReadText("BO_ 1 A: 8 N\r\n SG_ S : 0|8@1+ (1,0) [0|1] \"\" N\r\n"
+                       "CM_ BO_ 1 \"a\r\nb\";\r\nVAL_ 1 S 0 \"off\" ;\r\n"),
+              GoodRead);
+    EXPECT_EQ(DumpDatabase(),
+              "1 'A' 8 'N' comment='a\\r\\nb'\n"
+              "  'S' 0|8@1+ (1,0) [0|1] '' N enums={0:'off'}\n");
+}
+
+// -- Opening
+// ---------------------------------------------------------------------------------------
+
+TEST_F(ReadDbcFile, ReturnsTheCodeOfAPathThatCannotBeOpened) {
+    const test::TempFolder folder;
+    const std::string missing = folder.File("missing.dbc");
+    const std::string invalid =
+        "a\xFF"
+        "bcd";
+    struct Row {
+        std::string path;
+        std::uint32_t size;
+        std::uint32_t code;
+    };
+    const std::vector<Row> rows = {
+        {missing, static_cast<std::uint32_t>(missing.size() + 1), StateOpenFailed},
+        {missing, 261, StatePathTooLong},
+        {missing, 0, StatePathEmpty},
+        {"", 1, StatePathEmpty},
+        {invalid, 6, StatePathInvalid},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.path);
+        ReadText("BO_ 1 A: 8 N\nBO_ x\n");
+        database.info = {ProtocolNmea, BusCanFd};
+        std::uint32_t code = 99;
+        EXPECT_FALSE(vexil::ReadDbcFile(row.path.c_str(), row.size, code));
+        EXPECT_EQ(code, row.code);
+        EXPECT_EQ(DumpDatabase(), "info 0/1\n");
+    }
+}
+
+TEST_F(ReadDbcFile, ReturnsAStreamErrorWhenReadingFails) {
+    const test::TempFolder folder;
+    EXPECT_EQ(ReadPath(folder.File("")), (ReadResult{false, StateStreamError}));
+    EXPECT_EQ(DumpDatabase(), "");
+}
+
+// -- Signals and their message
+// ---------------------------------------------------------------------
+
+// A signal behind the statement in hand tells whether that left the message open for signals.
+constexpr std::string_view Probe = " SG_ Probe : 0|8@1+ (1,0) [0|1] \"\" N\n";
+constexpr std::string_view ProbeLine = "  'Probe' 0|8@1+ (1,0) [0|1] '' N\n";
+constexpr std::string_view Open = "BO_ 1 A: 8 N\n";
+constexpr std::string_view Closed = "BO_ 1 A: 8 N\nBU_ :\n";
+
+TEST_F(ReadDbcFile, OpensAMessageWithEachGoodMessageStatement) {
+    for (const std::string_view before : {Open, Closed}) {
+        ReadText(Concat(before, "BO_ 2 B: 8 N\n", Probe));
+        EXPECT_EQ(DumpDatabase(), Concat("1 'A' 8 'N'\n2 'B' 8 'N'\n", ProbeLine)) << before;
+    }
+    ReadText(Concat("BO_ 2 B: 8 N\n", Probe));
+    EXPECT_EQ(DumpDatabase(), Concat("2 'B' 8 'N'\n", ProbeLine));
+}
+
+TEST_F(ReadDbcFile, ClosesTheMessageWithEachRefusedMessageStatement) {
+    for (const std::string_view before : {Open, Closed}) {
+        ReadText(Concat(before, "BO_ 2 B\n", Probe));
+        EXPECT_EQ(DumpDatabase(),
+                  Concat("1 'A' 8 'N'\nerror 1 @", before == Open ? "2" : "3", " 'BO_ 2 B\\n'\n"))
+            << before;
+    }
+}
+
+TEST_F(ReadDbcFile, KeepsTheMessageOpenBehindASignalThatParsed) {
+    ReadText(Concat(Open, "SG_ S : 0|8@1+ (1,0) [0|1] \"\" N\n", Probe));
+    EXPECT_EQ(DumpDatabase(), Concat("1 'A' 8 'N'\n  'S' 0|8@1+ (1,0) [0|1] '' N\n", ProbeLine));
+}
+
+TEST_F(ReadDbcFile, ClosesTheMessageBehindARefusedSignal) {
+    ReadText(Concat(Open, "SG_ S\n", Probe));
+    EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N'\nerror 3 @2 'SG_ S\\n'\n");
+}
+
+TEST_F(ReadDbcFile, DropsSignalsUnseenWhileNoMessageIsOpen) {
+    ReadText(Concat(Closed, "SG_ S : 0|8@1+ (1,0) [0|1] \"\" N\n", "SG_ bad\n", Probe));
+    EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N'\n");
+    ReadText(Concat("SG_ bad\n", Probe, Open));
+    EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N'\n");
+}
+
+TEST_F(ReadDbcFile, ClosesTheMessageWithAStatementOfAnyOtherKeyword) {
+    for (const KeywordRow& row : KeywordTable()) {
+        if (row.keyword == keyword::BO_ || row.keyword == keyword::SG_) {
+            continue;
+        }
+        for (const std::string_view before : {Open, Closed}) {
+            ReadText(Concat(before, row.keyword, " \"x\";\n", Probe));
+            EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N'\n") << before << row.keyword;
+        }
+    }
+}
+
+TEST_F(ReadDbcFile, KeepsAFullMessageOpenUntilTheNextStatementOfAnotherKind) {
+    std::string text(Open);
+    for (int number = 0; number < 10001; ++number) {
+        text += "SG_ S : 0|8@1+ (1,0) [0|1] \"\" N\n";
+    }
+    ReadText(Concat(text, "SG_ bad\n", Probe, "BO_ 2 B: 8 N\n", Probe));
+    ASSERT_EQ(database.messages.size(), 2U);
+    EXPECT_EQ(database.messages[0]->signals.size(), 10000U);
+    EXPECT_EQ(database.messages[1]->signals.size(), 1U);
+    ASSERT_EQ(database.parseErrors.size(), 1U);
+    EXPECT_EQ(database.parseErrors[0].line, 10003U);
+}
+
+TEST_F(ReadDbcFile, RecordsOneErrorForAMessageThatIsRefusedWithItsSignals) {
+    std::string text = "BO_ x A: 8 N\n";
+    for (int number = 0; number < 5; ++number) {
+        text += Probe;
+    }
+    EXPECT_EQ(ReadText(text), GoodRead);
+    EXPECT_EQ(DumpDatabase(), "error 0 @1 'BO_ x A: 8 N\\n'\n");
+}
+
+TEST_F(ReadDbcFile, LosesTheSignalsBehindARefusedOneAndGoesOnWithTheNextMessage) {
+    ReadText(
+        "BO_ 1 A: 8 N\n"
+        " SG_ S1 : 0|8@1+ (1,0) [0|1] \"\" N\n"
+        " SG_ S2 : 0|8@1+ (1,0) [0|1] \"\" N\n"
+        " SG_ S3 : 0|8@1+ (1,0) [0] \"\" N\n"
+        " SG_ S4 : 0|8@1+ (1,0) [0|1] \"\" N\n"
+        " SG_ S5 : 0|8@1+ (1,0) [0|1] \"\" N\n"
+        "BO_ 2 B: 8 N\n"
+        " SG_ S6 : 0|8@1+ (1,0) [0|1] \"\" N\n");
+    EXPECT_EQ(DumpDatabase(),
+              "1 'A' 8 'N'\n"
+              "  'S1' 0|8@1+ (1,0) [0|1] '' N\n"
+              "  'S2' 0|8@1+ (1,0) [0|1] '' N\n"
+              "2 'B' 8 'N'\n"
+              "  'S6' 0|8@1+ (1,0) [0|1] '' N\n"
+              "error 6 @4 'SG_ S3 : 0|8@1+ (1,0) [0] \"\" N\\n'\n");
+}
+
+// -- Handlers
+// --------------------------------------------------------------------------------------
+
+TEST_F(ReadDbcFile, GivesEachKindOfStatementToItsHandlerOrDropsIt) {
+    struct Row {
+        std::string_view statement;
+        std::string_view database;  // with message 1 and its signals S and F in front
+    };
+    const std::vector<Row> rows = {
+        {"CM_ BO_ 1 \"c\";",
+         "1 'A' 8 'N' comment='c' /   'S' 0|8@1+ (1,0) [0|1] '' N /   "
+         "'F' 8|32@1- (1,0) [0|1] '' N"},
+        {"CM_ SG_ 1 S \"c\";",
+         "1 'A' 8 'N' /   'S' 0|8@1+ (1,0) [0|1] '' N comment='c' /   "
+         "'F' 8|32@1- (1,0) [0|1] '' N"},
+        {"SIG_VALTYPE_ 1 F : 1;",
+         "1 'A' 8 'N' /   'S' 0|8@1+ (1,0) [0|1] '' N /   'F' 8|32@1f (1,0) [0|1] '' N"},
+        {"VAL_ 1 S 0 \"off\";",
+         "1 'A' 8 'N' /   'S' 0|8@1+ (1,0) [0|1] '' N enums={0:'off'} /   "
+         "'F' 8|32@1- (1,0) [0|1] '' N"},
+        {"BA_DEF_ \"BusType\" STRING;\nBA_DEF_DEF_ \"BusType\" \"CAN\";\nBA_ \"BusType\" \"CAN "
+         "FD\";",
+         "info 0/1 / 1 'A' 8 'N' /   'S' 0|8@1+ (1,0) [0|1] '' N /   "
+         "'F' 8|32@1- (1,0) [0|1] '' N"},
+    };
+    constexpr std::string_view Front =
+        "BO_ 1 A: 8 N\n"
+        " SG_ S : 0|8@1+ (1,0) [0|1] \"\" N\n"
+        " SG_ F : 8|32@1- (1,0) [0|1] \"\" N\n";
+    for (const Row& row : rows) {
+        test::ClearDatabase();
+        ReadText(Concat(Front, row.statement, "\n"));
+        EXPECT_EQ(DumpDatabaseOnOneLine(), row.database) << row.statement;
+    }
+    for (const std::string_view dropped :
+         {"CM_ \"c\";", "CM_ BU_ N \"c\";", "CM_ EV_ V \"c\";", "VERSION \"1\"", "NS_ :", "BS_: 1",
+          "BS_ : 1", "BU_ : N M", "EV_ V: 0 [0|1] \"\" 0 1 N N;", "VAL_TABLE_ T 0 \"off\";",
+          "BO_TX_BU_ 1 : N,M;", "SG_MUL_VAL_ 1 S F 0-1;", "SIG_GROUP_ 1 G 1 : S F;",
+          "BA_DEF_REL_ BU_SG_REL_ \"BusType\" STRING;", "BA_REL_ \"BusType\" \"CAN FD\";"}) {
+        test::ClearDatabase();
+        ReadText(Concat(Front, "BU_ :\n", dropped, "\n"));
+        EXPECT_EQ(DumpDatabaseOnOneLine(),
+                  "1 'A' 8 'N' /   'S' 0|8@1+ (1,0) [0|1] '' N /   'F' 8|32@1- (1,0) [0|1] '' N")
+            << dropped;
+    }
+}
+
+TEST_F(ReadDbcFile, LosesWhatRefersToAMessageThatStandsBehindIt) {
+    ReadText(
+        "CM_ BO_ 1 \"c\";\n"
+        "VAL_ 1 F 0 \"off\";\n"
+        "SIG_VALTYPE_ 1 F : 1;\n"
+        "BO_ 1 A: 8 N\n"
+        " SG_ F : 8|32@1- (1,0) [0|1] \"\" N\n");
+    EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N'\n  'F' 8|32@1- (1,0) [0|1] '' N\n");
+}
+
+TEST_F(ReadDbcFile, TakesAttributesWhereverTheyStandAmongTheMessages) {
+    constexpr std::string_view Attributes =
+        "BA_DEF_ BO_ \"GenMsgCycleTime\" INT 0 1000;\n"
+        "BA_DEF_DEF_ \"GenMsgCycleTime\" 7;\n"
+        "BA_ \"GenMsgCycleTime\" BO_ 1 100;\n";
+    constexpr std::string_view Messages = "BO_ 1 A: 8 N\nBO_ 2 B: 8 N\n";
+    constexpr std::string_view Dumped = "1 'A' 8 'N' cycle=100\n2 'B' 8 'N' cycle=7\n";
+    ReadText(Concat(Attributes, Messages));
+    EXPECT_EQ(DumpDatabase(), Dumped);
+    ReadText(Concat(Messages, Attributes));
+    EXPECT_EQ(DumpDatabase(), Dumped);
+    ReadText(
+        "BA_ \"GenMsgCycleTime\" BO_ 1 100;\n"
+        "BA_DEF_DEF_ \"GenMsgCycleTime\" 7;\n"
+        "BA_DEF_ BO_ \"GenMsgCycleTime\" INT 0 1000;\n"
+        "BO_ 1 A: 8 N\n");
+    EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N'\n");
+}
+
+// -- What a read leaves
+// ----------------------------------------------------------------------------
+
+TEST_F(ReadDbcFile, EmptiesTheTablesThatOnlyItNeeds) {
+    ReadText(
+        "BA_DEF_ BO_ \"GenMsgCycleTime\" INT 0 1000;\n"
+        "BA_ \"GenMsgCycleTime\" BO_ 1 100;\n"
+        "BO_ 1 A: 8 N\n");
+    EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N' cycle=100\n");
+    EXPECT_TRUE(database.messagesById.empty());
+    EXPECT_TRUE(database.attributes.definitions.empty());
+    EXPECT_TRUE(database.attributes.values.empty());
+    EXPECT_EQ(database.attributes.reservedAttributeNames.size(), 9U);
+    ASSERT_EQ(database.messages.size(), 1U);
+    EXPECT_EQ(database.messages[0].use_count(), 1);
+}
+
+TEST_F(ReadDbcFile, StartsFromNothingButKeepsTheBusTypeThatAFileDoesNotTell) {
+    ReadText(
+        "BO_ 1 A: 8 N\nBO_ x\n"
+        "BA_DEF_ \"BusType\" STRING ;\nBA_DEF_DEF_ \"BusType\" \"CAN FD\";\n"
+        "BA_DEF_ \"J1939PGN\" INT 0 1;\nBA_DEF_DEF_ \"J1939PGN\" 1;\n");
+    EXPECT_EQ(DumpDatabase(), "info 1/1\n1 'A' 8 'N'\nerror 0 @2 'BO_ x'\n");
+    ReadText("BO_ 2 B: 8 N\n");
+    EXPECT_EQ(DumpDatabase(), "info 0/1\n2 'B' 8 'N'\n");
+    ReadText("BA_DEF_ \"BusType\" STRING ;\n");
+    EXPECT_EQ(DumpDatabase(), "");
+}
+
+TEST_F(ReadDbcFile, SucceedsOnAFileOfNothingButBadStatements) {
+    EXPECT_EQ(ReadText("BO_ a\nBO_ 1 b\nBO_ 1 c:\nSG_ d\nVAL_ x\nCM_ y\nBA_ z\n"), GoodRead);
+    EXPECT_EQ(DumpDatabase(),
+              "error 0 @1 'BO_ a'\n"
+              "error 1 @2 'BO_ 1 b'\n"
+              "error 2 @3 'BO_ 1 c:'\n");
+}
+
+TEST_F(ReadDbcFile, GivesARefusedStatementTheNumberOfTheLineAboveTheNextKeyword) {
+    EXPECT_EQ(ReadText("\n\nBO_ a\n\n\nBO_ b\nstray\nBO_ c\nBO_ d\n\n"), GoodRead);
+    EXPECT_EQ(DumpDatabase(),
+              "error 0 @5 'BO_ a\\n\\n'\n"
+              "error 0 @7 'BO_ b\\nstray'\n"
+              "error 0 @8 'BO_ c'\n"
+              "error 0 @9 'BO_ d\\n'\n");
+}
+
+}  // namespace
+}  // namespace vexil

@@ -1,0 +1,55 @@
+// Dumps of the model on one line each, so that an expectation fits beside its input. They are
+// exact: what differs in the model differs in the dump.
+//
+// A signal reads much like its statement; what stands at its default is left out, but for names.
+//
+//   'Speed' m3 0|16@1+ (0.1,0) [0|6553.5] 'km/h' ABS,ECU comment='x' enums={0:'Off',1:'On'}
+//
+// Texts stand in single quotes, with escapes as in C; numbers are the shortest that read back as
+// the same double. Long, raw and UTF-8 forms show only where they differ from the form before them.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "frame/can_message.h"
+#include "frame/can_signal.h"
+
+namespace vexil::test {
+
+// Returns the texts one behind the other.
+template <typename... Parts>
+std::string Concat(const Parts&... parts) {
+    std::string text;
+    (text.append(std::string_view(parts)), ...);
+    return text;
+}
+
+// Returns text in single quotes. Bytes of 128 and above stay as they are.
+std::string Quoted(std::string_view text);
+
+// 'name' [M|m<number>] start|length@order<sign> (factor,offset) [min|max] 'unit' receivers
+//     [long=''] [raw=''] [utf8=''] [comment=''] [enums={}] [start=] [inactive=] [suffixed]
+// The sign is + or - for integers, f or d for floats. Without receivers there is nothing behind the
+// unit. An empty signal is "empty". Codes of failed steps stand behind all else as errors=.
+std::string Dump(const CANSignal& signal);
+
+// The message without its signals:
+// id 'name' dlc 'transmitter' [long=''] [raw=''] [send=''] [cycle=] [comment='']
+// An empty message is "empty". Codes of failed steps as in a signal.
+std::string Dump(const CANMessage& message);
+
+// What the database holds, each on a line of its own with a line feed behind it: the info if it is
+// not 0/0, the messages, each with its signals behind it and two blanks in front of them, the parse
+// errors, and the number of entries left in the tables that only a read may hold, if there are any.
+//
+//   info protocol/bus
+//   error code @line 'text'
+//   left over: messagesById 1 definitions 2 values 3
+std::string DumpDatabase();
+
+// The same with " / " between the lines and nothing behind the last.
+std::string DumpDatabaseOnOneLine();
+
+}  // namespace vexil::test
