@@ -1,0 +1,22 @@
+// The cost of a piece of work in steps, which are the same on every run and on every machine: one
+// for each basic block that the instrumented sources pass, one for each byte that a memory function
+// touches and one for each allocation. The counters stand in steps.cpp, which must not be
+// instrumented itself.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+namespace vexil::growth {
+
+struct Cost {
+    std::uint64_t steps = 0;
+    std::uint64_t peakBytes = 0;  // most bytes alive at one time, beyond those alive at the start
+};
+
+// Runs work and tells what it cost. A work that takes more than limit steps ends the program with a
+// message, since it might take hours.
+Cost Measure(const std::function<void()>& work, std::uint64_t limit);
+
+}  // namespace vexil::growth
