@@ -2,8 +2,9 @@
 
 # The language, the warnings and the sanitizers of a target.
 function(vexil64_compile_flags target)
-    target_compile_features(${target} PUBLIC cxx_std_20)
     set_target_properties(${target} PROPERTIES
+        CXX_STANDARD 20
+        CXX_STANDARD_REQUIRED ON
         CXX_EXTENSIONS OFF
         C_STANDARD 99
         C_STANDARD_REQUIRED ON

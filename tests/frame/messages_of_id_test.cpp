@@ -1,0 +1,142 @@
+// Tests of MessagesOfId: it finds what a walk over every signal of every message finds.
+// SPDX-License-Identifier: MIT
+#include "frame/messages_of_id.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/random_text.h"
+
+namespace vexil {
+namespace {
+
+using Found = std::vector<const CANSignal*>;
+using FoundAt = std::vector<std::pair<const CANSignal*, Position>>;
+
+// Messages of one id in the database and in the lookup alike.
+class Network {
+  public:
+    void AddMessage() {
+        messages.push_back(std::make_shared<CANMessage>());
+        lookup.Add(messages.back());
+    }
+
+    void AddSignal(const std::string& rawName) {
+        const auto signal = std::make_shared<CANSignal>();
+        signal->rawName = rawName;
+        messages.back()->AddSignal(signal);
+    }
+
+    void ExpectSame(const std::string& name, const std::string& text, Position from) {
+        Found walked;
+        FoundAt walkedAt;
+        for (const auto& message : messages) {
+            for (const auto& signal : message->signals) {
+                if (signal->rawName == name) {
+                    walked.push_back(signal.get());
+                }
+                Position end = npos;
+                if (signal->MatchSignalName(text, from, end)) {
+                    walkedAt.emplace_back(signal.get(), end);
+                }
+            }
+        }
+        Found found;
+        lookup.ForEachSignalNamed(name,
+                                  [&found](const CANSignal& signal) { found.push_back(&signal); });
+        EXPECT_EQ(found, walked) << testing::PrintToString(name);
+        FoundAt foundAt;
+        lookup.ForEachSignalAt(text, from, [&foundAt](auto signals, Position end) {
+            for (const CANSignal* signal : signals) {
+                foundAt.emplace_back(signal, end);
+            }
+        });
+        std::sort(foundAt.begin(), foundAt.end());
+        std::sort(walkedAt.begin(), walkedAt.end());
+        EXPECT_EQ(foundAt, walkedAt) << testing::PrintToString(text) << " from " << from;
+    }
+
+    MessageList messages;
+    MessagesOfId lookup;
+};
+
+// One of few words, with white space inside now and then, as a file may have it in a name.
+std::string AnyName(test::RandomText& random) {
+    std::string name;
+    for (std::size_t words = random.Below(4); words > 0; --words) {
+        if (!name.empty()) {
+            name.append(1 + random.Below(2), " \t\n"[random.Below(3)]);
+        }
+        name.append(1 + random.Below(2), static_cast<char>('a' + random.Below(3)));
+    }
+    return name;
+}
+
+TEST(MessagesOfId, HandsOutItsMessagesInTheirOrder) {
+    Network network;
+    EXPECT_TRUE(network.lookup.Messages().empty());
+    network.AddMessage();
+    network.AddMessage();
+    EXPECT_EQ(network.lookup.Messages(), network.messages);
+}
+
+TEST(MessagesOfId, FindsSignalsThatAreAddedBetweenTwoLooks) {
+    Network network;
+    network.AddMessage();
+    for (int count = 0; count < 70; ++count) {
+        const std::string name(1 + static_cast<std::size_t>(count % 35), 'S');
+        network.AddSignal(name);
+        network.ExpectSame(name, "SSS : 1", 0);
+    }
+    network.AddMessage();
+    network.ExpectSame("SSS", " SSS\n", 0);
+    network.AddSignal("SSS");
+    network.AddSignal("");
+    network.ExpectSame("SSS", " SSS\n", 0);
+    network.ExpectSame("", "x SSS ", 1);
+    network.ExpectSame("", "", 0);
+}
+
+TEST(MessagesOfId, FindsEveryNameThatBeginsTheText) {
+    Network network;
+    network.AddMessage();
+    network.AddMessage();
+    for (const char* const name : {"A", "A B", "A B C", "A  B", "A\tB", "AB", "B", "A B"}) {
+        network.AddSignal(name);
+    }
+    for (const char* const text : {"A B C 1", "A B C", "A B\n", "A  B ", "A\tB ", "A ", "A", "AB ",
+                                   "AB", "", "  A B 1", "A BC ", "C A "}) {
+        network.ExpectSame("A B", text, 0);
+        network.ExpectSame("A\tB", text, 1);
+        network.ExpectSame("A  B", text, npos);
+    }
+}
+
+TEST(MessagesOfId, FindsWhatAWalkFinds) {
+    for (std::uint32_t seed = 1; seed <= 300 && !HasFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        test::RandomText random(seed);
+        Network network;
+        network.AddMessage();
+        for (std::size_t steps = 20 + random.Below(60); steps > 0; --steps) {
+            if (random.Below(30) == 0) {
+                network.AddMessage();
+            }
+            network.AddSignal(AnyName(random));
+            if (random.Below(3) == 0) {
+                std::string text = random.Below(2) == 0 ? " \t" : "";
+                text.append(AnyName(random)).append(" ").append(AnyName(random));
+                text.append(random.Below(2) == 0 ? "\n" : "");
+                network.ExpectSame(AnyName(random), text, random.Below(text.size() + 2));
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace vexil

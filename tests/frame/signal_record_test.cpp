@@ -1,0 +1,410 @@
+// Tests of a signal out to its record and in from it, and of its value descriptions.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "frame/can_signal.h"
+#include "frame/enums_of.h"
+#include "support/records.h"
+
+namespace vexil {
+namespace {
+
+using test::EnumFields;
+using test::EnumPairs;
+using test::EnumsOf;
+using test::Filled;
+using test::OtherPattern;
+using test::Pattern;
+using test::RecordOf;
+using test::SameBytes;
+using test::SignalFields;
+
+// More than the longest array holds, and not to be cut anywhere.
+const std::string invalidText = "\x80" + std::string(300, 'x');
+
+// A signal with something in every member.
+class SpeedSignal : public CANSignal {
+  public:
+    SpeedSignal() {
+        isEmpty = false;
+        name = "Speed_1";
+        longName = "Speed 1";
+        rawName = "Speed\t1";
+        unit = "_C";
+        unitUtf8 =
+            "\xc2\xb0"
+            "C";
+        comment = "say \\\"hello\\\"";
+        multiplexType = 2;
+        multiplexValue = 0xFFFFFFFFU;
+        startBit = 16;
+        bitLength = 64;
+        byteOrder = 0;
+        valueType = 3;
+        factor = 0.1;
+        offset = -40;
+        minimum = -1e300;
+        maximum = 6553.5;
+        receivers = {"ABS", "ECU_2"};
+        for (const EnumFields& fields :
+             {EnumFields{-1, "off"}, EnumFields{2, "on"}, EnumFields{3, ""}}) {
+            const CanEnumRecord record = RecordOf(fields);
+            AddEnum(&record);
+        }
+        startValue = -5;
+        inactiveValue = std::numeric_limits<std::int32_t>::min();
+    }
+};
+
+const SignalFields speedFields = {.name = "Speed_1",
+                                  .longName = "Speed 1",
+                                  .unit = "_C",
+                                  .receiverList = "ABS,ECU_2",
+                                  .comment = "say \\\"hello\\\"",
+                                  .multiplexType = 2,
+                                  .multiplexValue = 0xFFFFFFFFU,
+                                  .startBit = 16,
+                                  .bitLength = 64,
+                                  .byteOrder = 0,
+                                  .valueType = 3,
+                                  .factor = 0.1,
+                                  .offset = -40,
+                                  .minimum = -1e300,
+                                  .maximum = 6553.5,
+                                  .enumCount = 3,
+                                  .startValue = -5,
+                                  .inactiveValue = std::numeric_limits<std::int32_t>::min(),
+                                  .unitUtf8 =
+                                      "\xc2\xb0"
+                                      "C"};
+
+// -- Out --------------------------------------------------------------------------------------
+
+TEST(SignalCopyToRecord, FillsEveryFieldAndNoGap) {
+    for (const unsigned char pattern : {Pattern, OtherPattern}) {
+        auto record = Filled<CanSignalRecord>(pattern);
+        EXPECT_TRUE(SpeedSignal().CopyToRecord(&record));
+        EXPECT_TRUE(SameBytes(record, RecordOf(speedFields, pattern)));
+    }
+}
+
+TEST(SignalCopyToRecord, IsFalseForNull) {
+    EXPECT_FALSE(SpeedSignal().CopyToRecord(nullptr));
+}
+
+TEST(SignalCopyToRecord, CopiesAnEmptySignalAndIsFalse) {
+    SpeedSignal signal;
+    signal.isEmpty = true;
+    auto record = Filled<CanSignalRecord>(Pattern);
+    EXPECT_FALSE(signal.CopyToRecord(&record));
+    EXPECT_TRUE(SameBytes(record, RecordOf(speedFields)));
+    signal.Reset();
+    record = Filled<CanSignalRecord>(Pattern);
+    EXPECT_FALSE(signal.CopyToRecord(&record));
+    EXPECT_TRUE(SameBytes(record, RecordOf(SignalFields{})));
+}
+
+TEST(SignalCopyToRecord, CutsTextsAtTheEndOfTheirArrays) {
+    for (const std::size_t excess : {0U, 1U, 100U}) {
+        SpeedSignal signal;
+        signal.name = std::string(32 + excess, 'n');
+        signal.longName = std::string(255 + excess, 'l');
+        signal.unit = std::string(32 + excess, 'u');
+        signal.unitUtf8 = std::string(32 + excess, 'v');
+        signal.comment = std::string(255 + excess, 'c');
+        SignalFields fields = speedFields;
+        fields.name = std::string(32, 'n');
+        fields.longName = std::string(255, 'l');
+        fields.unit = std::string(32, 'u');
+        fields.unitUtf8 = std::string(32, 'v');
+        fields.comment = std::string(255, 'c');
+        auto record = Filled<CanSignalRecord>(Pattern);
+        EXPECT_TRUE(signal.CopyToRecord(&record));
+        EXPECT_TRUE(SameBytes(record, RecordOf(fields))) << excess << " bytes too long";
+    }
+}
+
+TEST(SignalCopyToRecord, CutsNoCharacter) {
+    for (const std::string character : {"e", "\xc3\xa9", "\xe2\x82\xac", "\xf0\x9f\x9a\x97"}) {
+        for (std::size_t front = 28; front <= 33; ++front) {
+            SpeedSignal signal;
+            signal.unitUtf8 = std::string(front, 'u') + character + "more text";
+            SignalFields fields = speedFields;
+            fields.unitUtf8 = signal.unitUtf8.substr(0, 32);
+            if (front < 32 && front + character.size() > 32) {
+                fields.unitUtf8.resize(front);
+            }
+            auto record = Filled<CanSignalRecord>(Pattern);
+            EXPECT_TRUE(signal.CopyToRecord(&record));
+            EXPECT_TRUE(SameBytes(record, RecordOf(fields)))
+                << character << " behind " << front << " bytes";
+        }
+    }
+}
+
+TEST(SignalCopyToRecord, CutsTheReceiverListWithinAName) {
+    SpeedSignal signal;
+    signal.receivers = std::vector<std::string>(8, std::string(32, 'r'));
+    const std::string list = signal.ReceiverList();
+    ASSERT_EQ(list.size(), 8U * 33 - 1);
+    SignalFields fields = speedFields;
+    fields.receiverList = list.substr(0, 255);
+    auto record = Filled<CanSignalRecord>(Pattern);
+    EXPECT_TRUE(signal.CopyToRecord(&record));
+    EXPECT_TRUE(SameBytes(record, RecordOf(fields)));
+    signal.receivers.clear();
+    fields.receiverList = "";
+    record = Filled<CanSignalRecord>(Pattern);
+    EXPECT_TRUE(signal.CopyToRecord(&record));
+    EXPECT_TRUE(SameBytes(record, RecordOf(fields)));
+}
+
+// A text that cannot be cut ends the copy: its array is empty, what comes behind it in the order
+// of copying (the numbers come last) keeps what the record held.
+TEST(SignalCopyToRecord, StopsAtATextThatCannotBeCut) {
+    const std::vector<std::string CANSignal::*> texts = {&CANSignal::name,
+                                                         &CANSignal::longName,
+                                                         &CANSignal::unit,
+                                                         &CANSignal::unitUtf8,
+                                                         nullptr,  // the receivers
+                                                         &CANSignal::comment};
+    for (std::size_t failing = 0; failing < texts.size(); ++failing) {
+        SpeedSignal signal;
+        if (texts[failing] == nullptr) {
+            signal.receivers = {invalidText};
+        } else {
+            signal.*texts[failing] = invalidText;
+        }
+        auto record = Filled<CanSignalRecord>(Pattern);
+        EXPECT_FALSE(signal.CopyToRecord(&record));
+        auto expected = Filled<CanSignalRecord>(Pattern);
+        std::size_t at = 0;
+        const auto storeInOrder = [&](auto& array, const std::string& text) {
+            if (at <= failing) {
+                test::StoreText(array, at == failing ? "" : text);
+            }
+            ++at;
+        };
+        storeInOrder(expected.name, speedFields.name);
+        storeInOrder(expected.longName, speedFields.longName);
+        storeInOrder(expected.unit, speedFields.unit);
+        storeInOrder(expected.unitUtf8, speedFields.unitUtf8);
+        storeInOrder(expected.receiverList, speedFields.receiverList);
+        storeInOrder(expected.comment, speedFields.comment);
+        EXPECT_TRUE(SameBytes(record, expected)) << "text " << failing;
+    }
+}
+
+// -- In ---------------------------------------------------------------------------------------
+
+CanSignalRecord SpeedRecord() {
+    SignalFields fields = speedFields;
+    fields.name = "ignored";
+    fields.unit = fields.unitUtf8;
+    fields.unitUtf8 = "ignored";
+    fields.comment = "say \"hello\"";
+    fields.enumCount = 99;
+    return RecordOf(fields);
+}
+
+void ExpectReset(const CANSignal& signal) {
+    auto record = Filled<CanSignalRecord>(Pattern);
+    EXPECT_FALSE(signal.CopyToRecord(&record));
+    EXPECT_TRUE(SameBytes(record, RecordOf(SignalFields{})));
+    EXPECT_EQ(signal.rawName, "");
+    EXPECT_TRUE(signal.receivers.empty());
+    EXPECT_FALSE(signal.hasNameSuffix);
+}
+
+TEST(SignalFillFromRecord, TakesItsFieldsAndNoOther) {
+    SpeedSignal signal;
+    signal.hasNameSuffix = true;
+    const CanSignalRecord record = SpeedRecord();
+    EXPECT_TRUE(signal.FillFromRecord(&record));
+    EXPECT_FALSE(signal.isEmpty);
+    EXPECT_EQ(signal.name, "Speed_1");
+    EXPECT_EQ(signal.longName, "Speed 1");
+    EXPECT_EQ(signal.rawName, "Speed 1");
+    EXPECT_EQ(signal.unit, "_C");
+    EXPECT_EQ(signal.unitUtf8,
+              "\xc2\xb0"
+              "C");
+    EXPECT_EQ(signal.comment, "say \\\"hello\\\"");
+    EXPECT_EQ(signal.multiplexType, 2U);
+    EXPECT_EQ(signal.multiplexValue, 0xFFFFFFFFU);
+    EXPECT_EQ(signal.startBit, 16U);
+    EXPECT_EQ(signal.bitLength, 64U);
+    EXPECT_EQ(signal.byteOrder, 0U);
+    EXPECT_EQ(signal.valueType, 3U);
+    EXPECT_EQ(signal.factor, 0.1);
+    EXPECT_EQ(signal.offset, -40);
+    EXPECT_EQ(signal.minimum, -1e300);
+    EXPECT_EQ(signal.maximum, 6553.5);
+    EXPECT_EQ(signal.receivers, (std::vector<std::string>{"ABS", "ECU_2"}));
+    EXPECT_TRUE(EnumsOf(signal).empty());
+    EXPECT_EQ(signal.startValue, -5);
+    EXPECT_EQ(signal.inactiveValue, std::numeric_limits<std::int32_t>::min());
+    EXPECT_FALSE(signal.hasNameSuffix);
+    EXPECT_TRUE(SameBytes(record, SpeedRecord()));
+}
+
+TEST(SignalFillFromRecord, IsResetByNull) {
+    SpeedSignal signal;
+    signal.stepErrors = {3};
+    EXPECT_FALSE(signal.FillFromRecord(nullptr));
+    ExpectReset(signal);
+    EXPECT_EQ(signal.stepErrors.size(), 1U);
+}
+
+TEST(SignalFillFromRecord, IsResetByInvalidText) {
+    for (const auto corrupt :
+         {+[](CanSignalRecord& record) { record.longName[0] = '\x80'; },
+          +[](CanSignalRecord& record) { std::memcpy(record.unit, "\x80xxx", 5); },
+          +[](CanSignalRecord& record) { record.receiverList[0] = '\x80'; },
+          +[](CanSignalRecord& record) { record.comment[0] = '\x80'; }}) {
+        SpeedSignal signal;
+        signal.hasNameSuffix = true;
+        CanSignalRecord record = SpeedRecord();
+        corrupt(record);
+        EXPECT_FALSE(signal.FillFromRecord(&record));
+        ExpectReset(signal);
+    }
+}
+
+TEST(SignalFillFromRecord, LooksAtNoTextThatIsIgnored) {
+    CANSignal signal;
+    CanSignalRecord record = SpeedRecord();
+    test::StoreAll(record.name, std::string(33, '\x80'));
+    test::StoreAll(record.unitUtf8, std::string(33, '\x80'));
+    EXPECT_TRUE(signal.FillFromRecord(&record));
+    EXPECT_EQ(signal.name, "Speed_1");
+    EXPECT_EQ(signal.unitUtf8,
+              "\xc2\xb0"
+              "C");
+}
+
+TEST(SignalFillFromRecord, LosesTheLastByteOfAnArrayWithoutANul) {
+    CANSignal signal;
+    CanSignalRecord record = SpeedRecord();
+    test::StoreAll(record.longName, std::string(256, 'l'));
+    test::StoreAll(record.unit, std::string(31, 'u') + "\xc3\xa9");
+    test::StoreAll(record.receiverList, std::string(253, 'r') + ",st");
+    test::StoreAll(record.comment, std::string(256, 'c'));
+    EXPECT_TRUE(signal.FillFromRecord(&record));
+    EXPECT_EQ(signal.longName, std::string(255, 'l'));
+    EXPECT_EQ(signal.name, std::string(32, 'l'));
+    EXPECT_EQ(signal.unit, std::string(31, 'u'));
+    EXPECT_EQ(signal.unitUtf8, std::string(31, 'u'));
+    EXPECT_EQ(signal.receivers, (std::vector<std::string>{std::string(32, 'r'), "s"}));
+    EXPECT_EQ(signal.comment, std::string(255, 'c'));
+}
+
+TEST(SignalFillFromRecord, BringsTextsIntoShape) {
+    CANSignal signal;
+    CanSignalRecord record = SpeedRecord();
+    test::StoreText(record.longName, "1\tspeed\r\n\v\f");
+    test::StoreText(record.unit, " \xf0\x9f\x9a\x97\t\"");
+    test::StoreText(record.receiverList, " A B ,, 1st\t,\xc3\xa9");
+    test::StoreText(record.comment, "\"a\"\tb\\\"");
+    EXPECT_TRUE(signal.FillFromRecord(&record));
+    EXPECT_EQ(signal.longName, "1 speed    ");
+    EXPECT_EQ(signal.rawName, "1 speed    ");
+    EXPECT_EQ(signal.name, "__speed____");
+    // The unit is neither stripped nor cleaned nor escaped.
+    EXPECT_EQ(signal.unit, " _\t\"");
+    EXPECT_EQ(signal.unitUtf8, " \xf0\x9f\x9a\x97\t\"");
+    EXPECT_EQ(signal.receivers, (std::vector<std::string>{"A_B", "_st", "_"}));
+    EXPECT_EQ(signal.comment, "\\\"a\\\"\tb\\\"");
+}
+
+TEST(SignalFillFromRecord, TakesEmptyTextsAndEveryNumber) {
+    CANSignal signal;
+    const SignalFields fields = {.multiplexType = 77,
+                                 .multiplexValue = 78,
+                                 .startBit = 0xFFFFFFFFU,
+                                 .bitLength = 0,
+                                 .byteOrder = 79,
+                                 .valueType = 80,
+                                 .factor = std::numeric_limits<double>::infinity(),
+                                 .offset = std::numeric_limits<double>::denorm_min(),
+                                 .minimum = 2,
+                                 .maximum = 1,
+                                 .startValue = std::numeric_limits<std::int32_t>::max(),
+                                 .inactiveValue = -1};
+    const CanSignalRecord record = RecordOf(fields);
+    EXPECT_TRUE(signal.FillFromRecord(&record));
+    auto out = Filled<CanSignalRecord>(Pattern);
+    EXPECT_TRUE(signal.CopyToRecord(&out));
+    EXPECT_TRUE(SameBytes(out, record));
+    EXPECT_TRUE(signal.receivers.empty());
+}
+
+TEST(SignalFillFromRecord, MakesAFloatOfTheWrongSizeASignedInteger) {
+    struct Row {
+        std::uint32_t valueType;
+        std::uint32_t bitLength;
+        std::uint32_t expected;
+    };
+    for (const Row& row :
+         {Row{0, 32, 0}, Row{1, 32, 1}, Row{2, 31, 1}, Row{2, 32, 2}, Row{2, 33, 1}, Row{2, 64, 1},
+          Row{2, 0, 1}, Row{3, 32, 1}, Row{3, 63, 1}, Row{3, 64, 3}, Row{3, 65, 1}, Row{3, 0, 1},
+          Row{4, 32, 4}, Row{4, 8, 4}, Row{0xFFFFFFFFU, 8, 0xFFFFFFFFU}}) {
+        CANSignal signal;
+        CanSignalRecord record = SpeedRecord();
+        record.valueType = row.valueType;
+        record.bitLength = row.bitLength;
+        EXPECT_TRUE(signal.FillFromRecord(&record));
+        EXPECT_EQ(signal.valueType, row.expected)
+            << "type " << row.valueType << " of " << row.bitLength << " bits";
+        EXPECT_EQ(signal.bitLength, row.bitLength);
+    }
+}
+
+// -- Value descriptions -----------------------------------------------------------------------
+
+TEST(AddEnum, AddsTheTextAsItIs) {
+    CANSignal signal;
+    const CanEnumRecord record = RecordOf(EnumFields{-7, "say \"on\"\tnow"});
+    EXPECT_TRUE(signal.AddEnum(&record));
+    EXPECT_EQ(EnumsOf(signal), (EnumPairs{{-7, "say \"on\"\tnow"}}));
+    EXPECT_TRUE(SameBytes(record, RecordOf(EnumFields{-7, "say \"on\"\tnow"})));
+}
+
+TEST(AddEnum, KeepsBothTextsOfAValue) {
+    CANSignal signal;
+    for (const char* const text : {"on", "an", ""}) {
+        const CanEnumRecord record = RecordOf(EnumFields{3, text});
+        EXPECT_TRUE(signal.AddEnum(&record));
+    }
+    EXPECT_EQ(EnumsOf(signal), (EnumPairs{{3, "on - an - "}}));
+}
+
+TEST(AddEnum, RefusesInvalidText) {
+    CANSignal signal;
+    CanEnumRecord record = RecordOf(EnumFields{3, "on"});
+    EXPECT_TRUE(signal.AddEnum(&record));
+    for (const std::int32_t value : {3, 4}) {
+        record = RecordOf(EnumFields{value, "\x80 text"});
+        EXPECT_FALSE(signal.AddEnum(&record));
+    }
+    EXPECT_EQ(EnumsOf(signal), (EnumPairs{{3, "on"}}));
+}
+
+TEST(AddEnum, CutsTextsAsEveryTextOfARecord) {
+    CANSignal signal;
+    auto record = Filled<CanEnumRecord>(Pattern);
+    record.value = 1;
+    test::StoreAll(record.text, std::string(254, 'x') + "\xc3\xa9");
+    EXPECT_TRUE(signal.AddEnum(&record));
+    record = RecordOf(EnumFields{2, "on\xe2\x82"});
+    EXPECT_TRUE(signal.AddEnum(&record));
+    EXPECT_EQ(EnumsOf(signal), (EnumPairs{{1, std::string(254, 'x')}, {2, "on"}}));
+}
+
+}  // namespace
+}  // namespace vexil

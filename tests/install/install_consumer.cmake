@@ -1,0 +1,22 @@
+# Installs a build into a folder of its own, then builds and runs a project that finds it there.
+#   cmake -DBUILD=... -DCONFIG=... -DCONSUMER=... -DWORK=... -DGENERATOR=... -DC_COMPILER=...
+#         -DC_FLAGS=... -DSAMPLE=... -P install_consumer.cmake
+cmake_minimum_required(VERSION 3.25)
+
+function(run)
+    execute_process(COMMAND ${ARGN} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+file(REMOVE_RECURSE "${WORK}")
+run("${CMAKE_COMMAND}" --install "${BUILD}" --config "${CONFIG}" --prefix "${WORK}/prefix")
+run("${CMAKE_COMMAND}" -S "${CONSUMER}" -B "${WORK}/build" -G "${GENERATOR}"
+    "-DCMAKE_PREFIX_PATH=${WORK}/prefix" "-DCMAKE_C_COMPILER=${C_COMPILER}"
+    "-DCMAKE_C_FLAGS=${C_FLAGS}" "-DCMAKE_BUILD_TYPE=${CONFIG}")
+run("${CMAKE_COMMAND}" --build "${WORK}/build" --config "${CONFIG}")
+
+# Out of reach of the build that was installed, the program still reads a file.
+execute_process(COMMAND "${WORK}/build/consumer" "${SAMPLE}"
+    OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
+if(NOT output STREQUAL "vexil64 1.33 reads 5 messages\n")
+    message(FATAL_ERROR "The consumer prints: ${output}")
+endif()

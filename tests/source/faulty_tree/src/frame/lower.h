@@ -1,0 +1,3 @@
+// What others include from the wrong side.
+#include "attributes/attribute_section.h"
+#include "text/sound.h"

@@ -1,0 +1,59 @@
+// Slow twins of the text functions, for tests that compare the library with them over random text.
+// They are written to be read: step after step, byte after byte, with a UTF-8 decoder, a keyword
+// table and strings of their own, and nothing of the library.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vexil::test::reference {
+
+inline constexpr std::uint64_t npos = ~std::uint64_t{0};
+
+struct Keyword {
+    std::string text;
+    bool needsSemicolon = false;
+};
+
+extern const std::array<Keyword, 35> Keywords;
+
+// Number of bytes of the UTF-8 character at position at of text; 0 when none begins there.
+std::size_t CharacterLength(const std::string& text, std::size_t at);
+bool IsValidUtf8(const std::string& text);
+
+bool MatchKeyword(const std::string& text, const std::string& keyword, std::uint64_t& end,
+                  std::uint64_t from);
+bool Utf8FitLength(const std::string& text, std::uint64_t bufferSize, std::uint64_t& length);
+bool CopyUtf8Text(std::string& out, const char* buffer, std::uint64_t bufferSize);
+void ReplaceInvalidUtf8(std::string& line);
+std::string FoldToAscii(const std::string& text);  // of valid text only
+
+bool ParseUnsignedToken(const std::string& text, std::uint32_t& value, std::uint64_t& end,
+                        std::uint64_t from);
+std::string TextUpToChar(const std::string& text, std::uint64_t from, char ch,
+                         std::uint64_t& foundPos);
+std::string TrimmedRange(const std::string& text, std::uint64_t from, std::uint64_t to);
+std::string Trimmed(const std::string& text);
+bool IsValidCIdentifier(const std::string& text);
+std::string MakeCIdentifier(const std::string& text);  // of valid text only
+bool TryParseU32(const std::string& text, std::uint32_t& value);
+bool TryParseI32(const std::string& text, std::int32_t& value);
+bool TryParseI64(const std::string& text, std::int64_t& value);
+bool TryParseDouble(const std::string& text, double& value);
+
+// What a reader of statements sees at one of them.
+struct Statement {
+    std::string text;
+    std::uint32_t lineNumber = 0;
+    std::uint32_t parseState = 0;
+
+    bool operator==(const Statement&) const = default;
+};
+
+// The statements of a file with these bytes, in their order.
+std::vector<Statement> CutIntoStatements(const std::string& file);
+
+}  // namespace vexil::test::reference

@@ -1,0 +1,383 @@
+// Tests of StatementFile: its states, the lines that go in and those that go out. The cut into
+// statements is tested in statement_scan_test.cpp.
+// SPDX-License-Identifier: MIT
+#include "text/statement_file.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "support/files.h"
+#include "vexil64.h"
+
+namespace vexil {
+namespace {
+
+using namespace std::string_literals;
+using test::ReadBytes;
+using test::TempFolder;
+using test::WriteBytes;
+
+class StatementFileTest : public testing::Test {
+  protected:
+    // Opens a path with the NUL behind it counted in.
+    void Open(const std::string& name, OpenMode mode) {
+        file.Open(name.c_str(), static_cast<std::uint32_t>(name.size() + 1), mode);
+    }
+
+    void OpenWith(std::string_view bytes) {
+        WriteBytes(path, bytes);
+        Open(path, OpenMode::Read);
+    }
+
+    // The whole of a file that holds one statement.
+    std::string OneStatement(std::string_view bytes) {
+        OpenWith(bytes);
+        EXPECT_TRUE(file.NextStatement());
+        std::string statement(file.statement);
+        EXPECT_FALSE(file.NextStatement());
+        EXPECT_EQ(file.parseState, StateEndOfFile);
+        return statement;
+    }
+
+    void ExpectClosed(std::uint32_t state) {
+        EXPECT_EQ(file.parseState, state);
+        EXPECT_EQ(file.lineNumber, 0U);
+        EXPECT_EQ(file.statement, "");
+        EXPECT_FALSE(file.NextStatement());
+        EXPECT_EQ(file.parseState, state);
+        file.WriteLine("text");
+        EXPECT_EQ(file.parseState, state);
+    }
+
+    TempFolder folder;
+    std::string path = folder.File("net.dbc");
+    StatementFile file;
+};
+
+// -- States -----------------------------------------------------------------------------------
+
+TEST_F(StatementFileTest, IsClosedAndEmptyWhenMade) {
+    ExpectClosed(StateClosed);
+}
+
+TEST_F(StatementFileTest, OpensForReading) {
+    OpenWith("BO_ 1\n");
+    EXPECT_EQ(file.parseState, StateReading);
+    EXPECT_EQ(file.lineNumber, 0U);
+    EXPECT_EQ(file.statement, "");
+    EXPECT_EQ(ReadBytes(path), "BO_ 1\n");
+}
+
+TEST_F(StatementFileTest, OpensForWriting) {
+    WriteBytes(path, "old text");
+    Open(path, OpenMode::Write);
+    EXPECT_EQ(file.parseState, StateWriting);
+    EXPECT_EQ(file.lineNumber, 0U);
+    EXPECT_EQ(ReadBytes(path), "");
+}
+
+TEST_F(StatementFileTest, RefusesPaths) {
+    for (const OpenMode mode : {OpenMode::Read, OpenMode::Write}) {
+        file.Open(path.c_str(), 261, mode);
+        ExpectClosed(StatePathTooLong);
+        Open(
+            "\xff"
+            "abc",
+            mode);
+        ExpectClosed(StatePathInvalid);
+        file.Open(path.c_str(), 0, mode);
+        ExpectClosed(StatePathEmpty);
+        file.Open("", 1, mode);
+        ExpectClosed(StatePathEmpty);
+        file.Open(nullptr, 260, mode);
+        ExpectClosed(StatePathEmpty);
+        Open(folder.File("missing/net.dbc"), mode);
+        ExpectClosed(StateOpenFailed);
+        file.Close();
+        ExpectClosed(StateClosed);
+    }
+}
+
+TEST_F(StatementFileTest, FailsToOpenAFileThatIsNotThere) {
+    Open(path, OpenMode::Read);
+    ExpectClosed(StateOpenFailed);
+    EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST_F(StatementFileTest, FailsToOpenAFolderForWriting) {
+    Open(folder.File(""), OpenMode::Write);
+    ExpectClosed(StateOpenFailed);
+}
+
+TEST_F(StatementFileTest, OpensAgainAfterARefusal) {
+    file.Open(path.c_str(), 261, OpenMode::Read);
+    OpenWith("BO_ 1\n");
+    EXPECT_EQ(file.parseState, StateReading);
+    EXPECT_TRUE(file.NextStatement());
+}
+
+TEST_F(StatementFileTest, CountsTheNulInTheSizeOfThePath) {
+    WriteBytes(path, "BO_ 1\n");
+    WriteBytes(path.substr(0, path.size() - 1), "BO_ 2\n");
+    file.Open(path.c_str(), static_cast<std::uint32_t>(path.size()), OpenMode::Read);
+    EXPECT_TRUE(file.NextStatement());
+    EXPECT_EQ(file.statement, "BO_ 2\n");
+}
+
+TEST_F(StatementFileTest, OpensAPathOf259Bytes) {
+    const std::string name = "/net.dbc";
+    std::string longPath = folder.File("").substr(0, folder.File("").size() - 1);
+    while (longPath.size() + name.size() < 258) {
+        longPath += "/.";
+    }
+    longPath += std::string(259 - name.size() - longPath.size(), '/') + name;
+    ASSERT_EQ(longPath.size(), 259U);
+    WriteBytes(path, "BO_ 1\n");
+    file.Open(longPath.c_str(), 260, OpenMode::Read);
+    EXPECT_EQ(file.parseState, StateReading);
+    EXPECT_TRUE(file.NextStatement());
+    EXPECT_EQ(file.statement, "BO_ 1\n");
+}
+
+TEST_F(StatementFileTest, MeetsTheEndOfTheFileWithItsLastStatement) {
+    OpenWith("BO_ 1\nBO_ 2\n");
+    EXPECT_TRUE(file.NextStatement());
+    EXPECT_EQ(file.parseState, StateReading);
+    EXPECT_TRUE(file.NextStatement());
+    EXPECT_EQ(file.parseState, StateEndOfFile);
+    EXPECT_FALSE(file.NextStatement());
+    EXPECT_EQ(file.parseState, StateEndOfFile);
+    file.Close();
+    ExpectClosed(StateClosed);
+}
+
+TEST_F(StatementFileTest, ClosesInTheMiddleOfAFile) {
+    OpenWith("CM_ \"a BO_ 1\nBO_ 2\nBO_ 3\n");
+    EXPECT_TRUE(file.NextStatement());
+    file.Close();
+    ExpectClosed(StateClosed);
+}
+
+TEST_F(StatementFileTest, StartsAfreshWhenOpenedWhileOpen) {
+    OpenWith("BO_ 1\n x\nBO_ 2\nBO_ 3\n");
+    EXPECT_TRUE(file.NextStatement());
+    EXPECT_EQ(file.lineNumber, 3U);
+    Open(path, OpenMode::Read);
+    EXPECT_EQ(file.parseState, StateReading);
+    EXPECT_EQ(file.lineNumber, 0U);
+    EXPECT_TRUE(file.NextStatement());
+    EXPECT_EQ(file.statement, "BO_ 1\n x\n");
+    EXPECT_EQ(file.lineNumber, 3U);
+}
+
+TEST_F(StatementFileTest, ReadsWhatItWroteBefore) {
+    Open(path, OpenMode::Write);
+    file.WriteLine("BO_ 1");
+    Open(path, OpenMode::Read);
+    EXPECT_TRUE(file.NextStatement());
+    EXPECT_EQ(file.statement, "BO_ 1\n");
+}
+
+TEST_F(StatementFileTest, HandsOutNoStatementWhileWriting) {
+    Open(path, OpenMode::Write);
+    EXPECT_FALSE(file.NextStatement());
+    EXPECT_EQ(file.parseState, StateWriting);
+}
+
+// A folder opens for reading here, but gives no line.
+TEST_F(StatementFileTest, FailsOnALineThatCannotBeRead) {
+    Open(folder.File(""), OpenMode::Read);
+    ASSERT_EQ(file.parseState, StateReading);
+    EXPECT_FALSE(file.NextStatement());
+    EXPECT_EQ(file.parseState, StateStreamError);
+    EXPECT_EQ(file.lineNumber, 0U);
+    EXPECT_FALSE(file.NextStatement());
+    file.Close();
+    ExpectClosed(StateStreamError);
+    // The stream stays bad until the next file.
+    file.Close();
+    ExpectClosed(StateStreamError);
+    OpenWith("BO_ 1\n");
+    EXPECT_EQ(file.parseState, StateReading);
+    EXPECT_TRUE(file.NextStatement());
+    file.Close();
+    ExpectClosed(StateClosed);
+}
+
+// -- Lines in ---------------------------------------------------------------------------------
+
+TEST_F(StatementFileTest, EndsEveryLineInALineFeed) {
+    EXPECT_EQ(OneStatement("BO_ 1\n\n x"), "BO_ 1\n\n x\n");
+    EXPECT_EQ(OneStatement("BO_ 1\n\n x\n"), "BO_ 1\n\n x\n");
+    EXPECT_EQ(OneStatement("BO_ 1\n\n x\n\n"), "BO_ 1\n\n x\n\n");
+}
+
+TEST_F(StatementFileTest, TurnsEachInvalidByteIntoAnUnderscore) {
+    EXPECT_EQ(OneStatement("BO_ \xff\xe9 caf\xc3\xa9 \xe2\x82z \xed\xa0\x80\n"),
+              "BO_ __ caf\xc3\xa9 __z ___\n");
+    EXPECT_EQ(OneStatement("BO_ \xf0\x9f\x9a\x97\xf0\x9f\x9a\n"), "BO_ \xf0\x9f\x9a\x97___\n");
+}
+
+// A character does not run on into the next line.
+TEST_F(StatementFileTest, RepairsEachLineByItself) {
+    EXPECT_EQ(OneStatement("BO_ \xc3\n\xa9 x\n"), "BO_ _\n_ x\n");
+}
+
+TEST_F(StatementFileTest, TakesOutControlCharactersButWhiteSpace) {
+    std::string line = "BO_ ";
+    for (int code = 0; code < 32; ++code) {
+        if (code != '\n') {
+            line += static_cast<char>(code);
+        }
+        line += 'x';
+    }
+    line += "\x7fz\n";
+    EXPECT_EQ(OneStatement(line), "BO_ xxxxxxxxx\txx\vx\fx\r" + std::string(19, 'x') + "z\n");
+}
+
+// Wherever they stand, however long the line.
+TEST_F(StatementFileTest, FindsOddBytesAtEachPlaceOfALine) {
+    for (const char odd : {'\x01', '\x7f', '\xff'}) {
+        std::string bytes;
+        std::string expected;
+        for (std::size_t size = 1; size <= 90; size += 1 + size / 20) {
+            for (std::size_t at = 0; at < size; ++at) {
+                const std::string front = "BO_ " + std::string(at, 'x');
+                const std::string rest = std::string(size - at - 1, 'x') + "\n";
+                bytes += front + odd + rest;
+                expected += front + (odd == '\xff' ? "_" : "") + rest;
+            }
+        }
+        OpenWith(bytes);
+        std::string all;
+        while (file.NextStatement()) {
+            all += file.statement;
+        }
+        EXPECT_EQ(all, expected) << static_cast<int>(odd);
+    }
+}
+
+TEST_F(StatementFileTest, KeepsEveryByteOf128AndAboveInCharacters) {
+    std::string line = "BO_ ";
+    for (int code = 0x80; code <= 0xbf; ++code) {
+        line += "\xc2"s + static_cast<char>(code) + "\xc3" + static_cast<char>(code);
+    }
+    line += '\n';
+    EXPECT_EQ(OneStatement(line), line);
+}
+
+// Bytes are repaired in front of the control characters going, so the two do not join up.
+TEST_F(StatementFileTest, MakesNoCharacterOfWhatAControlCharacterParts) {
+    EXPECT_EQ(OneStatement("BO_ \xc3\x01\xa9\n"), "BO_ __\n");
+}
+
+TEST_F(StatementFileTest, MakesAKeywordOfWhatAControlCharacterParts) {
+    EXPECT_EQ(OneStatement("B\0O_ 1\n"s), "BO_ 1\n");
+}
+
+TEST_F(StatementFileTest, KeepsACarriageReturnAsWhiteSpace) {
+    EXPECT_EQ(OneStatement("BO_\r 1\r\n\r\n"), "BO_\r 1\r\n\r\n");
+}
+
+TEST_F(StatementFileTest, CountsLinesFromOne) {
+    OpenWith("\n\n\nBO_ 1\n\nBO_ 2");
+    EXPECT_TRUE(file.NextStatement());
+    EXPECT_EQ(file.lineNumber, 6U);
+    EXPECT_TRUE(file.NextStatement());
+    EXPECT_EQ(file.lineNumber, 6U);
+}
+
+// -- Lines out --------------------------------------------------------------------------------
+
+TEST_F(StatementFileTest, WritesEachLineAtOnce) {
+    Open(path, OpenMode::Write);
+    file.WriteLine("one");
+    EXPECT_EQ(ReadBytes(path), "one\n");
+    file.WriteLine("");
+    EXPECT_EQ(ReadBytes(path), "one\n\n");
+    file.WriteLine("two\nthree");
+    EXPECT_EQ(ReadBytes(path), "one\n\ntwo\nthree\n");
+    EXPECT_EQ(file.parseState, StateWriting);
+    EXPECT_EQ(file.lineNumber, 0U);
+    file.Close();
+    EXPECT_EQ(file.parseState, StateClosed);
+    EXPECT_EQ(ReadBytes(path), "one\n\ntwo\nthree\n");
+}
+
+TEST_F(StatementFileTest, WritesTheBytesOfATextAsTheyAre) {
+    Open(path, OpenMode::Write);
+    file.WriteLine("\xef\xbb\xbf\xff\0\x01\r\t\xc3\xa9"s);
+    EXPECT_EQ(ReadBytes(path), "\xef\xbb\xbf\xff\0\x01\r\t\xc3\xa9\n"s);
+}
+
+TEST_F(StatementFileTest, WritesNothingWhileReading) {
+    OpenWith("BO_ 1\nBO_ 2\n");
+    EXPECT_TRUE(file.NextStatement());
+    file.WriteLine("text");
+    EXPECT_EQ(file.parseState, StateReading);
+    EXPECT_TRUE(file.NextStatement());
+    EXPECT_EQ(file.statement, "BO_ 2\n");
+    file.WriteLine("text");
+    EXPECT_EQ(file.parseState, StateEndOfFile);
+    file.Close();
+    EXPECT_EQ(ReadBytes(path), "BO_ 1\nBO_ 2\n");
+}
+
+TEST_F(StatementFileTest, ClosesWhenItGoesAway) {
+    {
+        StatementFile other;
+        other.Open(path.c_str(), static_cast<std::uint32_t>(path.size() + 1), OpenMode::Write);
+        other.WriteLine("text");
+    }
+    EXPECT_EQ(ReadBytes(path), "text\n");
+}
+
+// The device takes every open and refuses every byte.
+class FullDeviceTest : public StatementFileTest {
+  protected:
+    void SetUp() override {
+        if (!std::filesystem::exists("/dev/full")) {
+            GTEST_SKIP() << "no /dev/full here";
+        }
+        Open("/dev/full", OpenMode::Write);
+        ASSERT_EQ(file.parseState, StateWriting);
+    }
+};
+
+TEST_F(FullDeviceTest, ShowsAFailedLineAtTheNextOne) {
+    file.WriteLine("one");
+    EXPECT_EQ(file.parseState, StateWriting);
+    file.WriteLine("two");
+    EXPECT_EQ(file.parseState, StateStreamError);
+    file.WriteLine("three");
+    EXPECT_EQ(file.parseState, StateStreamError);
+    file.Close();
+    ExpectClosed(StateStreamError);
+}
+
+TEST_F(FullDeviceTest, ShowsAFailedLastLineAtTheClose) {
+    file.WriteLine("one");
+    EXPECT_EQ(file.parseState, StateWriting);
+    file.Close();
+    ExpectClosed(StateStreamError);
+}
+
+TEST_F(FullDeviceTest, ClosesWellWhenNothingWasWritten) {
+    file.Close();
+    ExpectClosed(StateClosed);
+}
+
+TEST_F(FullDeviceTest, WritesToTheNextFileAfterAFailure) {
+    file.WriteLine("one");
+    file.WriteLine("two");
+    Open(path, OpenMode::Write);
+    EXPECT_EQ(file.parseState, StateWriting);
+    file.WriteLine("three");
+    file.Close();
+    EXPECT_EQ(file.parseState, StateClosed);
+    EXPECT_EQ(ReadBytes(path), "three\n");
+}
+
+}  // namespace
+}  // namespace vexil

@@ -1,0 +1,170 @@
+// Tests of write/number_text.h.
+// SPDX-License-Identifier: MIT
+#include "write/number_text.h"
+
+#include <gtest/gtest.h>
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <limits>
+#include <locale>
+#include <random>
+
+#include "frame/can_message.h"
+
+namespace vexil {
+namespace {
+
+// A number as NumberPairText writes it, in both places.
+std::string NumberText(double number) {
+    const std::string pair = NumberPairText("(,)", number, number);
+    const std::string text = pair.substr(1, (pair.size() - 3) / 2);
+    EXPECT_EQ(pair, '(' + text + ',' + text + ')');
+    return text;
+}
+
+TEST(NumberPairText, PutsTheSeparatorsAroundTheNumbers) {
+    EXPECT_EQ(NumberPairText("(,)", 0.1, -40), "(0.1,-40)");
+    EXPECT_EQ(NumberPairText("[|]", 0, 6553.5), "[0|6553.5]");
+}
+
+TEST(NumberPairText, WritesAtMostTenDigits) {
+    const std::pair<double, std::string_view> cases[] = {
+        {1, "1"},
+        {0, "0"},
+        {-0.0, "-0"},
+        {0.1, "0.1"},
+        {0.30000000000000004, "0.3"},
+        {0.0001, "0.0001"},
+        {0.00001, "1e-05"},
+        {-40, "-40"},
+        {100000, "100000"},
+        {4294967295.0, "4294967295"},
+        {9999999999.5, "1e+10"},
+        {12345678901.0, "1.23456789e+10"},
+        {18446744073709551615.0, "1.844674407e+19"},
+        // Both sides of each limit.
+        {9999999999.0, "9999999999"},
+        {9999999999.4, "9999999999"},
+        {10000000000.0, "1e+10"},
+        {-9999999999.0, "-9999999999"},
+        {-10000000000.0, "-1e+10"},
+        {1234567890.4, "1234567890"},
+        {1234567890.6, "1234567891"},
+        {0.00009999999999, "9.999999999e-05"},
+        {0.000099999999999, "0.0001"},
+        {0.00012345678905, "0.0001234567891"},
+        {1.0000000001, "1"},
+        {1.000000001, "1.000000001"},
+        {0.5, "0.5"},
+        {100.25, "100.25"},
+        {1e100, "1e+100"},
+        {1.5e-300, "1.5e-300"},
+        {std::numeric_limits<double>::max(), "1.797693135e+308"},
+        {std::numeric_limits<double>::min(), "2.225073859e-308"},
+        {std::numeric_limits<double>::denorm_min(), "4.940656458e-324"},
+    };
+    for (const auto& [number, text] : cases) {
+        EXPECT_EQ(NumberText(number), text);
+    }
+}
+
+TEST(NumberPairText, TellsWholeNumbersByTheSameRule) {
+    for (const std::int64_t number : {7LL, -7LL, 1000000LL, 123456789LL, 1234567890LL}) {
+        EXPECT_EQ(NumberText(static_cast<double>(number)), std::to_string(number));
+    }
+    EXPECT_EQ(NumberText(12345678900.0), "1.23456789e+10");
+}
+
+// A platform has its own spelling of these; the writer gives them no other.
+TEST(NumberPairText, LeavesInfinityAndNotANumberToThePlatform) {
+    const double infinity = std::numeric_limits<double>::infinity();
+    const double notANumber = std::numeric_limits<double>::quiet_NaN();
+    for (const double number : {infinity, -infinity, notANumber, -notANumber}) {
+        char expected[32];
+        std::snprintf(expected, sizeof expected, "%.10g", number);
+        EXPECT_EQ(NumberText(number), expected);
+    }
+}
+
+TEST(NumberPairText, IsPrintfWithTenDigitsOnRandomNumbers) {
+    constexpr unsigned Seed = 60517;
+    std::mt19937_64 random(Seed);
+    const auto expectAsPrinted = [&](double number) {
+        char expected[64];
+        std::snprintf(expected, sizeof expected, "%.10g", number);
+        ASSERT_EQ(NumberText(number), expected) << "seed " << Seed;
+    };
+    for (int power = -323; power <= 308; ++power) {
+        const double number = std::pow(10.0, power);
+        expectAsPrinted(number);
+        expectAsPrinted(-number);
+        expectAsPrinted(std::nextafter(number, 0));
+        expectAsPrinted(std::nextafter(number, std::numeric_limits<double>::infinity()));
+    }
+    for (int round = 0; round < 20000; ++round) {
+        expectAsPrinted(std::bit_cast<double>(random()));                   // any bit pattern
+        expectAsPrinted(std::bit_cast<double>(random() >> 12));             // denormal
+        expectAsPrinted(static_cast<double>(random() >> (random() % 64)));  // whole
+        expectAsPrinted(-static_cast<double>(random() % 1000000) / 1000);   // of few digits
+        expectAsPrinted(static_cast<double>(random() % 100000000000) / 10 + 0.05);  // on the edge
+    }
+}
+
+class CommaAndGroups : public std::numpunct<char> {
+  protected:
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+// Sets a global locale with a decimal comma and groups of three, and takes it back.
+class GlobalLocale {
+  public:
+    GlobalLocale()
+        : former(std::locale::global(std::locale(std::locale::classic(), new CommaAndGroups))) {}
+    GlobalLocale(const GlobalLocale&) = delete;
+    GlobalLocale& operator=(const GlobalLocale&) = delete;
+    ~GlobalLocale() { std::locale::global(former); }
+
+  private:
+    std::locale former;
+};
+
+TEST(NumberPairText, TakesPointAndGroupsOfTheGlobalLocaleOfTheMoment) {
+    {
+        const GlobalLocale locale;
+        EXPECT_EQ(NumberPairText("(,)", 0.5, -40), "(0,5,-40)");
+        EXPECT_EQ(NumberPairText("[|]", 1234567.25, 1000), "[1.234.567,25|1.000]");
+    }
+    EXPECT_EQ(NumberPairText("(,)", 0.5, -40), "(0.5,-40)");
+    EXPECT_EQ(NumberPairText("[|]", 1234567.25, 1000), "[1234567.25|1000]");
+}
+
+TEST(NumberPairText, IsTheOnlyTextThatALocaleChanges) {
+    CANMessage message;
+    message.isEmpty = false;
+    message.id = 2147483938U;
+    message.name = "Engine";
+    message.comment = "text";
+    message.dlc = 1000;
+    CANSignal signal;
+    signal.isEmpty = false;
+    signal.name = "Speed";
+    signal.multiplexType = MultiplexSelected;
+    signal.multiplexValue = 1234;
+    signal.startBit = 5678;
+    signal.bitLength = 9012;
+    signal.enums.Add(-123456, "x");
+    const GlobalLocale locale;
+    EXPECT_EQ(message.FormatMessageLine(), "BO_ 2147483938 Engine: 1000 Marrowby");
+    EXPECT_EQ(message.FormatMessageComment(), "CM_ BO_ 2147483938 \"text\";");
+    EXPECT_EQ(signal.FormatSignalHead(), "SG_ Speed m1234 :");
+    EXPECT_EQ(signal.FormatBitLayout(), "5678|9012@1+");
+    EXPECT_EQ(signal.FormatValueDescription(message.id), "VAL_ 2147483938 Speed -123456 \"x\";");
+}
+
+}  // namespace
+}  // namespace vexil

@@ -1,0 +1,347 @@
+// Tests of write/unique_names.cpp.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "write/model.h"
+#include "write/unique_names_twin.h"
+
+namespace vexil {
+namespace {
+
+using Names = std::vector<std::string>;
+
+const std::string Base27 = "Abcdefghijklmnopqrstuvwxyz_";
+
+std::shared_ptr<CANSignal> Signal(std::string_view name, bool hasNameSuffix = false) {
+    auto signal = test::NewSignal(name);
+    signal->hasNameSuffix = hasNameSuffix;
+    return signal;
+}
+
+TEST(AddUniqueSuffix, WritesTheIndexOverTheLastDigits) {
+    const std::pair<std::uint32_t, std::string_view> cases[] = {
+        {0, "S_0000"},  {1, "S_0001"},   {9, "S_0009"},    {10, "S_0010"},
+        {42, "S_0042"}, {999, "S_0999"}, {1000, "S_1000"}, {9999, "S_9999"},
+    };
+    for (const auto& [index, name] : cases) {
+        const auto signal = Signal("S");
+        EXPECT_TRUE(signal->AddUniqueSuffix(index));
+        EXPECT_EQ(signal->name, name);
+        EXPECT_TRUE(signal->hasNameSuffix);
+    }
+}
+
+TEST(AddUniqueSuffix, RefusesAnIndexOf10000AndMore) {
+    for (const std::uint32_t index : {10000U, 10001U, 4294967295U}) {
+        const auto signal = Signal("S");
+        EXPECT_FALSE(signal->AddUniqueSuffix(index));
+        EXPECT_EQ(signal->name, "S");
+        EXPECT_FALSE(signal->hasNameSuffix);
+    }
+}
+
+TEST(AddUniqueSuffix, RefusesAnEmptySignal) {
+    const auto signal = Signal("S");
+    signal->isEmpty = true;
+    EXPECT_FALSE(signal->AddUniqueSuffix(0));
+    EXPECT_EQ(signal->name, "S");
+    EXPECT_FALSE(signal->hasNameSuffix);
+}
+
+TEST(AddUniqueSuffix, KeepsTheNameWithin32Characters) {
+    const std::string letters = Base27 + "12345";
+    for (std::size_t size = 26; size <= 32; ++size) {
+        const auto signal = Signal(letters.substr(0, size));
+        EXPECT_TRUE(signal->AddUniqueSuffix(7));
+        EXPECT_EQ(signal->name, letters.substr(0, std::min<std::size_t>(size, 27)) + "_0007")
+            << size;
+    }
+}
+
+TEST(AddUniqueSuffix, GivesANameWithoutCharactersASuffixAlone) {
+    const auto signal = Signal("");
+    EXPECT_TRUE(signal->AddUniqueSuffix(3));
+    EXPECT_EQ(signal->name, "_0003");
+}
+
+TEST(AddUniqueSuffix, ReplacesASuffixThatItGave) {
+    const auto signal = Signal("S_0007", true);
+    EXPECT_TRUE(signal->AddUniqueSuffix(12));
+    EXPECT_EQ(signal->name, "S_0012");
+    const auto longest = Signal(Base27 + "_0007", true);
+    EXPECT_TRUE(longest->AddUniqueSuffix(8));
+    EXPECT_EQ(longest->name, Base27 + "_0008");
+    // One that the name had from the start is part of the name.
+    const auto plain = Signal("S_0007");
+    EXPECT_TRUE(plain->AddUniqueSuffix(12));
+    EXPECT_EQ(plain->name, "S_0007_0012");
+}
+
+TEST(AddUniqueSuffix, ChangesNothingButTheName) {
+    const auto signal = Signal("S");
+    signal->longName = "Long";
+    signal->rawName = "Raw";
+    signal->AddUniqueSuffix(0);
+    EXPECT_EQ(signal->longName, "Long");
+    EXPECT_EQ(signal->rawName, "Raw");
+}
+
+TEST(BaseName, IsTheNameWithoutTheSuffixThatItWasGiven) {
+    EXPECT_EQ(Signal("S_0007", true)->BaseName(), "S");
+    EXPECT_EQ(Signal("S_0007", false)->BaseName(), "S_0007");
+    EXPECT_EQ(Signal("_0000", true)->BaseName(), "");
+    EXPECT_EQ(Signal("")->BaseName(), "");
+}
+
+class MakeSignalNamesUnique : public test::ModelTest {
+  protected:
+    static CANMessage& MessageWith(const Names& names) {
+        CANMessage& message = AddMessage(1, "M");
+        for (const std::string& name : names) {
+            AddSignal(message, name);
+        }
+        return message;
+    }
+
+    struct Pass {
+        bool foundDuplicate;
+        Names names;
+    };
+
+    static void ExpectPasses(const Names& names, const std::vector<Pass>& passes) {
+        CANMessage& message = MessageWith(names);
+        for (std::size_t at = 0; at < passes.size(); ++at) {
+            EXPECT_EQ(message.MakeSignalNamesUnique(), passes[at].foundDuplicate) << "pass " << at;
+            EXPECT_EQ(SignalNames(message), passes[at].names) << "pass " << at;
+        }
+    }
+};
+
+TEST_F(MakeSignalNamesUnique, LeavesUniqueNames) {
+    ExpectPasses({}, {{false, {}}});
+    ExpectPasses({"A"}, {{false, {"A"}}});
+    ExpectPasses({"A", "B", ""}, {{false, {"A", "B", ""}}, {false, {"A", "B", ""}}});
+}
+
+TEST_F(MakeSignalNamesUnique, LeavesALongUniqueNameAtItsLength) {
+    const std::string name(40, 'x');
+    ExpectPasses({name, "A"}, {{false, {name, "A"}}});
+}
+
+TEST_F(MakeSignalNamesUnique, NumbersEqualNamesInTheirOrder) {
+    const Names once = {"A_0000", "B", "A_0001", "A_0002"};
+    ExpectPasses({"A", "B", "A", "A"}, {{true, once}, {true, once}, {true, once}});
+}
+
+TEST_F(MakeSignalNamesUnique, NumbersEachGroupOnItsOwn) {
+    const Names once = {"A_0000", "B_0000", "A_0001", "B_0001", "C"};
+    ExpectPasses({"A", "B", "A", "B", "C"}, {{true, once}, {true, once}});
+}
+
+TEST_F(MakeSignalNamesUnique, NumbersNamesWithoutCharacters) {
+    ExpectPasses({"", "A", ""}, {{true, {"_0000", "A", "_0001"}}});
+}
+
+TEST_F(MakeSignalNamesUnique, ComparesEveryByteAndTheCase) {
+    ExpectPasses({"Abc", "abc", "ABC", "Abc_"}, {{false, {"Abc", "abc", "ABC", "Abc_"}}});
+}
+
+TEST_F(MakeSignalNamesUnique, TakesASuffixOfTheFileForPartOfTheName) {
+    ExpectPasses({"A_0000", "A_0000", "A_0000"},
+                 {{true, {"A_0000_0000", "A_0000_0001", "A_0000_0002"}}});
+    // So a name that looks like one of the suffixed ones stands twice for good.
+    ExpectPasses({"A", "A", "A_0000"},
+                 {{true, {"A_0000", "A_0001", "A_0000"}}, {true, {"A_0000", "A_0001", "A_0000"}}});
+}
+
+TEST_F(MakeSignalNamesUnique, LeavesTheNamesOfOtherMessages) {
+    CANMessage& first = AddMessage(1, "M");
+    CANMessage& second = AddMessage(1, "M");
+    AddSignal(first, "A");
+    AddSignal(second, "A");
+    EXPECT_FALSE(first.MakeSignalNamesUnique());
+    EXPECT_FALSE(second.MakeSignalNamesUnique());
+    EXPECT_EQ(SignalNames(first), (Names{"A"}));
+    EXPECT_EQ(SignalNames(second), (Names{"A"}));
+}
+
+TEST_F(MakeSignalNamesUnique, KeepsLongNamesAndMarksTheSuffix) {
+    CANMessage& message = MessageWith({"A", "A", "B"});
+    message.MakeSignalNamesUnique();
+    EXPECT_EQ(message.signals[0]->longName, "A");
+    EXPECT_EQ(message.signals[1]->rawName, "A");
+    EXPECT_TRUE(message.signals[0]->hasNameSuffix);
+    EXPECT_TRUE(message.signals[1]->hasNameSuffix);
+    EXPECT_FALSE(message.signals[2]->hasNameSuffix);
+}
+
+TEST_F(MakeSignalNamesUnique, KeepsNamesOf27To32CharactersWithin32) {
+    const std::string letters = Base27 + "12345";
+    for (std::size_t size = 27; size <= 32; ++size) {
+        const std::string name = letters.substr(0, size);
+        ExpectPasses({name, name}, {{true, {Base27 + "_0000", Base27 + "_0001"}},
+                                    {true, {Base27 + "_0000", Base27 + "_0001"}}});
+    }
+}
+
+TEST_F(MakeSignalNamesUnique, MixesGroupsThatDifferOnlyBehindThe27thCharacter) {
+    const std::string b = Base27 + "B";
+    const std::string c = Base27 + "C";
+    const auto suffixed = [](std::initializer_list<const char*> numbers) {
+        Names names;
+        for (const char* number : numbers) {
+            names.push_back(Base27 + "_" + number);
+        }
+        return names;
+    };
+    // The first pass numbers two groups, the second finds one of four and numbers it afresh.
+    ExpectPasses({b, b, c, c}, {{true, suffixed({"0000", "0001", "0000", "0001"})},
+                                {true, suffixed({"0000", "0001", "0002", "0003"})},
+                                {true, suffixed({"0000", "0001", "0002", "0003"})}});
+    ExpectPasses({b, c, b, c}, {{true, suffixed({"0000", "0000", "0001", "0001"})},
+                                {true, suffixed({"0000", "0001", "0002", "0003"})}});
+}
+
+// A name of 27 characters meets a group that was cut to it, within a pass when it stands between
+// them and at the next pass when it stands behind them.
+TEST_F(MakeSignalNamesUnique, MixesACutGroupWithTheNameThatItWasCutTo) {
+    const std::string longer = Base27 + "B";
+    const std::string zero = Base27 + "_0000";
+    const std::string one = Base27 + "_0001";
+    const std::string two = Base27 + "_0002";
+    ExpectPasses({longer, Base27, longer}, {{true, {zero, zero, one}}, {true, {zero, one, two}}});
+    ExpectPasses({longer, longer, Base27}, {{true, {zero, one, Base27}}, {true, {zero, one, two}}});
+    ExpectPasses({Base27, longer, longer}, {{true, {Base27, zero, one}}, {true, {zero, one, two}}});
+}
+
+TEST_F(MakeSignalNamesUnique, GivesASignalThatCameLaterTheNextFreePlace) {
+    CANMessage& message = MessageWith({"A", "A"});
+    message.MakeSignalNamesUnique();
+    AddSignal(message, "B");
+    AddSignal(message, "A");
+    EXPECT_TRUE(message.MakeSignalNamesUnique());
+    EXPECT_EQ(SignalNames(message), (Names{"A_0000", "A_0001", "B", "A_0002"}));
+}
+
+TEST_F(MakeSignalNamesUnique, NumbersAfreshWhenASignalCameInBetween) {
+    CANMessage& message = MessageWith({"A", "A"});
+    message.MakeSignalNamesUnique();
+    AddSignal(message, "A");
+    std::swap(message.signals[0], message.signals[2]);
+    EXPECT_TRUE(message.MakeSignalNamesUnique());
+    EXPECT_EQ(SignalNames(message), (Names{"A_0000", "A_0001", "A_0002"}));
+    EXPECT_TRUE(message.signals[0]->hasNameSuffix);
+}
+
+TEST_F(MakeSignalNamesUnique, KeepsASuffixWithoutItsGroup) {
+    CANMessage& message = MessageWith({"A", "A"});
+    message.MakeSignalNamesUnique();
+    message.signals.erase(message.signals.begin());
+    EXPECT_FALSE(message.MakeSignalNamesUnique());
+    EXPECT_EQ(SignalNames(message), (Names{"A_0001"}));
+}
+
+TEST_F(MakeSignalNamesUnique, CountsAnEmptySignalAndLeavesItsName) {
+    CANMessage& message = MessageWith({"A", "A", "A"});
+    message.signals[1]->isEmpty = true;
+    EXPECT_TRUE(message.MakeSignalNamesUnique());
+    EXPECT_EQ(SignalNames(message), (Names{"A_0000", "A", "A_0002"}));
+    message.signals[0]->isEmpty = true;
+    EXPECT_TRUE(message.MakeSignalNamesUnique());
+    EXPECT_EQ(SignalNames(message), (Names{"A_0000", "A", "A_0002"}));
+}
+
+TEST_F(MakeSignalNamesUnique, NumbersAFullMessage) {
+    CANMessage& message = MessageWith(Names(MaxSignalsPerMessage, "A"));
+    EXPECT_TRUE(message.MakeSignalNamesUnique());
+    EXPECT_EQ(message.signals.front()->name, "A_0000");
+    EXPECT_EQ(message.signals.back()->name, "A_9999");
+}
+
+TEST_F(MakeSignalNamesUnique, HasNoSuffixForMoreThan10000Signals) {
+    CANMessage& message = MessageWith(Names(MaxSignalsPerMessage + 2, "A"));
+    EXPECT_TRUE(message.MakeSignalNamesUnique());
+    EXPECT_EQ(message.signals[9999]->name, "A_9999");
+    EXPECT_EQ(message.signals[10000]->name, "A");
+    EXPECT_EQ(message.signals[10001]->name, "A");
+    EXPECT_FALSE(message.signals[10001]->hasNameSuffix);
+}
+
+// -- Against the plain steps, on names that are made to meet --
+
+class RandomNames {
+  public:
+    explicit RandomNames(unsigned seed) : random(seed) {}
+
+    unsigned Below(unsigned limit) { return static_cast<unsigned>(random() % limit); }
+
+    // 24 to 32 characters of which at most the last eight are not fixed; now and then a short one.
+    std::string Name() {
+        if (Below(12) == 0) {
+            return std::string(Below(4), 'A') + (Below(2) == 0 ? "_0000" : "");
+        }
+        std::string name = Below(8) == 0 ? std::string(24, 'Y') : std::string(24, 'X');
+        for (unsigned more = Below(9); more != 0; --more) {
+            name += "A_0"[Below(4) == 0 ? Below(3) : 0];
+        }
+        if (name.size() <= 27 && Below(4) == 0) {
+            name += Below(2) == 0 ? "_0000" : "_0001";
+        }
+        return name;
+    }
+
+    test::TwinSignal Signal() {
+        test::TwinSignal signal{Name(), false, Below(20) == 0};
+        if (Below(3) == 0) {
+            signal.name = signal.name.substr(0, 27) + "_000" + static_cast<char>('0' + Below(4));
+            signal.hasNameSuffix = true;
+        }
+        return signal;
+    }
+
+  private:
+    std::mt19937 random;
+};
+
+TEST_F(MakeSignalNamesUnique, IsThePlainStepsOnRandomNames) {
+    constexpr unsigned Seed = 20240;
+    constexpr int Rounds = 4000;
+    RandomNames random(Seed);
+    int duplicates = 0;
+    int unsettled = 0;
+    for (int round = 0; round < Rounds; ++round) {
+        std::vector<test::TwinSignal> twins(random.Below(14));
+        CANMessage message;
+        for (test::TwinSignal& twin : twins) {
+            twin = random.Signal();
+            auto signal = std::make_shared<CANSignal>();
+            signal->name = twin.name;
+            signal->hasNameSuffix = twin.hasNameSuffix;
+            signal->isEmpty = twin.isEmpty;
+            message.signals.push_back(signal);
+        }
+        for (int pass = 0; pass < 4; ++pass) {
+            const std::vector<test::TwinSignal> before = twins;
+            const bool twinFound = TwinMakeSignalNamesUnique(twins);
+            ASSERT_EQ(message.MakeSignalNamesUnique(), twinFound)
+                << "seed " << Seed << ", round " << round << ", pass " << pass;
+            for (std::size_t at = 0; at < twins.size(); ++at) {
+                const CANSignal& signal = *message.signals[at];
+                ASSERT_EQ(signal.name, twins[at].name)
+                    << "seed " << Seed << ", round " << round << ", pass " << pass;
+                ASSERT_EQ(signal.hasNameSuffix, twins[at].hasNameSuffix)
+                    << "seed " << Seed << ", round " << round << ", pass " << pass;
+            }
+            duplicates += twinFound ? 1 : 0;
+            unsettled += pass > 0 && before != twins ? 1 : 0;
+        }
+    }
+    // The names would prove nothing if they never met, or only within a group.
+    EXPECT_GT(duplicates, Rounds);
+    EXPECT_GT(unsettled, Rounds / 50);
+}
+
+}  // namespace
+}  // namespace vexil

@@ -1,0 +1,387 @@
+// Tests of write/write_driver.h.
+// SPDX-License-Identifier: MIT
+#include "write/write_driver.h"
+
+#include <gtest/gtest.h>
+
+#ifdef __linux__
+#include <sys/resource.h>
+
+#include <csignal>
+#endif
+
+#include "write/model.h"
+
+namespace vexil {
+namespace {
+
+using test::ReadBytes;
+using test::Text;
+using test::WriteBytes;
+
+// The first 34 lines, the same in every file.
+std::string Head() {
+    return Text({
+        "VERSION \"\"",
+        "",
+        "NS_ :",
+        "    NS_DESC_",
+        "    CM_",
+        "    BA_DEF_",
+        "    BA_",
+        "    VAL_",
+        "    CAT_DEF_",
+        "    CAT_",
+        "    FILTER",
+        "    BA_DEF_DEF_",
+        "    EV_DATA_",
+        "    ENVVAR_DATA_",
+        "    SGTYPE_",
+        "    SGTYPE_VAL_",
+        "    BA_DEF_SGTYPE_",
+        "    BA_SGTYPE_",
+        "    SIG_TYPE_REF_",
+        "    VAL_TABLE_",
+        "    SIG_GROUP_",
+        "    SIG_VALTYPE_",
+        "    SIGTYPE_VALTYPE_",
+        "    BO_TX_BU_",
+        "    BA_DEF_REL_",
+        "    BA_REL_",
+        "    BA_DEF_DEF_REL_",
+        "    BU_SG_REL_",
+        "    BU_EV_REL_",
+        "    BU_BO_REL_",
+        "    SG_MUL_VAL_",
+        "",
+        "BS_ :",
+        "",
+    });
+}
+
+class WriteDbcFile : public test::ModelTest {
+  protected:
+    // One message with two signals that brings a line of every section but the attributes.
+    static void AddSmallDatabase() {
+        CANMessage& message = AddMessage(291, "Engine", "ECU1");
+        message.dlc = 8;
+        message.comment = "Main data";
+        CANSignal& speed = AddSignal(message, "Speed", {"ABS"});
+        speed.bitLength = 16;
+        speed.factor = 0.1;
+        speed.maximum = 6553.5;
+        speed.unit = "km/h";
+        speed.comment = "Vehicle speed";
+        test::Describe(speed, {{0, "Off"}, {1, "On"}});
+        CANSignal& temp = AddSignal(message, "Temp");
+        temp.startBit = 16;
+        temp.bitLength = 32;
+        temp.valueType = ValueFloat32;
+        temp.factor = 1;
+    }
+
+    // A message whose two signals get suffixes when a write gets that far.
+    static CANMessage& AddDuplicates() {
+        CANMessage& message = AddMessage(1, "M");
+        AddSignal(message, "A");
+        AddSignal(message, "A");
+        return message;
+    }
+
+    static bool HasSuffixes(const CANMessage& message) {
+        return SignalNames(message) == std::vector<std::string>{"A_0000", "A_0001"};
+    }
+
+    static bool HasNoSuffixes(const CANMessage& message) {
+        return SignalNames(message) == std::vector<std::string>{"A", "A"};
+    }
+
+    static WriteResult WriteBuffer(const char* path, std::uint32_t size) {
+        WriteResult result{true, 99};
+        result.succeeded = vexil::WriteDbcFile(path, size, OrderAsStored, result.code);
+        return result;
+    }
+};
+
+TEST_F(WriteDbcFile, WritesEverySectionInItsPlace) {
+    AddSmallDatabase();
+    const std::string file = WrittenFile();
+    EXPECT_EQ(file, Head() + Text({
+                                 "BU_ :  Marrowby ECU1 ABS",
+                                 "",
+                                 "BO_ 291 Engine: 8 ECU1",
+                                 " SG_ Speed : 0|16@1+ (0.1,0) [0|6553.5] \"km/h\" ABS",
+                                 " SG_ Temp : 16|32@1- (1,0) [0|0] \"\" Marrowby",
+                                 "",
+                                 "CM_ BO_ 291 \"Main data\";",
+                                 "CM_ SG_ 291 Speed \"Vehicle speed\";",
+                                 "VAL_ 291 Speed 0 \"Off\" 1 \"On\";",
+                                 "SIG_VALTYPE_ 291 Temp : 1;",
+                             }));
+    EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 44);
+}
+
+TEST_F(WriteDbcFile, LeavesNothingOfEmptySections) {
+    AddSmallDatabase();
+    CANMessage& message = *database.messages.front();
+    message.comment.clear();
+    message.signals[0]->comment.clear();
+    message.signals[0]->enums.Clear();
+    message.signals[1]->valueType = ValueSigned;
+    EXPECT_EQ(WrittenFile(), Head() + Text({
+                                          "BU_ :  Marrowby ECU1 ABS",
+                                          "",
+                                          "BO_ 291 Engine: 8 ECU1",
+                                          " SG_ Speed : 0|16@1+ (0.1,0) [0|6553.5] \"km/h\" ABS",
+                                          " SG_ Temp : 16|32@1- (1,0) [0|0] \"\" Marrowby",
+                                          "",
+                                      }));
+}
+
+TEST_F(WriteDbcFile, PutsAttributesBetweenCommentsAndValueDescriptions) {
+    AddSmallDatabase();
+    database.messages.front()->longName = "Engine data";
+    database.info.busType = BusCanFd;
+    EXPECT_EQ(WrittenFile(), Head() + Text({
+                                          "BU_ :  Marrowby ECU1 ABS",
+                                          "",
+                                          "BO_ 291 Engine: 8 ECU1",
+                                          " SG_ Speed : 0|16@1+ (0.1,0) [0|6553.5] \"km/h\" ABS",
+                                          " SG_ Temp : 16|32@1- (1,0) [0|0] \"\" Marrowby",
+                                          "",
+                                          "CM_ BO_ 291 \"Main data\";",
+                                          "CM_ SG_ 291 Speed \"Vehicle speed\";",
+                                          "BA_DEF_ \"BusType\" STRING ;",
+                                          "BA_DEF_ BO_ \"Marrowby_Msg_Name\" STRING ;",
+                                          "BA_DEF_DEF_ \"BusType\" \"CAN FD\";",
+                                          "BA_DEF_DEF_ \"Marrowby_Msg_Name\" \"\";",
+                                          "BA_ \"Marrowby_Msg_Name\" BO_ 291 \"Engine data\";",
+                                          "VAL_ 291 Speed 0 \"Off\" 1 \"On\";",
+                                          "SIG_VALTYPE_ 291 Temp : 1;",
+                                      }));
+}
+
+TEST_F(WriteDbcFile, HandsTheWriteOrderToEverySectionBehindTheNodeList) {
+    for (const auto& [id, name] : {std::pair{5U, "B"}, std::pair{100U, "C"}, std::pair{7U, "A"}}) {
+        CANMessage& message = AddMessage(id, name, std::string("N") + name);
+        message.longName = std::string("long ") + name;
+        test::Describe(AddSignal(message, "S", {"N"}), {{0, name}});
+        CANSignal& other = AddSignal(message, "F", {"N"});
+        other.valueType = ValueFloat32;
+        other.comment = name;
+    }
+    const auto file = [](std::initializer_list<std::pair<int, char>> order) {
+        std::string blocks;
+        std::string comments;
+        std::string names;
+        std::string values;
+        std::string types;
+        for (const auto& [number, letter] : order) {
+            const std::string id = std::to_string(number);
+            blocks += "BO_ " + id + ' ' + letter + ": 0 N" + letter +
+                      "\n SG_ S : 0|0@1+ (0,0) [0|0] \"\" N\n"
+                      " SG_ F : 0|0@1- (0,0) [0|0] \"\" N\n\n";
+            comments += "\nCM_ SG_ " + id + " F \"" + letter + "\";\n";
+            names += "BA_ \"Marrowby_Msg_Name\" BO_ " + id + " \"long " + letter + "\";\n";
+            values += "VAL_ " + id + " S 0 \"" + letter + "\";\n";
+            types += "SIG_VALTYPE_ " + id + " F : 1;\n";
+        }
+        return Head() + "BU_ :  NC NB NA N\n\n" + blocks + comments +
+               "BA_DEF_ BO_ \"Marrowby_Msg_Name\" STRING ;\n"
+               "BA_DEF_DEF_ \"Marrowby_Msg_Name\" \"\";\n" +
+               names + values + types;
+    };
+    EXPECT_EQ(WrittenFile(0), file({{100, 'C'}, {7, 'A'}, {5, 'B'}}));
+    EXPECT_EQ(WrittenFile(1), file({{7, 'A'}, {5, 'B'}, {100, 'C'}}));
+    EXPECT_EQ(WrittenFile(2), file({{5, 'B'}, {100, 'C'}, {7, 'A'}}));
+    EXPECT_EQ(WrittenFile(7), file({{5, 'B'}, {100, 'C'}, {7, 'A'}}));
+}
+
+TEST_F(WriteDbcFile, LeavesTheOrderOfTheDatabase) {
+    AddMessage(5, "B");
+    AddMessage(100, "A");
+    WrittenFile(OrderByIdDescending);
+    WrittenFile(OrderByNameAscending);
+    EXPECT_EQ(database.messages[0]->id, 5U);
+    EXPECT_EQ(database.messages[1]->id, 100U);
+}
+
+TEST_F(WriteDbcFile, MakesSignalNamesUniqueForGood) {
+    CANMessage& message = AddDuplicates();
+    const std::string expected = Head() + Text({
+                                              "BU_ :  Marrowby",
+                                              "",
+                                              "BO_ 1 M: 0 Marrowby",
+                                              " SG_ A_0000 : 0|0@1+ (0,0) [0|0] \"\" Marrowby",
+                                              " SG_ A_0001 : 0|0@1+ (0,0) [0|0] \"\" Marrowby",
+                                              "",
+                                              "BA_DEF_ SG_ \"Marrowby_Sig_Name\" STRING ;",
+                                              "BA_DEF_DEF_ \"Marrowby_Sig_Name\" \"\";",
+                                              "BA_ \"Marrowby_Sig_Name\" SG_ 1 A_0000 \"A\";",
+                                              "BA_ \"Marrowby_Sig_Name\" SG_ 1 A_0001 \"A\";",
+                                          });
+    EXPECT_EQ(WrittenFile(), expected);
+    EXPECT_TRUE(HasSuffixes(message));
+    EXPECT_EQ(WrittenFile(), expected);
+    EXPECT_TRUE(HasSuffixes(message));
+}
+
+TEST_F(WriteDbcFile, MakesTheNamesOfEveryMessageUniqueUnderEveryOrder) {
+    for (const std::uint32_t order : {0U, 1U, 2U}) {
+        Empty();
+        const CANMessage& first = AddDuplicates();
+        const CANMessage& second = AddDuplicates();
+        WrittenFile(order);
+        EXPECT_TRUE(HasSuffixes(first));
+        EXPECT_TRUE(HasSuffixes(second));
+    }
+}
+
+TEST_F(WriteDbcFile, WritesMessagesOfOneNameAndIdAsTheyStand) {
+    AddMessage(1, "M", "A");
+    AddMessage(1, "M", "B");
+    EXPECT_EQ(WrittenFile(), Head() + "BU_ :  B A\n\nBO_ 1 M: 0 A\n\nBO_ 1 M: 0 B\n\n");
+}
+
+TEST_F(WriteDbcFile, EmptiesAFileThatIsLonger) {
+    AddMessage(1, "M", "A");
+    const std::string path = folder.File("old.dbc");
+    WriteBytes(path, std::string(100000, 'x'));
+    EXPECT_EQ(Write(path), (WriteResult{true, 2}));
+    EXPECT_EQ(ReadBytes(path), Head() + "BU_ :  A\n\nBO_ 1 M: 0 A\n\n");
+}
+
+TEST_F(WriteDbcFile, RefusesAnEmptyDatabaseWithoutTouchingAFile) {
+    const std::string path = folder.File("kept.dbc");
+    WriteBytes(path, "kept");
+    EXPECT_EQ(Write(path), (WriteResult{false, 2}));
+    EXPECT_EQ(ReadBytes(path), "kept");
+    const std::string fresh = folder.File("fresh.dbc");
+    EXPECT_EQ(Write(fresh), (WriteResult{false, 2}));
+    EXPECT_FALSE(std::filesystem::exists(fresh));
+}
+
+TEST_F(WriteDbcFile, RefusesAnEmptyDatabaseBeforeItLooksAtThePath) {
+    EXPECT_EQ(WriteBuffer("", 0), (WriteResult{false, 2}));
+    EXPECT_EQ(WriteBuffer("x", 261), (WriteResult{false, 2}));
+    EXPECT_EQ(WriteBuffer(nullptr, 5), (WriteResult{false, 2}));
+}
+
+TEST_F(WriteDbcFile, RefusesABadPathWithTheModelUntouched) {
+    const CANMessage& message = AddDuplicates();
+    const std::string tooLong = folder.File("a.dbc") + std::string(300, '\0');
+    EXPECT_EQ(WriteBuffer(tooLong.data(), 261), (WriteResult{false, 3}));
+    EXPECT_FALSE(std::filesystem::exists(folder.File("a.dbc")));
+    EXPECT_EQ(WriteBuffer("\xFF\xFF\xFF\xFF/x", 7), (WriteResult{false, 4}));
+    EXPECT_EQ(WriteBuffer("", 1), (WriteResult{false, 5}));
+    EXPECT_EQ(WriteBuffer("x", 0), (WriteResult{false, 5}));
+    EXPECT_EQ(Write(folder.File("missing/a.dbc")), (WriteResult{false, 6}));
+    EXPECT_EQ(Write(folder.File("")), (WriteResult{false, 6}));
+    EXPECT_TRUE(HasNoSuffixes(message));
+}
+
+TEST_F(WriteDbcFile, AcceptsAPathBufferOf260Bytes) {
+    AddMessage(1, "M", "A");
+    const std::string path = folder.File("a.dbc") + std::string(300, '\0');
+    EXPECT_EQ(WriteBuffer(path.data(), 260), (WriteResult{true, 2}));
+    EXPECT_TRUE(std::filesystem::exists(folder.File("a.dbc")));
+}
+
+TEST_F(WriteDbcFile, TakesTheLastByteOfTheBufferForTheTerminator) {
+    AddMessage(1, "M", "A");
+    const std::string path = folder.File("a.dbcx");
+    EXPECT_EQ(WriteBuffer(path.data(), static_cast<std::uint32_t>(path.size())),
+              (WriteResult{true, 2}));
+    EXPECT_TRUE(std::filesystem::exists(folder.File("a.dbc")));
+}
+
+#ifdef __linux__
+
+// Lets files of the process grow to a size and no further: what goes beyond fails as on a full
+// disk.
+class FileSizeLimit {
+  public:
+    explicit FileSizeLimit(std::size_t size) : formerHandler(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &formerLimit);
+        rlimit limit = formerLimit;
+        limit.rlim_cur = size;
+        isSet = setrlimit(RLIMIT_FSIZE, &limit) == 0;
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    ~FileSizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &formerLimit);
+        std::signal(SIGXFSZ, formerHandler);
+    }
+
+    bool isSet = false;
+
+  private:
+    void (*formerHandler)(int);
+    rlimit formerLimit{};
+};
+
+class WriteDbcFileToAFullDisk : public WriteDbcFile {
+  protected:
+    // Writes with room for so many bytes.
+    WriteResult WriteLimited(const std::string& path, std::size_t size) const {
+        const FileSizeLimit limit(size);
+        EXPECT_TRUE(limit.isSet);
+        return Write(path);
+    }
+};
+
+TEST_F(WriteDbcFileToAFullDisk, FailsAndKeepsTheNewNames) {
+    const CANMessage& message = AddDuplicates();
+    EXPECT_EQ(Write("/dev/full"), (WriteResult{false, 8}));
+    EXPECT_TRUE(HasSuffixes(message));
+}
+
+TEST_F(WriteDbcFileToAFullDisk, LeavesTheBeginningOfTheNewFile) {
+    AddSmallDatabase();
+    const std::string whole = WrittenFile();
+    const std::string path = folder.File("cut.dbc");
+    const std::size_t lastLine = whole.rfind('\n', whole.size() - 2) + 1;
+    // Every line but the last may fail: the next one finds the stream bad.
+    for (const std::size_t size :
+         {std::size_t{0}, std::size_t{5}, std::size_t{400}, lastLine - 1}) {
+        WriteBytes(path, std::string(5000, 'x'));
+        EXPECT_EQ(WriteLimited(path, size), (WriteResult{false, 8})) << size;
+        EXPECT_EQ(ReadBytes(path), whole.substr(0, size)) << size;
+    }
+}
+
+TEST_F(WriteDbcFileToAFullDisk, SucceedsWithAStreamErrorWhenOnlyTheLastLineFails) {
+    AddSmallDatabase();
+    const std::string whole = WrittenFile();
+    const std::string path = folder.File("cut.dbc");
+    const std::size_t lastLine = whole.rfind('\n', whole.size() - 2) + 1;
+    for (const std::size_t size : {lastLine, whole.size() - 1}) {
+        EXPECT_EQ(WriteLimited(path, size), (WriteResult{true, 8})) << size;
+        EXPECT_EQ(ReadBytes(path), whole.substr(0, size)) << size;
+    }
+    EXPECT_EQ(WriteLimited(path, whole.size()), (WriteResult{true, 2}));
+    EXPECT_EQ(ReadBytes(path), whole);
+}
+
+TEST_F(WriteDbcFileToAFullDisk, SucceedsWhenTheAttributesAreTheLastLineThatFails) {
+    AddMessage(1, "M", "A");
+    database.info = {ProtocolNmea, BusCanFd};
+    const std::string whole = WrittenFile();
+    // The attributes go out as one line, so none of theirs finds the failure of another.
+    const std::size_t attributes = whole.find("BA_DEF_ \"BusType\"");
+    ASSERT_NE(attributes, std::string::npos);
+    EXPECT_EQ(WriteLimited(folder.File("cut.dbc"), attributes), (WriteResult{true, 8}));
+}
+
+TEST_F(WriteDbcFileToAFullDisk, WorksAgainAfterwards) {
+    AddSmallDatabase();
+    const std::string whole = WrittenFile();
+    EXPECT_EQ(Write("/dev/full"), (WriteResult{false, 8}));
+    EXPECT_EQ(WrittenFile(), whole);
+}
+
+#endif
+
+}  // namespace
+}  // namespace vexil
