@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <limits>
 
-#include "api_test.h"
+#include "api/api_test.h"
 
 namespace vexil::test {
 namespace {

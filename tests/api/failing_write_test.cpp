@@ -6,7 +6,7 @@
 #include <csignal>
 #include <filesystem>
 
-#include "api_test.h"
+#include "api/api_test.h"
 
 namespace vexil::test {
 namespace {

@@ -4,7 +4,7 @@
 #include <limits>
 #include <vector>
 
-#include "api_test.h"
+#include "api/api_test.h"
 
 namespace vexil::test {
 namespace {

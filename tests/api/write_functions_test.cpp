@@ -6,7 +6,7 @@
 #include <sstream>
 #include <vector>
 
-#include "api_test.h"
+#include "api/api_test.h"
 
 namespace vexil::test {
 namespace {

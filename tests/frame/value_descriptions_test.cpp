@@ -65,10 +65,12 @@ TEST(ValueDescriptions, AreThoseOfAMapWhateverTheOrder) {
     for (std::uint32_t seed = 1; seed <= 2000 && !HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         test::RandomText random(seed);
-        const std::size_t values = 1 + random.Below(30);
+        const bool isLong = random.Below(10) == 0;
+        const std::size_t values = 1 + random.Below(isLong ? 200 : 30);
+        const std::size_t looks = isLong ? 200 : 6;  // one in so many
         ValueDescriptions descriptions;
         std::map<std::int32_t, std::string> expected;
-        for (std::size_t count = random.Below(60); count > 0; --count) {
+        for (std::size_t count = random.Below(isLong ? 600 : 60); count > 0; --count) {
             const std::int32_t value = static_cast<std::int32_t>(random.Below(values)) - 5;
             const std::string text(1, static_cast<char>('a' + random.Below(26)));
             const auto [entry, isNew] = expected.try_emplace(value, text);
@@ -76,7 +78,7 @@ TEST(ValueDescriptions, AreThoseOfAMapWhateverTheOrder) {
                 entry->second += " - " + text;
             }
             descriptions.Add(value, text);
-            if (random.Below(6) == 0) {
+            if (random.Below(looks) == 0) {
                 EXPECT_EQ(descriptions.Sorted(), Entries(expected.begin(), expected.end()));
             }
         }

@@ -119,15 +119,6 @@ TEST_F(EnumGrowth, OfAscendingAppendsAndFetchesInTurnIsLinear) {
     });
 }
 
-TEST_F(EnumGrowth, OfDescendingAppendsAndFetchesInTurnIsLinear) {
-    ExpectLinearWork([](std::uint32_t count) {
-        for (std::uint32_t value = count; value-- > 0;) {
-            AppendDescription(value);
-            FetchDescription(0, value);
-        }
-    });
-}
-
 INSTANTIATE_TEST_SUITE_P(Orders, EnumGrowthInOrder,
                          testing::Values(Row{"Ascending", Ascending}, Row{"Descending", Descending},
                                          Row{"Scattered", Scattered}),

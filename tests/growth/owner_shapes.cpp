@@ -125,15 +125,6 @@ Shape MessagesAndStatements(std::string name, std::string statement) {
             }};
 }
 
-// Messages of id 1 whose signals all have one name, with a value type behind each.
-Input FloatsOfOneNameInTurn(std::size_t size) {
-    Input input;
-    const std::string piece = MessageLine(1) + SignalLine("S") + ValueType("S");
-    input.messages = FillUpTo(input.text, size, [&](std::size_t) { return piece; });
-    input.signals = input.messages;
-    return input;
-}
-
 // Messages of id 1, each followed by statements for the signal that it brings.
 Input MessagesWithTheirStatements(std::size_t size) {
     Input input;
@@ -254,13 +245,10 @@ std::vector<Shape> OwnerShapes() {
         Statements("DescriptionsForNamesWithBlanks", NameWithABlank, Description, true),
         Statements("CommentsForNestedNames", NestedName, Comment),
         Statements("ValueTypesForNestedNames", NestedName, ValueType),
-        Statements("DescriptionsForNestedNames", NestedName, Description, true),
         Statements("StatementsForLateDifferences", LateDifference, AllThree, true),
         Statements("StatementsForNamesOfOneHash", NameOfOneHash, AllThree, true),
         Statements(
             "EmptyCommentsForOneName", [](std::size_t) { return "S"; }, EmptyComment),
-        Statements(
-            "ValueTypesForOneName", [](std::size_t) { return "S"; }, ValueType),
         Statements(
             "NoDescriptionsForOneName", [](std::size_t) { return "S"; }, NoDescription),
         Statements(
@@ -283,7 +271,6 @@ std::vector<Shape> OwnerShapes() {
         MessagesAndStatements("OneIdAndValueTypesOfOthers", ValueType("X")),
         MessagesAndStatements("OneIdAndDescriptionsOfOthers", Description("X")),
         MessagesAndStatements("OneIdAndEmptyComments", "CM_ BO_ 1 \"\";\n"),
-        {"OneIdAndFloatsOfOneName", FloatsOfOneNameInTurn},
         {"OneIdAndTheirStatements", MessagesWithTheirStatements},
         {"CollidingIds", CollidingIds},
     };

@@ -9,7 +9,7 @@
 
 #include "property/text_rules.h"
 #include "support/reference_text.h"
-#include "write/unique_names_twin.h"
+#include "support/unique_names_twin.h"
 
 namespace vexil::test {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <random>
 
+#include "support/unique_names_twin.h"
 #include "write/model.h"
-#include "write/unique_names_twin.h"
 
 namespace vexil {
 namespace {
