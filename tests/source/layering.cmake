@@ -94,5 +94,5 @@ endmacro()
 check_folders(check_src_include src)
 check_folders(check_header_include include)
 check_folders(check_guest_include tools examples bench
-    tests/abi tests/api tests/corpus tests/docs tests/golden tests/install tests/property tests/tool)
+    tests/abi tests/api tests/corpus tests/docs tests/golden tests/install tests/tool)
 end_check()
