@@ -24,8 +24,9 @@ bool HandleMessageStatement(std::string_view text, std::uint32_t line) {
         return false;
     }
     // Not checked: an id may come twice. Later statements then reach all messages of that id.
+    const std::uint32_t id = message->id;
     database.messages.push_back(message);
-    database.messagesById[message->id].Add(std::move(message));
+    database.messagesById[id].Add(std::move(message));
     return true;
 }
 

@@ -63,6 +63,7 @@ class BaseNameGroups {
 
 // Signals are taken in their order. One that has no suffix from this pass gives numbers to all
 // behind it that share its base name at that time, also to those that have one already.
+// NOLINTNEXTLINE(readability-make-member-function-const): it changes the signals of the message
 bool CANMessage::MakeSignalNamesUnique() {
     if (!HasDuplicates(signals)) {
         return false;

@@ -24,7 +24,9 @@ bool HasValueDescription(const CANSignal& signal) {
 
 // keyword id name
 std::string LineHead(std::string_view keyword, std::uint32_t messageId, const std::string& name) {
-    return std::string(keyword)
+    std::string head;
+    head.reserve(OrdinaryLineLength);
+    return head.append(keyword)
         .append(" ")
         .append(std::to_string(messageId))
         .append(" ")
