@@ -3,20 +3,26 @@
 #include "attributes/attribute_table.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "text/keyed_hash.h"
 
 namespace vexil {
 
-std::size_t AttributeTable::ValueHash::operator()(const AttributeValue& value) const {
-    return KeyedHash(value.messageId, value.signalName);
+namespace {
+
+// A value is known by its definition, which tells name, kind and type, and its owner.
+std::size_t HashOf(const AttributeValue& value) {
+    return KeyedHash(std::bit_cast<std::uintptr_t>(value.definition) * 4 + value.messageId,
+                     value.signalName);
 }
 
-bool AttributeTable::ValueEqual::operator()(const AttributeValue& a,
-                                            const AttributeValue& b) const noexcept {
+bool IsOfSameOwner(const AttributeValue& a, const AttributeValue& b) {
     return a.messageId == b.messageId && a.definition == b.definition &&
            a.signalName == b.signalName;
 }
+
+}  // namespace
 
 const Attribute* AttributeTable::FindDefinition(std::string_view name, AttributeObjectKind kind,
                                                 AttributeValueType type) const {
@@ -35,8 +41,8 @@ const AttributeValue* AttributeTable::FindValue(const Attribute& definition,
     wanted.definition = &definition;
     wanted.messageId = messageId;
     wanted.signalName = signalName;
-    const auto entry = valueIndex.find(wanted);
-    return entry == valueIndex.end() ? nullptr : &*entry;
+    const std::size_t position = PositionOf(wanted, HashOf(wanted));
+    return position == npos ? nullptr : &values[position];
 }
 
 void AttributeTable::AddDefinition(const Attribute& definition) {
@@ -48,13 +54,14 @@ void AttributeTable::AddDefinition(const Attribute& definition) {
 }
 
 void AttributeTable::AddValue(const AttributeValue& value) {
-    AttributeValue stored = value;
+    const std::size_t hash = HashOf(value);
+    if (PositionOf(value, hash) != npos) {
+        return;
+    }
+    AttributeValue& stored = values.emplace_back(value);
     stored.signalName = Keep(value.signalName);
     stored.content.stringValue = Keep(value.content.stringValue);
-    const auto [entry, isNew] = valueIndex.insert(stored);
-    if (isNew) {
-        values.push_back(&*entry);
-    }
+    valueIndex.Add(hash, values.size() - 1);
 }
 
 void AttributeTable::SetDefault(Attribute& definition, std::string_view token) {
@@ -74,9 +81,13 @@ bool AttributeTable::IsUnrecognised(std::string_view name) const {
 void AttributeTable::ClearEntries() {
     definitions.clear();
     values.clear();
-    // Swapped for a new one, since a table that is only cleared keeps its buckets in the memory.
-    decltype(valueIndex)(&memory).swap(valueIndex);
+    valueIndex.Clear();
     memory.release();
+}
+
+std::size_t AttributeTable::PositionOf(const AttributeValue& wanted, std::size_t hash) const {
+    return valueIndex.Find(
+        hash, [&](std::size_t position) { return IsOfSameOwner(values[position], wanted); });
 }
 
 std::string_view AttributeTable::Keep(std::string_view text) {

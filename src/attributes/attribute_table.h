@@ -8,19 +8,19 @@
 #include <memory_resource>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "attributes/attribute.h"
+#include "text/hash_index.h"
 
 namespace vexil {
 
 class AttributeTable {
   public:
-    // In the order in which they were first seen. Only ClearEntries takes entries away, and none
-    // moves before that.
+    // In the order in which they were first seen. Only ClearEntries takes entries away, and no
+    // definition moves before that.
     std::deque<Attribute> definitions;
-    std::vector<const AttributeValue*> values;  // never null
+    std::vector<AttributeValue> values;
 
     // The names that may enter the table; empty when every name may.
     std::vector<std::string> reservedAttributeNames;
@@ -30,8 +30,9 @@ class AttributeTable {
     const Attribute* FindDefinition(std::string_view name, AttributeObjectKind kind,
                                     AttributeValueType type) const;
 
-    // Returns the value that an owner has of a definition of this table, owned by the table, or
-    // null. A message has no signalName, and the network no messageId either: 0.
+    // Returns the value that an owner has of a definition of this table, owned by the table until
+    // the next AddValue, or null. A message has no signalName, and the network no messageId either:
+    // 0.
     const AttributeValue* FindValue(const Attribute& definition, std::uint32_t messageId,
                                     std::string_view signalName) const;
 
@@ -50,23 +51,16 @@ class AttributeTable {
     void ClearEntries();
 
   private:
-    // A value as a table knows it: by its definition, which tells name, kind and type, and its
-    // owner.
-    struct ValueHash {
-        // Without noexcept, which keeps the hash beside each value: the table asks for it often.
-        std::size_t operator()(const AttributeValue& value) const;
-    };
-    struct ValueEqual {
-        bool operator()(const AttributeValue& a, const AttributeValue& b) const noexcept;
-    };
+    // The position in values of the one of the same definition and owner, or npos.
+    std::size_t PositionOf(const AttributeValue& wanted, std::size_t hash) const;
 
     // Returns a copy of the text that lives until ClearEntries.
     std::string_view Keep(std::string_view text);
 
-    // What lives until ClearEntries: one allocation for many entries, and none to give back singly.
+    // The texts: one allocation for many of them, and none to give back singly.
     std::pmr::monotonic_buffer_resource memory;
 
-    std::pmr::unordered_set<AttributeValue, ValueHash, ValueEqual> valueIndex{&memory};
+    HashIndex valueIndex;  // of values
 };
 
 }  // namespace vexil

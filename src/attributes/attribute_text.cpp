@@ -2,130 +2,157 @@
 // SPDX-License-Identifier: MIT
 #include "attributes/attribute_text.h"
 
+#include <cstddef>
 #include <string_view>
+#include <utility>
 
 #include "text/constants.h"
 
 namespace vexil {
 namespace {
 
-std::string Quoted(std::string_view text) {
-    return std::string("\"").append(text).append("\"");
+void AppendQuoted(std::string& line, std::string_view text) {
+    line.append("\"").append(text).append("\"");
 }
 
 // The keyword of the owner kind with a blank behind it; nothing for the network.
-std::string OwnerKeyword(AttributeObjectKind kind) {
+std::string_view OwnerKeyword(AttributeObjectKind kind) {
     switch (kind) {
         case AttributeObjectKind::Msg:
-            return std::string(keyword::BO_) + ' ';
+            return "BO_ ";
         case AttributeObjectKind::Sig:
-            return std::string(keyword::SG_) + ' ';
+            return "SG_ ";
         case AttributeObjectKind::Gen:
             break;
     }
     return {};
 }
 
-std::string EnumTypeText(const Attribute& definition) {
-    std::string text = "ENUM";
+void AppendEnumType(std::string& line, const Attribute& definition) {
+    line.append("ENUM");
     for (const std::string& entry : definition.enumValues) {
-        text.append(&entry == &definition.enumValues.front() ? " " : ",").append(Quoted(entry));
+        line.append(&entry == &definition.enumValues.front() ? " " : ",");
+        AppendQuoted(line, entry);
     }
-    return text;
 }
 
-std::string TypeText(const Attribute& definition) {
-    switch (definition.valueType) {
-        case AttributeValueType::Int:
-            return "INT " + std::to_string(definition.minValue) + ' ' +
-                   std::to_string(definition.maxValue);
-        case AttributeValueType::Enum:
-            return EnumTypeText(definition);
-        case AttributeValueType::Str:
-            return "STRING ";
-        case AttributeValueType::Unsup:
-            break;
+// Whether lines can be written: an unsupported type has none.
+bool HasType(const Attribute& definition) {
+    return definition.valueType == AttributeValueType::Int ||
+           definition.valueType == AttributeValueType::Enum ||
+           definition.valueType == AttributeValueType::Str;
+}
+
+void AppendType(std::string& line, const Attribute& definition) {
+    if (definition.valueType == AttributeValueType::Int) {
+        line.append("INT ").append(std::to_string(definition.minValue)).append(" ");
+        line.append(std::to_string(definition.maxValue));
+    } else if (definition.valueType == AttributeValueType::Enum) {
+        AppendEnumType(line, definition);
+    } else {
+        line.append("STRING ");
     }
-    return {};
 }
 
 enum class EnumForm { Text, Number };
 
-// The content as it stands in a line; empty when the attribute has none.
-std::string ContentText(const Attribute& definition, const AttributeContent& content,
-                        EnumForm enumForm) {
-    switch (definition.valueType) {
-        case AttributeValueType::Int:
-            return std::to_string(content.intValue);
-        case AttributeValueType::Enum: {
-            const std::string* text = definition.EnumText(content);
-            if (text == nullptr) {
-                return {};
-            }
-            return enumForm == EnumForm::Text ? Quoted(*text) : std::to_string(content.enumIndex);
+// Whether the content has a text: an Enum may mean none of its list.
+bool HasText(const Attribute& definition, const AttributeContent& content) {
+    return HasType(definition) && (definition.valueType != AttributeValueType::Enum ||
+                                   definition.EnumText(content) != nullptr);
+}
+
+// Appends the content as it stands in a line. REQUIRES: it has a text.
+void AppendContent(std::string& line, const Attribute& definition, const AttributeContent& content,
+                   EnumForm enumForm) {
+    if (definition.valueType == AttributeValueType::Int) {
+        line.append(std::to_string(content.intValue));
+    } else if (definition.valueType == AttributeValueType::Str) {
+        AppendQuoted(line, content.stringValue);
+    } else if (enumForm == EnumForm::Text) {
+        AppendQuoted(line, *definition.EnumText(content));
+    } else {
+        line.append(std::to_string(content.enumIndex));
+    }
+}
+
+// Appends: keyword owner "name" and a blank.
+void AppendLineHead(std::string& line, std::string_view keyword, std::string_view owner,
+                    const Attribute& definition) {
+    line.append(keyword).append(" ").append(owner);
+    AppendQuoted(line, definition.name);
+    line.append(" ");
+}
+
+// The lines of a text with a line feed between each two.
+class Lines {
+  public:
+    // Adds the line that format puts behind a text; none when it puts nothing there.
+    template <typename Format>
+    void Add(Format format) {
+        const std::size_t start = text.size();
+        text.append(start == 0 ? "" : "\n");
+        const std::size_t lineStart = text.size();
+        text = format(std::move(text));
+        if (text.size() == lineStart) {
+            text.resize(start);
         }
-        case AttributeValueType::Str:
-            return Quoted(content.stringValue);
-        case AttributeValueType::Unsup:
-            break;
     }
-    return {};
-}
 
-// keyword "name" rest;
-std::string Line(std::string_view keyword, const std::string& owner, const Attribute& attribute,
-                 const std::string& rest) {
-    return std::string(keyword) + ' ' + owner + Quoted(attribute.name) + ' ' + rest + ';';
-}
+    std::string Text() && { return std::move(text); }
 
-void AppendLine(std::string& text, const std::string& line) {
-    if (!line.empty()) {
-        text.append(text.empty() ? "" : "\n").append(line);
-    }
-}
+  private:
+    std::string text;
+};
 
 }  // namespace
 
 std::string AttributeSectionText(const AttributeTable& table) {
-    std::string text;
-    if (table.definitions.empty()) {
-        return text;
+    Lines lines;
+    for (const Attribute& definition : table.definitions) {
+        lines.Add([&](std::string text) { return DefinitionText(definition, std::move(text)); });
     }
     for (const Attribute& definition : table.definitions) {
-        AppendLine(text, DefinitionText(definition));
+        lines.Add([&](std::string text) { return DefaultText(definition, std::move(text)); });
     }
-    for (const Attribute& definition : table.definitions) {
-        AppendLine(text, DefaultText(definition));
+    for (const AttributeValue& value : table.values) {
+        lines.Add([&](std::string text) { return ValueText(value, std::move(text)); });
     }
-    for (const AttributeValue* value : table.values) {
-        AppendLine(text, ValueText(*value));
-    }
-    return text;
+    return std::move(lines).Text();
 }
 
-std::string DefinitionText(const Attribute& definition) {
-    const std::string type = TypeText(definition);
-    return type.empty()
-               ? std::string()
-               : Line(keyword::BA_DEF_, OwnerKeyword(definition.objectKind), definition, type);
+std::string DefinitionText(const Attribute& definition, std::string line) {
+    if (HasType(definition)) {
+        AppendLineHead(line, keyword::BA_DEF_, OwnerKeyword(definition.objectKind), definition);
+        AppendType(line, definition);
+        line.append(";");
+    }
+    return line;
 }
 
-std::string DefaultText(const Attribute& definition) {
-    const std::string value = ContentText(definition, definition.defaultContent, EnumForm::Text);
-    return value.empty() ? std::string() : Line(keyword::BA_DEF_DEF_, {}, definition, value);
+std::string DefaultText(const Attribute& definition, std::string line) {
+    if (HasText(definition, definition.defaultContent)) {
+        AppendLineHead(line, keyword::BA_DEF_DEF_, {}, definition);
+        AppendContent(line, definition, definition.defaultContent, EnumForm::Text);
+        line.append(";");
+    }
+    return line;
 }
 
-std::string ValueText(const AttributeValue& value) {
+std::string ValueText(const AttributeValue& value, std::string line) {
     const Attribute& definition = *value.definition;
-    const std::string content = ContentText(definition, value.content, EnumForm::Number);
-    if (definition.objectKind == AttributeObjectKind::Gen || content.empty()) {
-        return {};
+    if (definition.objectKind == AttributeObjectKind::Gen || !HasText(definition, value.content)) {
+        return line;
     }
-    std::string owner = OwnerKeyword(definition.objectKind) + std::to_string(value.messageId) + ' ';
+    AppendLineHead(line, keyword::BA_, {}, definition);
+    line.append(OwnerKeyword(definition.objectKind)).append(std::to_string(value.messageId));
+    line.append(" ");
     if (definition.objectKind == AttributeObjectKind::Sig) {
-        owner.append(value.signalName).append(" ");
+        line.append(value.signalName).append(" ");
     }
-    return Line(keyword::BA_, {}, definition, owner + content);
+    AppendContent(line, definition, value.content, EnumForm::Number);
+    line.append(";");
+    return line;
 }
 
 }  // namespace vexil

@@ -12,16 +12,17 @@ namespace vexil {
 // defaults, then all values. Empty when the table has no definition.
 std::string AttributeSectionText(const AttributeTable& table);
 
-// Each returns one line without its end, or an empty text when the attribute has no such line.
+// Each returns line with a line behind it, without a line end; line as it is when the attribute has
+// no such line.
 
 // The BA_DEF_ line.
-std::string DefinitionText(const Attribute& definition);
+std::string DefinitionText(const Attribute& definition, std::string line = {});
 
 // The BA_DEF_DEF_ line; an Enum is given by its text.
-std::string DefaultText(const Attribute& definition);
+std::string DefaultText(const Attribute& definition, std::string line = {});
 
 // The BA_ line; an Enum is given by its number. The network has none: its attributes reach a file
 // only through their defaults.
-std::string ValueText(const AttributeValue& value);
+std::string ValueText(const AttributeValue& value, std::string line = {});
 
 }  // namespace vexil

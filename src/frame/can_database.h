@@ -3,13 +3,11 @@
 #pragma once
 
 #include <cstdint>
-#include <unordered_map>
 #include <vector>
 
 #include "attributes/attribute_table.h"
 #include "frame/can_message.h"
 #include "frame/messages_of_id.h"
-#include "text/keyed_hash.h"
 #include "vexil64.h"
 
 namespace vexil {
@@ -25,7 +23,7 @@ class CANDatabase {
 
     // The messages read so far under their id, several of which may share one; empty outside a
     // read.
-    std::unordered_map<std::uint32_t, MessagesOfId, IdHash> messagesById;
+    MessagesById messagesById;
 
     MessageList messages;                 // all messages in the order of reading or appending
     std::vector<ParseError> parseErrors;  // refused statements, in the order of the file

@@ -7,6 +7,11 @@
 #include "frame/model_text.h"
 
 namespace vexil {
+namespace {
+
+constexpr std::size_t OrdinarySignalCount = 8;
+
+}  // namespace
 
 void CANMessage::Reset() {
     isEmpty = true;
@@ -27,6 +32,9 @@ void CANMessage::UpdateName() {
 }
 
 void CANMessage::AddSignal(std::shared_ptr<CANSignal> signal) {
+    if (signals.empty()) {
+        signals.reserve(OrdinarySignalCount);
+    }
     if (signals.size() < MaxSignalsPerMessage) {
         signals.push_back(std::move(signal));
     }

@@ -12,6 +12,7 @@
 
 #include "frame/can_signal.h"
 #include "text/constants.h"
+#include "text/shared_text.h"
 #include "vexil64.h"
 
 namespace vexil {
@@ -26,16 +27,16 @@ class CANMessage {
     virtual ~CANMessage() = default;
 
     bool isEmpty = true;
-    std::uint32_t id = 0;        // as in the file, with the extended-frame bit
-    std::string longName;        // name for display
-    std::string name;            // identifier form of longName, at most 32 bytes
-    std::string transmitter;     // sending node, identifier form; may be empty
-    std::string sendType;        // GenMsgSendType, identifier form
-    std::int32_t cycleTime = 0;  // GenMsgCycleTime
-    std::string comment;         // each double quote behind a backslash
-    std::uint32_t dlc = 0;       // size in bytes
+    std::uint32_t id = 0;                             // as in the file, with the extended-frame bit
     std::vector<std::shared_ptr<CANSignal>> signals;  // at most MaxSignalsPerMessage
-    std::string rawName;                              // name as it stands in the file
+    SharedText rawName;                               // name as it stands in the file
+    SharedText longName;                              // name for display
+    SharedText name;                        // identifier form of longName, at most 32 bytes
+    std::string comment;                    // each double quote behind a backslash
+    std::string transmitter;                // sending node, identifier form; may be empty
+    std::string sendType;                   // GenMsgSendType, identifier form
+    std::int32_t cycleTime = 0;             // GenMsgCycleTime
+    std::uint32_t dlc = 0;                  // size in bytes
     std::vector<std::uint32_t> stepErrors;  // Step constants of a failed parse, at most one
 
     // Gives every member but stepErrors its default, so that the cause of a failure survives.
@@ -63,10 +64,11 @@ class CANMessage {
     // holds its code, or nothing when the text does not begin with the keyword.
     bool Parse(std::string_view text);
 
-    // -- Writing -- each returns a line without its end, or an empty text when there is none.
+    // -- Writing -- each returns line with a line behind it, without a line end; line as it is when
+    // there is nothing to write.
 
-    std::string FormatMessageLine() const;
-    std::string FormatMessageComment() const;
+    std::string FormatMessageLine(std::string line = {}) const;
+    std::string FormatMessageComment(std::string line = {}) const;
 
     // Gives the signals that share a base name numbered suffixes: 0 to the first, 1, 2 and so on to
     // the others. Returns whether there were any.

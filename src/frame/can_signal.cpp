@@ -25,7 +25,7 @@ void CANSignal::Reset() {
     offset = 0;
     minimum = 0;
     maximum = 0;
-    receivers.clear();
+    receivers.Clear();
     enums.Clear();
     startValue = 0;
     inactiveValue = 0;
@@ -37,12 +37,8 @@ void CANSignal::UpdateName() {
     name = IdentifierForm(longName);
 }
 
-std::string CANSignal::ReceiverList() const {
-    std::string list;
-    for (const std::string& receiver : receivers) {
-        list.append(list.empty() ? "" : ",").append(receiver);
-    }
-    return list;
+const std::string& CANSignal::ReceiverList() const {
+    return receivers.Joined();
 }
 
 }  // namespace vexil

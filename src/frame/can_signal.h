@@ -10,8 +10,10 @@
 #include <string_view>
 #include <vector>
 
+#include "frame/node_list.h"
 #include "frame/value_descriptions.h"
 #include "text/constants.h"
+#include "text/shared_text.h"
 #include "vexil64.h"
 
 namespace vexil {
@@ -25,28 +27,29 @@ class CANSignal {
     CANSignal& operator=(const CANSignal&) = delete;
     virtual ~CANSignal() = default;
 
+    // What statements behind the SG_ look at comes first, to be near each other in memory.
     bool isEmpty = true;
-    std::string name;      // identifier form of longName, at most 32 bytes
-    std::string longName;  // name for display
+    bool hasNameSuffix = false;  // name ends in a number that made it unique
+    std::uint32_t bitLength = 0;
+    std::uint32_t valueType = ValueUnsigned;
+    std::int32_t startValue = 0;     // GenSigStartValue
+    std::int32_t inactiveValue = 0;  // GenSigInactiveValue
+    SharedText rawName;              // name as it stands in the file
+    SharedText longName;             // name for display
+    SharedText name;                 // identifier form of longName, at most 32 bytes
+    std::string comment;             // each double quote behind a backslash
+    ValueDescriptions enums;
     std::string unit;      // unit in ASCII
     std::string unitUtf8;  // unit as given
-    std::string comment;   // each double quote behind a backslash
+    NodeList receivers;    // receiving nodes, identifier form
     std::uint32_t multiplexType = MultiplexNone;
     std::uint32_t multiplexValue = 0;  // value of the selector at which the signal is present
     std::uint32_t startBit = 0;
-    std::uint32_t bitLength = 0;
     std::uint32_t byteOrder = ByteOrderLittleEndian;
-    std::uint32_t valueType = ValueUnsigned;
     double factor = 0;
     double offset = 0;
     double minimum = 0;
     double maximum = 0;
-    std::vector<std::string> receivers;  // receiving nodes, identifier form
-    ValueDescriptions enums;
-    std::int32_t startValue = 0;            // GenSigStartValue
-    std::int32_t inactiveValue = 0;         // GenSigInactiveValue
-    std::string rawName;                    // name as it stands in the file
-    bool hasNameSuffix = false;             // name ends in a number that made it unique
     std::vector<std::uint32_t> stepErrors;  // Step constants of a failed parse, at most one
 
     // Gives every member but stepErrors its default, so that the cause of a failure survives.
@@ -56,7 +59,7 @@ class CANSignal {
     void UpdateName();
 
     // The receivers with commas and no blanks between them; empty when there is none.
-    std::string ReceiverList() const;
+    const std::string& ReceiverList() const;
 
     // -- Records --
 
@@ -85,15 +88,16 @@ class CANSignal {
     // white space behind it. end: the position behind the name; npos after false.
     bool MatchSignalName(std::string_view text, Position from, Position& end) const;
 
-    // -- Writing -- each returns a line without its end, or an empty text when there is none.
+    // -- Writing -- each returns line with a line or a part of one behind it, without a line end;
+    // line as it is when there is nothing to write. A line that is passed on keeps its memory.
 
-    std::string FormatSignalLine() const;
-    std::string FormatSignalHead() const;
-    std::string FormatBitLayout() const;
-    std::string FormatScale() const;
-    std::string FormatRange() const;
-    std::string FormatValueDescription(std::uint32_t messageId) const;
-    std::string FormatSignalValueType(std::uint32_t messageId) const;
+    std::string FormatSignalLine(std::string line = {}) const;
+    std::string FormatSignalHead(std::string line = {}) const;
+    std::string FormatBitLayout(std::string line = {}) const;
+    std::string FormatScale(std::string line = {}) const;
+    std::string FormatRange(std::string line = {}) const;
+    std::string FormatValueDescription(std::uint32_t messageId, std::string line = {}) const;
+    std::string FormatSignalValueType(std::uint32_t messageId, std::string line = {}) const;
 
     // The name without its suffix, if it has one; a view into name.
     std::string_view BaseName() const;

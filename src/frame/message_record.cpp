@@ -8,10 +8,12 @@ namespace vexil {
 namespace {
 
 bool TakeRecord(CANMessage& message, const CanMessageRecord& record) {
-    if (!CopyTextIn(message.longName, record.longName)) {
+    std::string longName;
+    if (!CopyTextIn(longName, record.longName)) {
         return false;
     }
-    CleanControlChars(message.longName);
+    CleanControlChars(longName);
+    message.longName = longName;
     message.UpdateName();
     if (!CopyTextIn(message.transmitter, record.transmitter)) {
         return false;

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "text/keyed_hash.h"
+
 namespace vexil {
 
 std::size_t SignalIndex::WordEnd(std::string_view text, std::size_t at) {
@@ -59,6 +61,35 @@ void MessagesOfId::UpdateIndex() {
         ++indexedMessages;
         indexedSignals = 0;
     }
+}
+
+void MessagesById::Add(std::shared_ptr<CANMessage> message) {
+    const std::uint32_t id = message->id;
+    MessagesOfId* messages = Find(id);
+    if (messages == nullptr) {
+        messages = &entries.emplace_back(id);
+        index.Add(KeyedHash(id, {}), entries.size() - 1);
+    }
+    messages->Add(std::move(message));
+}
+
+MessagesOfId* MessagesById::Find(std::uint32_t id) {
+    if (last == nullptr || last->Id() != id) {
+        const std::size_t position = index.Find(KeyedHash(id, {}), [&](std::size_t candidate) {
+            return entries[candidate].Id() == id;
+        });
+        if (position == npos) {
+            return nullptr;
+        }
+        last = &entries[position];
+    }
+    return last;
+}
+
+void MessagesById::Clear() {
+    last = nullptr;
+    index.Clear();
+    entries.clear();
 }
 
 }  // namespace vexil

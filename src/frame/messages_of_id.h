@@ -4,6 +4,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <deque>
 #include <map>
 #include <memory>
 #include <span>
@@ -14,6 +16,7 @@
 #include "frame/can_message.h"
 #include "text/char_class.h"
 #include "text/constants.h"
+#include "text/hash_index.h"
 
 namespace vexil {
 
@@ -58,6 +61,9 @@ class SignalIndex {
 
 class MessagesOfId {
   public:
+    explicit MessagesOfId(std::uint32_t messageId) : id(messageId) {}
+
+    std::uint32_t Id() const { return id; }
     const MessageList& Messages() const { return messages; }
 
     void Add(std::shared_ptr<CANMessage> message);
@@ -118,10 +124,29 @@ class MessagesOfId {
 
     static constexpr std::size_t WalkLimit = 32;
 
+    std::uint32_t id;
     MessageList messages;  // in the order of the file
     SignalIndex index;
     std::size_t indexedMessages = 0;  // messages in front of the first that is not wholly indexed
     std::size_t indexedSignals = 0;   // signals of that one that are in the index
+};
+
+// The messages read so far, by id.
+class MessagesById {
+  public:
+    // Adds the message behind those of its id.
+    void Add(std::shared_ptr<CANMessage> message);
+
+    // Returns the messages of the id, valid until Clear, or null when there is none.
+    MessagesOfId* Find(std::uint32_t id);
+
+    std::size_t Size() const { return entries.size(); }  // how many ids there are
+    void Clear();
+
+  private:
+    std::deque<MessagesOfId> entries;  // in the order in which the ids came
+    HashIndex index;                   // of entries
+    MessagesOfId* last = nullptr;      // found last; most statements ask for the same id again
 };
 
 }  // namespace vexil

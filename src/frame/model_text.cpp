@@ -7,10 +7,16 @@
 #include "text/lexical.h"
 
 namespace vexil {
+namespace {
+
+bool IsCleaned(char ch) {
+    return ch >= '\t' && ch <= '\r';
+}
+
+}  // namespace
 
 void CleanControlChars(std::string& text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char ch) { return ch >= '\t' && ch <= '\r'; }, ' ');
+    std::replace_if(text.begin(), text.end(), IsCleaned, ' ');
 }
 
 void EscapeQuotes(std::string& text, std::size_t from) {
@@ -30,6 +36,20 @@ void EscapeQuotes(std::string& text, std::size_t from) {
 
 std::string IdentifierForm(std::string_view text) {
     return IsValidCIdentifier(text) ? std::string(text) : MakeCIdentifier(text);
+}
+
+SharedText IdentifierForm(const SharedText& text) {
+    return IsValidCIdentifier(text) ? text : SharedText(MakeCIdentifier(text));
+}
+
+SharedText DisplayForm(const SharedText& text) {
+    const std::string_view characters = text;
+    if (std::none_of(characters.begin(), characters.end(), IsCleaned)) {
+        return text;
+    }
+    std::string cleaned(characters);
+    CleanControlChars(cleaned);
+    return SharedText(cleaned);
 }
 
 }  // namespace vexil

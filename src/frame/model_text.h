@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "text/shared_text.h"
+
 namespace vexil {
 
 // Replaces each tab, line feed, vertical tab, form feed and carriage return by one blank.
@@ -19,5 +21,10 @@ void EscapeQuotes(std::string& text, std::size_t from = 0);
 // The identifier form of a text: the text itself if it is an identifier, else MakeCIdentifier of
 // it.
 std::string IdentifierForm(std::string_view text);
+
+// The same for names that the model keeps, which are shared where nothing changes: the identifier
+// form, and the text with control characters cleaned.
+SharedText IdentifierForm(const SharedText& text);
+SharedText DisplayForm(const SharedText& text);
 
 }  // namespace vexil

@@ -9,10 +9,12 @@ namespace vexil {
 namespace {
 
 bool TakeTexts(CANSignal& signal, const CanSignalRecord& record) {
-    if (!CopyTextIn(signal.longName, record.longName)) {
+    std::string longName;
+    if (!CopyTextIn(longName, record.longName)) {
         return false;
     }
-    CleanControlChars(signal.longName);
+    CleanControlChars(longName);
+    signal.longName = longName;
     signal.UpdateName();
     if (!CopyTextIn(signal.unitUtf8, record.unit)) {
         return false;

@@ -5,6 +5,8 @@
 // SPDX-License-Identifier: MIT
 #include "read/attribute_fold.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -22,6 +24,44 @@ const AttributeContent& ContentOf(const AttributeValue* value, const Attribute& 
     return value != nullptr ? value->content : definition.defaultContent;
 }
 
+// Finds the values that one definition has for the owners of the model. Most files give them in the
+// order of the model, so a look at the next value spares most searches.
+class ValuesOfOwners {
+  public:
+    ValuesOfOwners(const AttributeTable& attributes, const Attribute& attributeDefinition)
+        : table(attributes), definition(attributeDefinition) {}
+
+    // As AttributeTable::FindValue.
+    const AttributeValue* Find(std::uint32_t messageId, std::string_view signalName) {
+        const AttributeValue* value = Next();
+        if (value == nullptr || value->messageId != messageId || value->signalName != signalName) {
+            value = table.FindValue(definition, messageId, signalName);
+        }
+        if (value != nullptr) {
+            next = static_cast<std::size_t>(value - table.values.data()) + 1;
+        }
+        return value;
+    }
+
+  private:
+    // The first value of the definition behind the last one found, if it is near.
+    const AttributeValue* Next() {
+        const std::size_t end = std::min(next + LookAhead, table.values.size());
+        for (std::size_t at = next; at < end; ++at) {
+            if (table.values[at].definition == &definition) {
+                return &table.values[at];
+            }
+        }
+        return nullptr;
+    }
+
+    static constexpr std::size_t LookAhead = 32;  // entries; values of other owners stand between
+
+    const AttributeTable& table;
+    const Attribute& definition;
+    std::size_t next = 0;  // position in the values of the table
+};
+
 // Calls fold(message, definition, value) for each message, if the attribute is defined; value is
 // null where the message has none.
 template <typename Fold>
@@ -31,8 +71,9 @@ void ForEachMessage(std::string_view name, AttributeValueType type, Fold fold) {
     if (definition == nullptr) {
         return;
     }
+    ValuesOfOwners values(table, *definition);
     for (const auto& message : database.messages) {
-        fold(*message, *definition, table.FindValue(*definition, message->id, {}));
+        fold(*message, *definition, values.Find(message->id, {}));
     }
 }
 
@@ -44,9 +85,10 @@ void ForEachSignal(std::string_view name, AttributeValueType type, Fold fold) {
     if (definition == nullptr) {
         return;
     }
+    ValuesOfOwners values(table, *definition);
     for (const auto& message : database.messages) {
         for (const auto& signal : message->signals) {
-            fold(*signal, *definition, table.FindValue(*definition, message->id, signal->name));
+            fold(*signal, *definition, values.Find(message->id, signal->name));
         }
     }
 }
@@ -85,8 +127,7 @@ void FoldProtocolType() {
 template <typename Owner>
 void SetLongName(Owner& owner, const AttributeValue* value) {
     if (value != nullptr) {
-        owner.longName = value->content.stringValue;
-        CleanControlChars(owner.longName);
+        owner.longName = DisplayForm(SharedText(value->content.stringValue));
     }
 }
 

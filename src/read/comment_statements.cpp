@@ -12,7 +12,6 @@
 #include "frame/can_database.h"
 #include "frame/model_text.h"
 #include "read/handlers.h"
-#include "read/message_lookup.h"
 #include "text/keywords.h"
 #include "text/lexical.h"
 
@@ -34,7 +33,7 @@ CommentStatement ParseCommentStatement(std::string_view text, std::string_view k
         !ParseUnsignedToken(text, id, pos, pos)) {
         return comment;
     }
-    comment.messages = FindMessages(id);
+    comment.messages = database.messagesById.Find(id);
     Position quote = npos;
     comment.owner = Trimmed(TextUpToChar(text, pos, '"', quote));
     const Position lastQuote = text.rfind('"');

@@ -24,9 +24,8 @@ bool HandleMessageStatement(std::string_view text, std::uint32_t line) {
         return false;
     }
     // Not checked: an id may come twice. Later statements then reach all messages of that id.
-    const std::uint32_t id = message->id;
     database.messages.push_back(message);
-    database.messagesById[id].Add(std::move(message));
+    database.messagesById.Add(std::move(message));
     return true;
 }
 
@@ -59,8 +58,7 @@ bool CANMessage::ParseName(std::string_view text, Position from, Position& next)
     if (rawName.empty()) {
         return false;
     }
-    longName = rawName;
-    CleanControlChars(longName);
+    longName = DisplayForm(rawName);
     UpdateName();
     next = colon + 1;
     return true;

@@ -6,43 +6,47 @@
 #include "frame/can_database.h"
 #include "read/attribute_fold.h"
 #include "read/handlers.h"
-#include "text/char_class.h"
-#include "text/constants.h"
+#include "text/keywords.h"
 #include "text/statement_file.h"
 
 namespace vexil {
 namespace {
 
-// Hands the statement to the handler of its kind. A kind without a handler is dropped, and so is
-// what a handler cannot use. Returns whether an SG_ statement right behind belongs to the last
-// message: Kept on purpose: a statement of any other kind ends the signals of a message, and those
-// behind it are dropped without a record.
-bool HandleStatement(std::string_view statement, std::uint32_t line, bool signalOwnerOpen) {
-    const std::string_view kind = statement.substr(0, FindSpace(statement, 0));
-    if (kind == keyword::BO_) {
-        return HandleMessageStatement(statement, line);
+// Hands the statement of the file to the handler of its kind. A kind without a handler is dropped,
+// and so is what a handler cannot use. Returns whether an SG_ statement right behind belongs to the
+// last message: Kept on purpose: a statement of any other kind ends the signals of a message, and
+// those behind it are dropped without a record.
+bool HandleStatement(const StatementFile& file, bool signalOwnerOpen) {
+    const std::string_view statement = file.statement;
+    const std::uint32_t line = file.lineNumber - 1;
+    switch (file.statementKeyword) {
+        case RowOf(keyword::BO_):
+            return HandleMessageStatement(statement, line);
+        case RowOf(keyword::SG_):
+            return signalOwnerOpen && HandleSignalStatement(statement, line);
+        case RowOf(keyword::CM_):
+            if (!HandleMessageComment(statement)) {
+                HandleSignalComment(statement);
+            }
+            return false;
+        case RowOf(keyword::SIG_VALTYPE_):
+            HandleValueType(statement);
+            return false;
+        case RowOf(keyword::VAL_):
+            HandleValueDescriptions(statement);
+            return false;
+        default:
+            if (IsAttributeStatement(statement)) {
+                ParseAttributeStatement(database.attributes, statement);
+            }
+            return false;
     }
-    if (kind == keyword::SG_) {
-        return signalOwnerOpen && HandleSignalStatement(statement, line);
-    }
-    if (kind == keyword::CM_) {
-        if (!HandleMessageComment(statement)) {
-            HandleSignalComment(statement);
-        }
-    } else if (kind == keyword::SIG_VALTYPE_) {
-        HandleValueType(statement);
-    } else if (kind == keyword::VAL_) {
-        HandleValueDescriptions(statement);
-    } else if (IsAttributeStatement(statement)) {
-        ParseAttributeStatement(database.attributes, statement);
-    }
-    return false;
 }
 
 void ReadStatements(StatementFile& file) {
     bool signalOwnerOpen = false;
     while (file.NextStatement()) {
-        signalOwnerOpen = HandleStatement(file.statement, file.lineNumber - 1, signalOwnerOpen);
+        signalOwnerOpen = HandleStatement(file, signalOwnerOpen);
     }
 }
 
@@ -58,7 +62,7 @@ bool ReadDbcFile(const char* path, std::uint32_t pathBufferSize, std::uint32_t& 
     }
     ReadStatements(file);
     FoldReservedAttributes();
-    database.messagesById.clear();
+    database.messagesById.Clear();
     database.attributes.ClearEntries();
     resultCode = file.parseState;
     file.Close();

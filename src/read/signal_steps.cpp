@@ -18,8 +18,6 @@
 namespace vexil {
 namespace {
 
-constexpr std::size_t OrdinaryReceiverCount = 8;
-
 // Reads "open first middle second close", the numbers of a pair wherever their separators stand.
 // next: the position behind close; left alone after false.
 bool ParseNumberPair(std::string_view text, Position from, std::string_view separators,
@@ -61,8 +59,7 @@ bool CANSignal::ParseNameAndMultiplex(std::string_view text, Position from, Posi
     Position nameEnd = head.size();
     ParseMultiplexIndicator(head, nameEnd);
     rawName = Trimmed(head.substr(0, nameEnd));
-    longName = rawName;
-    CleanControlChars(longName);
+    longName = DisplayForm(rawName);
     UpdateName();
     next = colon + 1;
     return true;
@@ -161,14 +158,12 @@ bool CANSignal::ParseUnit(std::string_view text, Position from, Position& next) 
 }
 
 void CANSignal::ParseReceivers(std::string_view list) {
-    receivers.clear();
-    const auto commas = static_cast<std::size_t>(std::count(list.begin(), list.end(), ','));
-    receivers.reserve(list.empty() ? 0 : std::min(commas + 1, OrdinaryReceiverCount));
+    receivers.Clear();
     while (!list.empty()) {
         const std::size_t comma = std::min(list.find(','), list.size());
-        std::string receiver = IdentifierForm(Trimmed(list.substr(0, comma)));
+        const std::string receiver = IdentifierForm(Trimmed(list.substr(0, comma)));
         if (!receiver.empty()) {
-            receivers.push_back(std::move(receiver));
+            receivers.Add(receiver);
         }
         list.remove_prefix(std::min(comma + 1, list.size()));
     }

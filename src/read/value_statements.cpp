@@ -13,7 +13,6 @@
 
 #include "frame/can_database.h"
 #include "read/handlers.h"
-#include "read/message_lookup.h"
 #include "text/char_class.h"
 #include "text/keywords.h"
 #include "text/lexical.h"
@@ -28,7 +27,7 @@ MessagesOfId* FindOwners(std::string_view text, std::string_view keyword, Positi
     if (!MatchKeyword(text, keyword, next, 0) || !ParseUnsignedToken(text, id, next, next)) {
         return nullptr;
     }
-    return FindMessages(id);
+    return database.messagesById.Find(id);
 }
 
 // What stands behind the name of a SIG_VALTYPE_ statement: a colon, a number and a semicolon.

@@ -12,9 +12,4 @@ namespace vexil {
 // SipHash with one round for each eight bytes and three at the end, of number and text together.
 std::size_t KeyedHash(std::uint64_t number, std::string_view text) noexcept;
 
-// The hash of a table by id.
-struct IdHash {
-    std::size_t operator()(std::uint32_t id) const noexcept { return KeyedHash(id, {}); }
-};
-
 }  // namespace vexil

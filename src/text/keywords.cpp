@@ -1,38 +1,26 @@
-// The keyword table and the test for one keyword.
+// The search in the keyword table.
 // SPDX-License-Identifier: MIT
 #include "text/keywords.h"
 
-#include <algorithm>
-
-#include "text/char_class.h"
+#include <cstdint>
 
 namespace vexil {
 namespace {
 
-constexpr std::array<KeywordRow, KeywordCount> MakeKeywordTable() {
-    std::array<KeywordRow, KeywordCount> table = {{{keyword::SG_, false},
-                                                   {keyword::CM_, true},
-                                                   {keyword::BO_, false},
-                                                   {keyword::VAL_, false},
-                                                   {keyword::BA_, true},
-                                                   {keyword::BA_DEF_, true},
-                                                   {keyword::SIG_VALTYPE_, false},
-                                                   {keyword::BU_, false},
-                                                   {keyword::BS_, false},
-                                                   {keyword::VERSION, false},
-                                                   {keyword::NS_, false},
-                                                   {keyword::EV_, false}}};
-    auto* end = table.begin() + 12;
-    for (const std::string_view symbol : SymbolList) {
-        if (std::none_of(table.begin(), end,
-                         [symbol](const KeywordRow& row) { return row.keyword == symbol; })) {
-            *end++ = {symbol, false};
-        }
-    }
-    return table;
+// The first three characters, in one number. No keyword is shorter.
+constexpr std::uint32_t Prefix(std::string_view token) {
+    const auto at = [token](std::size_t index) {
+        return static_cast<std::uint32_t>(static_cast<unsigned char>(token[index]));
+    };
+    return at(0) << 16U | at(1) << 8U | at(2);
 }
 
-constexpr std::array<KeywordRow, KeywordCount> keywordTable = MakeKeywordTable();
+constexpr std::array<std::uint32_t, KeywordCount> prefixes = [] {
+    std::array<std::uint32_t, KeywordCount> all{};
+    std::transform(keywordTable.begin(), keywordTable.end(), all.begin(),
+                   [](const KeywordRow& row) { return Prefix(row.keyword); });
+    return all;
+}();
 
 static_assert(std::all_of(keywordTable.begin(), keywordTable.end(), [](const KeywordRow& row) {
     return BeginsKeyword(row.keyword.front());
@@ -40,30 +28,19 @@ static_assert(std::all_of(keywordTable.begin(), keywordTable.end(), [](const Key
 
 }  // namespace
 
-const std::array<KeywordRow, KeywordCount>& KeywordTable() {
-    return keywordTable;
-}
-
 std::size_t KeywordRowOf(std::string_view token) {
     // Every keyword ends in one of these; most tokens do not.
     const char last = token.back();
-    if (last != '_' && last != 'N' && last != 'R') {
+    if ((last != '_' && last != 'N' && last != 'R') || token.size() < 3) {
         return KeywordCount;
     }
-    const auto* row = std::find_if(keywordTable.begin(), keywordTable.end(),
-                                   [token](const KeywordRow& r) { return r.keyword == token; });
-    return static_cast<std::size_t>(row - keywordTable.begin());
-}
-
-bool MatchKeyword(std::string_view text, std::string_view keyword, Position& end, Position from) {
-    end = npos;
-    const Position start = FindNonSpace(text, from);
-    if (start == npos) {
-        return false;
+    const std::uint32_t prefix = Prefix(token);
+    for (std::size_t row = 0; row < KeywordCount; ++row) {
+        if (prefixes[row] == prefix && keywordTable[row].keyword == token) {
+            return row;
+        }
     }
-    end = start + keyword.size();
-    return end < text.size() && IsSpace(text[end]) &&
-           text.compare(start, keyword.size(), keyword) == 0;
+    return KeywordCount;
 }
 
 }  // namespace vexil

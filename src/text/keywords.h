@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
+#include "text/char_class.h"
 #include "text/constants.h"
 
 namespace vexil {
@@ -19,7 +21,37 @@ inline constexpr std::size_t KeywordCount = 35;
 
 // The table: twelve keywords, then those of SymbolList that are not among them. Kept on purpose:
 // BA_DEF_DEF_ comes from SymbolList and needs no semicolon, although BA_DEF_ does.
-const std::array<KeywordRow, KeywordCount>& KeywordTable();
+inline constexpr std::array<KeywordRow, KeywordCount> keywordTable = [] {
+    std::array<KeywordRow, KeywordCount> table = {{{keyword::SG_, false},
+                                                   {keyword::CM_, true},
+                                                   {keyword::BO_, false},
+                                                   {keyword::VAL_, false},
+                                                   {keyword::BA_, true},
+                                                   {keyword::BA_DEF_, true},
+                                                   {keyword::SIG_VALTYPE_, false},
+                                                   {keyword::BU_, false},
+                                                   {keyword::BS_, false},
+                                                   {keyword::VERSION, false},
+                                                   {keyword::NS_, false},
+                                                   {keyword::EV_, false}}};
+    auto* end = table.begin() + 12;
+    for (const std::string_view symbol : SymbolList) {
+        if (std::none_of(table.begin(), end,
+                         [symbol](const KeywordRow& row) { return row.keyword == symbol; })) {
+            *end++ = {symbol, false};
+        }
+    }
+    return table;
+}();
+
+// The row of a keyword, at compile time.
+consteval std::size_t RowOf(std::string_view keyword) {
+    std::size_t row = 0;
+    while (keywordTable[row].keyword != keyword) {
+        ++row;
+    }
+    return row;
+}
 
 // Whether a keyword begins with the character: a quick look before the search in the table.
 constexpr bool BeginsKeyword(char ch) {
@@ -44,6 +76,15 @@ std::size_t KeywordRowOf(std::string_view token);
 // of the text does not count as white space.
 // end: npos when only white space is left; otherwise the position behind as many bytes as keyword
 // has, whatever the result, so it means something only after true.
-bool MatchKeyword(std::string_view text, std::string_view keyword, Position& end, Position from);
+constexpr bool MatchKeyword(std::string_view text, std::string_view keyword, Position& end,
+                            Position from) {
+    end = npos;
+    const Position start = FindNonSpace(text, from);
+    if (start == npos) {
+        return false;
+    }
+    end = start + keyword.size();
+    return end < text.size() && IsSpace(text[end]) && text.substr(start, keyword.size()) == keyword;
+}
 
 }  // namespace vexil

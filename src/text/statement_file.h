@@ -36,9 +36,10 @@ class StatementFile {
     // write shows at the next call.
     void WriteLine(std::string_view text);
 
-    std::uint32_t parseState = 2;  // a State constant of the public header
-    std::uint32_t lineNumber = 0;  // lines read so far
-    std::string_view statement;    // the statement last assembled; valid until the next call
+    std::uint32_t parseState = 2;      // a State constant of the public header
+    std::uint32_t lineNumber = 0;      // lines read so far
+    std::string_view statement;        // the statement last assembled; valid until the next call
+    std::size_t statementKeyword = 0;  // row of the keyword that it begins with
 
   private:
     // Appends the next line to buffer, with invalid bytes turned into "_", control characters that

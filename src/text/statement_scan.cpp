@@ -53,6 +53,7 @@ bool StatementFile::FindFirstKeyword() {
 
 void StatementFile::TakeStatement(Position end) {
     statement = std::string_view(buffer).substr(keywordOffset, end - keywordOffset);
+    statementKeyword = keywordIndex;
 }
 
 bool StatementFile::NextStatement() {
@@ -68,7 +69,7 @@ bool StatementFile::NextStatement() {
         return false;
     }
 
-    const bool needsSemicolon = KeywordTable()[keywordIndex].needsSemicolon;
+    const bool needsSemicolon = keywordTable[keywordIndex].needsSemicolon;
     int needed = 1;
     int found = 0;
     for (;;) {

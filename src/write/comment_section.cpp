@@ -6,6 +6,7 @@
 // A comment of the model has its quotes escaped already.
 // SPDX-License-Identifier: MIT
 #include <string>
+#include <utility>
 
 #include "text/constants.h"
 #include "write/sections.h"
@@ -13,44 +14,42 @@
 namespace vexil {
 namespace {
 
-constexpr std::string_view CommentTail = "\";";
-
-// The line up to and with the text; a message has no owner name.
-std::string FormatCommentHead(std::string_view commentText, std::string_view kindKeyword,
-                              std::string_view ownerName, std::uint32_t id) {
-    std::string head;
-    head.reserve(commentText.size() + ownerName.size() + 32);
-    head.append(keyword::CM_)
-        .append(" ")
-        .append(kindKeyword)
-        .append(" ")
-        .append(std::to_string(id));
+// Appends the comment line of an owner; a message has no owner name.
+void AppendComment(std::string& line, std::string_view commentText, std::string_view kindKeyword,
+                   std::string_view ownerName, std::uint32_t id) {
+    line.append(keyword::CM_).append(" ").append(kindKeyword).append(" ");
+    line.append(std::to_string(id));
     if (!ownerName.empty()) {
-        head.append(" ").append(ownerName);
+        line.append(" ").append(ownerName);
     }
-    return head.append(" \"").append(commentText);
+    line.append(" \"").append(commentText).append("\";");
 }
 
 }  // namespace
 
 void WriteComments(StatementFile& file, const MessageList& messages) {
+    std::string line;
     for (const auto& message : messages) {
         if (!message->comment.empty() || message->name != message->longName) {
-            file.WriteLine(message->FormatMessageComment());
+            line.clear();
+            line = message->FormatMessageComment(std::move(line));
+            file.WriteLine(line);
         }
         for (const auto& signal : message->signals) {
             if (!signal->comment.empty()) {
-                file.WriteLine(
-                    FormatCommentHead(signal->comment, keyword::SG_, signal->name, message->id)
-                        .append(CommentTail));
+                line.clear();
+                AppendComment(line, signal->comment, keyword::SG_, signal->name, message->id);
+                file.WriteLine(line);
             }
         }
     }
 }
 
-std::string CANMessage::FormatMessageComment() const {
-    return comment.empty() ? std::string()
-                           : FormatCommentHead(comment, keyword::BO_, {}, id).append(CommentTail);
+std::string CANMessage::FormatMessageComment(std::string line) const {
+    if (!comment.empty()) {
+        AppendComment(line, comment, keyword::BO_, {}, id);
+    }
+    return line;
 }
 
 }  // namespace vexil

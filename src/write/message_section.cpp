@@ -5,6 +5,7 @@
 //    SG_ name [M|m number] : start|length@order sign (factor,offset) [min|max] "unit" receivers
 // SPDX-License-Identifier: MIT
 #include <string>
+#include <utility>
 
 #include "text/constants.h"
 #include "write/number_text.h"
@@ -13,8 +14,6 @@
 namespace vexil {
 namespace {
 
-constexpr std::size_t OrdinaryLineLength = 160;  // room for most lines without growing
-
 std::string_view NodeOrDefault(std::string_view node) {
     return node.empty() ? DefaultNode : node;
 }
@@ -22,63 +21,66 @@ std::string_view NodeOrDefault(std::string_view node) {
 }  // namespace
 
 void WriteMessages(StatementFile& file, const MessageList& messages) {
+    std::string line;
     for (const auto& message : messages) {
-        file.WriteLine(message->FormatMessageLine());
+        line.clear();
+        line = message->FormatMessageLine(std::move(line));
+        file.WriteLine(line);
         for (const auto& signal : message->signals) {
-            file.WriteLine(signal->FormatSignalLine());
+            line.clear();
+            line = signal->FormatSignalLine(std::move(line));
+            file.WriteLine(line);
         }
         file.WriteLine("");
     }
 }
 
-std::string CANMessage::FormatMessageLine() const {
+std::string CANMessage::FormatMessageLine(std::string line) const {
     if (isEmpty) {
-        return {};
+        return line;
     }
-    std::string line(keyword::BO_);
-    line.append(" ").append(std::to_string(id)).append(" ").append(name);
+    line.append(keyword::BO_).append(" ").append(std::to_string(id)).append(" ").append(name);
     line.append(": ").append(std::to_string(dlc)).append(" ").append(NodeOrDefault(transmitter));
     return line;
 }
 
-std::string CANSignal::FormatSignalLine() const {
+std::string CANSignal::FormatSignalLine(std::string line) const {
     if (isEmpty) {
-        return {};
+        return line;
     }
-    std::string line;
-    line.reserve(OrdinaryLineLength);
-    line.append(" ").append(FormatSignalHead()).append(" ").append(FormatBitLayout());
-    line.append(" ").append(FormatScale()).append(" ").append(FormatRange());
-    line.append(" \"").append(unit).append("\" ");
-    line.append(NodeOrDefault(ReceiverList()));
+    line = FormatSignalHead(std::move(line.append(" ")));
+    line = FormatBitLayout(std::move(line.append(" ")));
+    line = FormatScale(std::move(line.append(" ")));
+    line = FormatRange(std::move(line.append(" ")));
+    line.append(" \"").append(unit).append("\" ").append(NodeOrDefault(ReceiverList()));
     return line;
 }
 
-std::string CANSignal::FormatSignalHead() const {
-    std::string head(keyword::SG_);
-    head.append(" ").append(name);
+std::string CANSignal::FormatSignalHead(std::string line) const {
+    line.append(keyword::SG_).append(" ").append(name);
     if (multiplexType == MultiplexSelector) {
-        head.append(" M");
+        line.append(" M");
     } else if (multiplexType == MultiplexSelected) {
-        head.append(" m").append(std::to_string(multiplexValue));
+        line.append(" m").append(std::to_string(multiplexValue));
     }
-    return head.append(" :");
+    line.append(" :");
+    return line;
 }
 
-std::string CANSignal::FormatBitLayout() const {
-    std::string layout = std::to_string(startBit);
-    layout.append("|").append(std::to_string(bitLength)).append("@");
-    layout.append(byteOrder != ByteOrderBigEndian ? "1" : "0");
+std::string CANSignal::FormatBitLayout(std::string line) const {
+    line.append(std::to_string(startBit)).append("|").append(std::to_string(bitLength));
+    line.append(byteOrder != ByteOrderBigEndian ? "@1" : "@0");
     // A float is signed here, too; SIG_VALTYPE_ tells what it really is.
-    return layout.append(valueType != ValueUnsigned ? "-" : "+");
+    line.append(valueType != ValueUnsigned ? "-" : "+");
+    return line;
 }
 
-std::string CANSignal::FormatScale() const {
-    return NumberPairText("(,)", factor, offset);
+std::string CANSignal::FormatScale(std::string line) const {
+    return NumberPairText("(,)", factor, offset, std::move(line));
 }
 
-std::string CANSignal::FormatRange() const {
-    return NumberPairText("[|]", minimum, maximum);
+std::string CANSignal::FormatRange(std::string line) const {
+    return NumberPairText("[|]", minimum, maximum, std::move(line));
 }
 
 }  // namespace vexil

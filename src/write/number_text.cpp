@@ -52,24 +52,27 @@ void AppendClassic(std::string& text, double number) {
     text.append(digits.data(), end);
 }
 
-std::string ClassicPairText(std::string_view separators, double first, double second) {
-    std::string text(1, separators[0]);
+void AppendClassicPair(std::string& text, std::string_view separators, double first,
+                       double second) {
+    text += separators[0];
     AppendClassic(text, first);
     text += separators[1];
     AppendClassic(text, second);
-    return text += separators[2];
+    text += separators[2];
 }
 
 }  // namespace
 
-std::string NumberPairText(std::string_view separators, double first, double second) {
+std::string NumberPairText(std::string_view separators, double first, double second,
+                           std::string line) {
     if (std::locale() == std::locale::classic()) {
-        return ClassicPairText(separators, first, second);
+        AppendClassicPair(line, separators, first, second);
+        return line;
     }
     std::ostringstream text;
     text.precision(SignificantDigits);
     text << separators[0] << first << separators[1] << second << separators[2];
-    return text.str();
+    return line.append(text.str());
 }
 
 }  // namespace vexil

@@ -1,11 +1,15 @@
 // VERSION, NS_, BS_ and BU_: what stands in front of the messages. Nothing of it is read back.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <set>
+#include <functional>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "frame/can_database.h"
 #include "text/constants.h"
+#include "text/hash_index.h"
+#include "text/keyed_hash.h"
 #include "write/sections.h"
 
 namespace vexil {
@@ -13,20 +17,42 @@ namespace {
 
 constexpr std::size_t WrapWidth = 256;
 
-std::set<std::string_view> NodeNames() {
-    std::set<std::string_view> nodes;
-    for (const auto& message : database.messages) {
-        nodes.insert(message->transmitter.empty() ? DefaultNode : message->transmitter);
-        for (const auto& signal : message->signals) {
-            if (signal->receivers.empty()) {
-                nodes.insert(DefaultNode);
-            }
-            for (const std::string& receiver : signal->receivers) {
-                nodes.insert(receiver);
-            }
+// The distinct names among those that are added. They are views.
+class NodeNames {
+  public:
+    void Add(std::string_view name) {
+        const std::size_t hash = KeyedHash(0, name);
+        const auto isName = [&](std::size_t position) { return names[position] == name; };
+        if (index.Find(hash, isName) == npos) {
+            index.Add(hash, names.size());
+            names.push_back(name);
         }
     }
-    return nodes;
+
+    // In descending byte order.
+    std::vector<std::string_view> Sorted() && {
+        std::sort(names.begin(), names.end(), std::greater<>());
+        return std::move(names);
+    }
+
+  private:
+    std::vector<std::string_view> names;
+    HashIndex index;
+};
+
+std::vector<std::string_view> SortedNodeNames() {
+    NodeNames nodes;
+    const auto add = [&nodes](std::string_view name) { nodes.Add(name); };
+    for (const auto& message : database.messages) {
+        add(message->transmitter.empty() ? DefaultNode : message->transmitter);
+        for (const auto& signal : message->signals) {
+            if (signal->receivers.IsEmpty()) {
+                add(DefaultNode);
+            }
+            signal->receivers.ForEach(add);
+        }
+    }
+    return std::move(nodes).Sorted();
 }
 
 }  // namespace
@@ -52,10 +78,9 @@ void WriteNodes(StatementFile& file) {
 }
 
 std::string BuildNodeList() {
-    const std::set<std::string_view> nodes = NodeNames();
     std::string text = std::string(keyword::BU_) + " : ";
     std::size_t wrapOffset = 0;
-    std::for_each(nodes.rbegin(), nodes.rend(), [&](std::string_view node) {
+    for (const std::string_view node : SortedNodeNames()) {
         if (text.size() + node.size() - wrapOffset >= WrapWidth) {
             text += '\n';
             wrapOffset += WrapWidth;
@@ -63,7 +88,7 @@ std::string BuildNodeList() {
             text += ' ';
         }
         text += node;
-    });
+    }
     return text;
 }
 

@@ -34,11 +34,8 @@ void WriteMessages(StatementFile& file, const MessageList& messages);
 // name is not its long name leaves an empty line.
 void WriteComments(StatementFile& file, const MessageList& messages);
 
-// VAL_ of each signal with value descriptions. Kept on purpose: those of a float stay out of the
-// file.
-void WriteValueDescriptions(StatementFile& file, const MessageList& messages);
-
-// SIG_VALTYPE_ of each float signal.
-void WriteSignalValueTypes(StatementFile& file, const MessageList& messages);
+// VAL_ of each signal with value descriptions, then SIG_VALTYPE_ of each float signal. Kept on
+// purpose: the descriptions of a float stay out of the file.
+void WriteValueSections(StatementFile& file, const MessageList& messages);
 
 }  // namespace vexil

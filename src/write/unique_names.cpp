@@ -99,8 +99,7 @@ bool CANSignal::AddUniqueSuffix(std::uint32_t index) {
     const std::string digits = std::to_string(index);
     std::string suffix(SuffixPattern);
     suffix.replace(suffix.size() - digits.size(), digits.size(), digits);
-    name.resize(std::min(BaseName().size(), MaxIdentifierLength - suffix.size()));
-    name += suffix;
+    name = std::string(BaseName().substr(0, MaxIdentifierLength - suffix.size())).append(suffix);
     hasNameSuffix = true;
     return true;
 }

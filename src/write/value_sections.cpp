@@ -5,14 +5,14 @@
 //   SIG_VALTYPE_ id name : number;
 // SPDX-License-Identifier: MIT
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "text/constants.h"
 #include "write/sections.h"
 
 namespace vexil {
 namespace {
-
-constexpr std::size_t OrdinaryLineLength = 160;  // room for most lines without growing
 
 bool IsFloat(const CANSignal& signal) {
     return signal.valueType == ValueFloat32 || signal.valueType == ValueFloat64;
@@ -23,57 +23,53 @@ bool HasValueDescription(const CANSignal& signal) {
 }
 
 // keyword id name
-std::string LineHead(std::string_view keyword, std::uint32_t messageId, const std::string& name) {
-    std::string head;
-    head.reserve(OrdinaryLineLength);
-    return head.append(keyword)
-        .append(" ")
-        .append(std::to_string(messageId))
-        .append(" ")
-        .append(name);
+void AppendLineHead(std::string& line, std::string_view keyword, std::uint32_t messageId,
+                    std::string_view name) {
+    line.append(keyword).append(" ").append(std::to_string(messageId)).append(" ").append(name);
 }
 
 }  // namespace
 
-void WriteValueDescriptions(StatementFile& file, const MessageList& messages) {
-    for (const auto& message : messages) {
-        for (const auto& signal : message->signals) {
-            if (HasValueDescription(*signal)) {
-                file.WriteLine(signal->FormatValueDescription(message->id));
-            }
-        }
-    }
-}
-
-void WriteSignalValueTypes(StatementFile& file, const MessageList& messages) {
+void WriteValueSections(StatementFile& file, const MessageList& messages) {
+    std::vector<std::pair<const CANMessage*, const CANSignal*>> floats;
+    std::string line;
     for (const auto& message : messages) {
         for (const auto& signal : message->signals) {
             if (IsFloat(*signal)) {
-                file.WriteLine(signal->FormatSignalValueType(message->id));
+                floats.emplace_back(message.get(), signal.get());
+            } else if (!signal->enums.IsEmpty()) {
+                line.clear();
+                line = signal->FormatValueDescription(message->id, std::move(line));
+                file.WriteLine(line);
             }
         }
     }
+    for (const auto& [message, signal] : floats) {
+        line.clear();
+        line = signal->FormatSignalValueType(message->id, std::move(line));
+        file.WriteLine(line);
+    }
 }
 
-std::string CANSignal::FormatValueDescription(std::uint32_t messageId) const {
+std::string CANSignal::FormatValueDescription(std::uint32_t messageId, std::string line) const {
     if (!HasValueDescription(*this)) {
-        return {};
+        return line;
     }
-    std::string line = LineHead(keyword::VAL_, messageId, name);
+    AppendLineHead(line, keyword::VAL_, messageId, name);
     for (const auto& [value, text] : enums.Sorted()) {
         line.append(" ").append(std::to_string(value)).append(" \"").append(text).append("\"");
     }
-    return line.append(";");
+    line.append(";");
+    return line;
 }
 
-std::string CANSignal::FormatSignalValueType(std::uint32_t messageId) const {
+std::string CANSignal::FormatSignalValueType(std::uint32_t messageId, std::string line) const {
     if (!IsFloat(*this)) {
-        return {};
+        return line;
     }
-    return LineHead(keyword::SIG_VALTYPE_, messageId, name)
-        .append(" : ")
-        .append(valueType == ValueFloat32 ? "1" : "2")
-        .append(";");
+    AppendLineHead(line, keyword::SIG_VALTYPE_, messageId, name);
+    line.append(valueType == ValueFloat32 ? " : 1;" : " : 2;");
+    return line;
 }
 
 }  // namespace vexil

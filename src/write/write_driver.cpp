@@ -19,8 +19,7 @@ void WriteSections(StatementFile& file, const MessageList& messages) {
     WriteMessages(file, messages);
     WriteComments(file, messages);
     WriteAttributeSection(file, messages);
-    WriteValueDescriptions(file, messages);
-    WriteSignalValueTypes(file, messages);
+    WriteValueSections(file, messages);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ bool CompareByIdDescending(const CANMessage& a, const CANMessage& b) {
 }
 
 bool CompareByNameAscending(const CANMessage& a, const CANMessage& b) {
-    return a.name < b.name;
+    return std::string_view(a.name) < std::string_view(b.name);
 }
 
 MessageList MessagesInOrder(const MessageList& messages, std::uint32_t order) {

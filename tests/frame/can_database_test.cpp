@@ -35,7 +35,7 @@ TEST(CANDatabase, IsEmptyWhenMade) {
     const CANDatabase made;
     ExpectEmpty(made);
     EXPECT_EQ(made.info.busType, 0U);
-    EXPECT_TRUE(made.messagesById.empty());
+    EXPECT_EQ(made.messagesById.Size(), 0U);
 }
 
 TEST(CANDatabase, OfTheLibraryKnowsTheReservedNames) {
@@ -56,11 +56,11 @@ TEST(CANDatabase, ResetEmptiesAllButTheBusTypeAndTheTableOfIds) {
     EXPECT_EQ(filled.attributes.definitions.size(), 1U);
     EXPECT_EQ(filled.attributes.values.size(), 1U);
     filled.attributes.reservedAttributeNames = {"Other"};
-    filled.messagesById[7];
+    filled.messagesById.Add(std::make_shared<CANMessage>());
     filled.Reset();
     ExpectEmpty(filled);
     EXPECT_EQ(filled.info.busType, 1U);
-    EXPECT_EQ(filled.messagesById.size(), 1U);
+    EXPECT_EQ(filled.messagesById.Size(), 1U);
     EXPECT_EQ(message.use_count(), 1);
     // What went is not remembered: it may come again.
     addAttribute();

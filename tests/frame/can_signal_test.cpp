@@ -35,7 +35,7 @@ void ExpectDefaults(const CANSignal& signal) {
     EXPECT_EQ(signal.offset, 0);
     EXPECT_EQ(signal.minimum, 0);
     EXPECT_EQ(signal.maximum, 0);
-    EXPECT_TRUE(signal.receivers.empty());
+    EXPECT_TRUE(signal.receivers.IsEmpty());
     EXPECT_TRUE(EnumsOf(signal).empty());
     EXPECT_EQ(signal.startValue, 0);
     EXPECT_EQ(signal.inactiveValue, 0);
@@ -127,7 +127,7 @@ TEST(CANSignal, ParseReceiversSplitsAtCommas) {
         signal.ParseReceivers(list);
         return signal.receivers;
     };
-    using Receivers = std::vector<std::string>;
+    using Receivers = NodeList;
     EXPECT_EQ(parsed("A , B ,, D"), (Receivers{"A", "B", "D"}));
     EXPECT_EQ(parsed("A"), (Receivers{"A"}));
     EXPECT_EQ(parsed(""), Receivers{});

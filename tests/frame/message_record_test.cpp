@@ -101,9 +101,10 @@ TEST(MessageCopyToRecord, CutsNoCharacter) {
     for (const std::string character : {"e", "\xc3\xa9", "\xe2\x82\xac", "\xf0\x9f\x9a\x97"}) {
         for (std::size_t front = 250; front <= 256; ++front) {
             EngineMessage message;
-            message.longName = std::string(front, 'l') + character + "more text";
+            const std::string longName = std::string(front, 'l') + character + "more text";
+            message.longName = longName;
             MessageFields fields = engineFields;
-            fields.longName = message.longName.substr(0, 255);
+            fields.longName = longName.substr(0, 255);
             if (front < 255 && front + character.size() > 255) {
                 fields.longName.resize(front);
             }
@@ -118,12 +119,16 @@ TEST(MessageCopyToRecord, CutsNoCharacter) {
 // A text that cannot be cut ends the copy: its array is empty, what comes behind it in the order
 // of copying keeps what the record held.
 TEST(MessageCopyToRecord, StopsAtATextThatCannotBeCut) {
-    const std::vector<std::string CANMessage::*> texts = {
-        &CANMessage::name, &CANMessage::longName, &CANMessage::transmitter, &CANMessage::comment,
-        &CANMessage::sendType};
-    for (std::size_t failing = 0; failing < texts.size(); ++failing) {
+    using SetText = void (*)(CANMessage&);
+    const std::vector<SetText> invalidate = {
+        [](CANMessage& message) { message.name = invalidText; },
+        [](CANMessage& message) { message.longName = invalidText; },
+        [](CANMessage& message) { message.transmitter = invalidText; },
+        [](CANMessage& message) { message.comment = invalidText; },
+        [](CANMessage& message) { message.sendType = invalidText; }};
+    for (std::size_t failing = 0; failing < invalidate.size(); ++failing) {
         EngineMessage message;
-        message.*texts[failing] = invalidText;
+        invalidate[failing](message);
         auto record = Filled<CanMessageRecord>(Pattern);
         EXPECT_FALSE(message.CopyToRecord(&record));
         auto expected = Filled<CanMessageRecord>(Pattern);

@@ -62,7 +62,7 @@ class Network {
     }
 
     MessageList messages;
-    MessagesOfId lookup;
+    MessagesOfId lookup{7};
 };
 
 // One of few words, with white space inside now and then, as a file may have it in a name.
@@ -77,8 +77,9 @@ std::string AnyName(test::RandomText& random) {
     return name;
 }
 
-TEST(MessagesOfId, HandsOutItsMessagesInTheirOrder) {
+TEST(MessagesOfId, HandsOutItsIdAndItsMessagesInTheirOrder) {
     Network network;
+    EXPECT_EQ(network.lookup.Id(), 7U);
     EXPECT_TRUE(network.lookup.Messages().empty());
     network.AddMessage();
     network.AddMessage();
@@ -136,6 +137,51 @@ TEST(MessagesOfId, FindsWhatAWalkFinds) {
             }
         }
     }
+}
+
+std::shared_ptr<CANMessage> MessageOf(std::uint32_t id) {
+    auto message = std::make_shared<CANMessage>();
+    message->id = id;
+    return message;
+}
+
+TEST(MessagesById, FindsTheMessagesOfAnIdInTheirOrder) {
+    MessagesById byId;
+    EXPECT_EQ(byId.Find(5), nullptr);
+    const MessageList all = {MessageOf(5), MessageOf(7), MessageOf(5), MessageOf(0)};
+    for (const auto& message : all) {
+        byId.Add(message);
+    }
+    EXPECT_EQ(byId.Size(), 3U);
+    EXPECT_EQ(byId.Find(5)->Messages(), (MessageList{all[0], all[2]}));
+    EXPECT_EQ(byId.Find(7)->Messages(), (MessageList{all[1]}));
+    EXPECT_EQ(byId.Find(6), nullptr);
+    EXPECT_EQ(byId.Find(0)->Messages(), (MessageList{all[3]}));
+    EXPECT_EQ(byId.Find(5)->Messages(), (MessageList{all[0], all[2]}));
+}
+
+TEST(MessagesById, KeepsWhatItFoundInPlaceAsItGrows) {
+    MessagesById byId;
+    byId.Add(MessageOf(0));
+    MessagesOfId* const first = byId.Find(0);
+    for (std::uint32_t id = 1; id < 1000; ++id) {
+        byId.Add(MessageOf(id));
+        ASSERT_EQ(byId.Find(id)->Id(), id);
+        ASSERT_EQ(byId.Find(0), first);
+    }
+    EXPECT_EQ(byId.Size(), 1000U);
+}
+
+TEST(MessagesById, FindsNothingAfterClear) {
+    MessagesById byId;
+    byId.Add(MessageOf(5));
+    EXPECT_NE(byId.Find(5), nullptr);
+    byId.Clear();
+    EXPECT_EQ(byId.Size(), 0U);
+    EXPECT_EQ(byId.Find(5), nullptr);
+    const auto again = MessageOf(5);
+    byId.Add(again);
+    EXPECT_EQ(byId.Find(5)->Messages(), (MessageList{again}));
 }
 
 }  // namespace

@@ -149,7 +149,10 @@ TEST(SignalCopyToRecord, CutsNoCharacter) {
 
 TEST(SignalCopyToRecord, CutsTheReceiverListWithinAName) {
     SpeedSignal signal;
-    signal.receivers = std::vector<std::string>(8, std::string(32, 'r'));
+    signal.receivers.Clear();
+    for (int count = 0; count < 8; ++count) {
+        signal.receivers.Add(std::string(32, 'r'));
+    }
     const std::string list = signal.ReceiverList();
     ASSERT_EQ(list.size(), 8U * 33 - 1);
     SignalFields fields = speedFields;
@@ -157,7 +160,7 @@ TEST(SignalCopyToRecord, CutsTheReceiverListWithinAName) {
     auto record = Filled<CanSignalRecord>(Pattern);
     EXPECT_TRUE(signal.CopyToRecord(&record));
     EXPECT_TRUE(SameBytes(record, RecordOf(fields)));
-    signal.receivers.clear();
+    signal.receivers.Clear();
     fields.receiverList = "";
     record = Filled<CanSignalRecord>(Pattern);
     EXPECT_TRUE(signal.CopyToRecord(&record));
@@ -167,19 +170,17 @@ TEST(SignalCopyToRecord, CutsTheReceiverListWithinAName) {
 // A text that cannot be cut ends the copy: its array is empty, what comes behind it in the order
 // of copying (the numbers come last) keeps what the record held.
 TEST(SignalCopyToRecord, StopsAtATextThatCannotBeCut) {
-    const std::vector<std::string CANSignal::*> texts = {&CANSignal::name,
-                                                         &CANSignal::longName,
-                                                         &CANSignal::unit,
-                                                         &CANSignal::unitUtf8,
-                                                         nullptr,  // the receivers
-                                                         &CANSignal::comment};
-    for (std::size_t failing = 0; failing < texts.size(); ++failing) {
+    using SetText = void (*)(CANSignal&);
+    const std::vector<SetText> invalidate = {
+        [](CANSignal& signal) { signal.name = invalidText; },
+        [](CANSignal& signal) { signal.longName = invalidText; },
+        [](CANSignal& signal) { signal.unit = invalidText; },
+        [](CANSignal& signal) { signal.unitUtf8 = invalidText; },
+        [](CANSignal& signal) { signal.receivers = {invalidText}; },
+        [](CANSignal& signal) { signal.comment = invalidText; }};
+    for (std::size_t failing = 0; failing < invalidate.size(); ++failing) {
         SpeedSignal signal;
-        if (texts[failing] == nullptr) {
-            signal.receivers = {invalidText};
-        } else {
-            signal.*texts[failing] = invalidText;
-        }
+        invalidate[failing](signal);
         auto record = Filled<CanSignalRecord>(Pattern);
         EXPECT_FALSE(signal.CopyToRecord(&record));
         auto expected = Filled<CanSignalRecord>(Pattern);
@@ -217,7 +218,7 @@ void ExpectReset(const CANSignal& signal) {
     EXPECT_FALSE(signal.CopyToRecord(&record));
     EXPECT_TRUE(SameBytes(record, RecordOf(SignalFields{})));
     EXPECT_EQ(signal.rawName, "");
-    EXPECT_TRUE(signal.receivers.empty());
+    EXPECT_TRUE(signal.receivers.IsEmpty());
     EXPECT_FALSE(signal.hasNameSuffix);
 }
 
@@ -245,7 +246,7 @@ TEST(SignalFillFromRecord, TakesItsFieldsAndNoOther) {
     EXPECT_EQ(signal.offset, -40);
     EXPECT_EQ(signal.minimum, -1e300);
     EXPECT_EQ(signal.maximum, 6553.5);
-    EXPECT_EQ(signal.receivers, (std::vector<std::string>{"ABS", "ECU_2"}));
+    EXPECT_EQ(signal.receivers, (NodeList{"ABS", "ECU_2"}));
     EXPECT_TRUE(EnumsOf(signal).empty());
     EXPECT_EQ(signal.startValue, -5);
     EXPECT_EQ(signal.inactiveValue, std::numeric_limits<std::int32_t>::min());
@@ -300,7 +301,7 @@ TEST(SignalFillFromRecord, LosesTheLastByteOfAnArrayWithoutANul) {
     EXPECT_EQ(signal.name, std::string(32, 'l'));
     EXPECT_EQ(signal.unit, std::string(31, 'u'));
     EXPECT_EQ(signal.unitUtf8, std::string(31, 'u'));
-    EXPECT_EQ(signal.receivers, (std::vector<std::string>{std::string(32, 'r'), "s"}));
+    EXPECT_EQ(signal.receivers, (NodeList{std::string(32, 'r'), "s"}));
     EXPECT_EQ(signal.comment, std::string(255, 'c'));
 }
 
@@ -318,7 +319,7 @@ TEST(SignalFillFromRecord, BringsTextsIntoShape) {
     // The unit is neither stripped nor cleaned nor escaped.
     EXPECT_EQ(signal.unit, " _\t\"");
     EXPECT_EQ(signal.unitUtf8, " \xf0\x9f\x9a\x97\t\"");
-    EXPECT_EQ(signal.receivers, (std::vector<std::string>{"A_B", "_st", "_"}));
+    EXPECT_EQ(signal.receivers, (NodeList{"A_B", "_st", "_"}));
     EXPECT_EQ(signal.comment, "\\\"a\\\"\tb\\\"");
 }
 
@@ -341,7 +342,7 @@ TEST(SignalFillFromRecord, TakesEmptyTextsAndEveryNumber) {
     auto out = Filled<CanSignalRecord>(Pattern);
     EXPECT_TRUE(signal.CopyToRecord(&out));
     EXPECT_TRUE(SameBytes(out, record));
-    EXPECT_TRUE(signal.receivers.empty());
+    EXPECT_TRUE(signal.receivers.IsEmpty());
 }
 
 TEST(SignalFillFromRecord, MakesAFloatOfTheWrongSizeASignedInteger) {

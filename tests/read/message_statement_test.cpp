@@ -232,8 +232,8 @@ TEST_F(HandleMessageStatement, AddsTheMessageToTheListAndUnderItsId) {
               "5 'C' 8 'N'\n"
               "left over: messagesById 2 definitions 0 values 0\n");
     const MessageList& all = database.messages;
-    EXPECT_EQ(database.messagesById.at(5).Messages(), (MessageList{all[0], all[2]}));
-    EXPECT_EQ(database.messagesById.at(7).Messages(), (MessageList{all[1]}));
+    EXPECT_EQ(database.messagesById.Find(5)->Messages(), (MessageList{all[0], all[2]}));
+    EXPECT_EQ(database.messagesById.Find(7)->Messages(), (MessageList{all[1]}));
 }
 
 TEST_F(HandleMessageStatement, RecordsARefusedStatementAndKeepsNothingElseOfIt) {

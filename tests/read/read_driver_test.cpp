@@ -136,7 +136,7 @@ TEST_F(ReadDbcFile, DropsSignalsUnseenWhileNoMessageIsOpen) {
 }
 
 TEST_F(ReadDbcFile, ClosesTheMessageWithAStatementOfAnyOtherKeyword) {
-    for (const KeywordRow& row : KeywordTable()) {
+    for (const KeywordRow& row : keywordTable) {
         if (row.keyword == keyword::BO_ || row.keyword == keyword::SG_) {
             continue;
         }
@@ -273,7 +273,7 @@ TEST_F(ReadDbcFile, EmptiesTheTablesThatOnlyItNeeds) {
         "BA_ \"GenMsgCycleTime\" BO_ 1 100;\n"
         "BO_ 1 A: 8 N\n");
     EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N' cycle=100\n");
-    EXPECT_TRUE(database.messagesById.empty());
+    EXPECT_EQ(database.messagesById.Size(), 0U);
     EXPECT_TRUE(database.attributes.definitions.empty());
     EXPECT_TRUE(database.attributes.values.empty());
     EXPECT_EQ(database.attributes.reservedAttributeNames.size(), 9U);

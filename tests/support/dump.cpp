@@ -93,9 +93,8 @@ std::string Errors(const std::vector<std::uint32_t>& codes) {
 
 std::string Receivers(const CANSignal& signal) {
     std::vector<std::string> texts;
-    for (const std::string& receiver : signal.receivers) {
-        texts.push_back(Receiver(receiver));
-    }
+    signal.receivers.ForEach(
+        [&texts](std::string_view receiver) { texts.push_back(Receiver(receiver)); });
     return texts.empty() ? "" : Concat(" ", Joined(texts));
 }
 
@@ -123,7 +122,7 @@ std::vector<std::string> DatabaseLines() {
         lines.push_back(Concat("error ", Number(error.code), " @", Number(error.line), " ",
                                Quoted(error.text)));
     }
-    const std::size_t ids = database.messagesById.size();
+    const std::size_t ids = database.messagesById.Size();
     const std::size_t definitions = database.attributes.definitions.size();
     const std::size_t values = database.attributes.values.size();
     if (ids + definitions + values != 0) {

@@ -22,7 +22,7 @@ namespace vexil::test {
 // Gives the database the state that it has when the library is loaded.
 inline void ClearDatabase() {
     database.Reset();
-    database.messagesById.clear();
+    database.messagesById.Clear();
     database.info = {};
 }
 

@@ -48,10 +48,10 @@ TEST(KeywordTable, HasThirtyFiveRowsInThisOrder) {
         {"BU_BO_REL_", false},
         {"SG_MUL_VAL_", false},
     }};
-    ASSERT_EQ(KeywordTable().size(), expected.size());
+    ASSERT_EQ(keywordTable.size(), expected.size());
     for (std::size_t row = 0; row < expected.size(); ++row) {
-        EXPECT_EQ(KeywordTable()[row].keyword, expected[row].keyword) << "row " << row;
-        EXPECT_EQ(KeywordTable()[row].needsSemicolon, expected[row].needsSemicolon)
+        EXPECT_EQ(keywordTable[row].keyword, expected[row].keyword) << "row " << row;
+        EXPECT_EQ(keywordTable[row].needsSemicolon, expected[row].needsSemicolon)
             << "row " << row;
     }
 }
@@ -76,7 +76,7 @@ TEST(SymbolList, HasTwentyEightSymbolsInThisOrder) {
 
 TEST(SymbolList, IsPartOfTheKeywordTable) {
     for (const std::string_view symbol : SymbolList) {
-        EXPECT_EQ(std::count_if(KeywordTable().begin(), KeywordTable().end(),
+        EXPECT_EQ(std::count_if(keywordTable.begin(), keywordTable.end(),
                                 [symbol](const KeywordRow& row) { return row.keyword == symbol; }),
                   1)
             << symbol;
@@ -154,9 +154,9 @@ TEST(MatchKeyword, LooksAtNothingBehindTheText) {
 }
 
 TEST(MatchKeyword, TakesEveryKeywordOfTheTableAndNoOtherAtItsPlace) {
-    for (const KeywordRow& row : KeywordTable()) {
+    for (const KeywordRow& row : keywordTable) {
         const std::string text = std::string(row.keyword) + " ";
-        for (const KeywordRow& other : KeywordTable()) {
+        for (const KeywordRow& other : keywordTable) {
             Position end = 99;
             EXPECT_EQ(MatchKeyword(text, other.keyword, end, 0), row.keyword == other.keyword)
                 << row.keyword << " against " << other.keyword;

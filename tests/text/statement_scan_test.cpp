@@ -77,7 +77,7 @@ TEST_F(NextStatement, CutsInFrontOfEachKeyword) {
 }
 
 TEST_F(NextStatement, CutsInFrontOfEveryKeywordOfTheTable) {
-    for (const KeywordRow& row : KeywordTable()) {
+    for (const KeywordRow& row : keywordTable) {
         const std::string statement = std::string(row.keyword) + " x;\n";
         EXPECT_EQ(CutsOf("BO_ 1\n" + statement + "BO_ 2\n"),
                   (Cuts{{"BO_ 1\n", 2}, {statement, 3}, {"BO_ 2\n", 3}}))
@@ -108,7 +108,7 @@ TEST_F(NextStatement, TakesKeywordsAsWholeTokensOnly) {
 }
 
 TEST_F(NextStatement, TakesNoTokenThatIsNearlyAKeyword) {
-    for (const KeywordRow& row : KeywordTable()) {
+    for (const KeywordRow& row : keywordTable) {
         const std::string keyword(row.keyword);
         std::string statement = "BO_ 1\n" + keyword + keyword + " \"" + keyword + " \xc3\xa9" +
                                 keyword + " " + keyword.substr(1) + "\n";
@@ -216,7 +216,7 @@ TEST_F(NextStatement, FindsFreeTextBehindTextOnTheSameLine) {
 }
 
 TEST_F(NextStatement, WantsNoSemicolonForAnyOtherKeyword) {
-    for (const KeywordRow& row : KeywordTable()) {
+    for (const KeywordRow& row : keywordTable) {
         if (!row.needsSemicolon) {
             ExpectCutsAtMarks(std::string(row.keyword) + " text |BO_ 1\n|BO_ 2\n");
         }

@@ -151,7 +151,7 @@ TEST(FormatSignalLine, JoinsItsParts) {
 TEST(FormatSignalLine, NamesTheDefaultForMissingReceivers) {
     const auto signal = test::NewSignal("S");
     EXPECT_EQ(signal->FormatSignalLine(), " SG_ S : 0|0@1+ (0,0) [0|0] \"\" Marrowby");
-    EXPECT_EQ(signal->receivers.size(), 0U);
+    EXPECT_TRUE(signal->receivers.IsEmpty());
     signal->receivers = {"A"};
     EXPECT_EQ(signal->FormatSignalLine(), " SG_ S : 0|0@1+ (0,0) [0|0] \"\" A");
 }

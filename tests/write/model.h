@@ -54,7 +54,7 @@ class ModelTest : public testing::Test {
 
     static void Empty() {
         database.Reset();
-        database.messagesById.clear();
+        database.messagesById.Clear();
         database.info = {};
     }
 
@@ -66,7 +66,7 @@ class ModelTest : public testing::Test {
 
     // Appends the signal also to a message that is full.
     static CANSignal& AddSignal(CANMessage& message, std::string_view name,
-                                std::vector<std::string> receivers = {}) {
+                                NodeList receivers = {}) {
         message.signals.push_back(NewSignal(name));
         message.signals.back()->receivers = std::move(receivers);
         return *message.signals.back();
@@ -75,7 +75,7 @@ class ModelTest : public testing::Test {
     static std::vector<std::string> SignalNames(const CANMessage& message) {
         std::vector<std::string> names;
         for (const auto& signal : message.signals) {
-            names.push_back(signal->name);
+            names.emplace_back(signal->name);
         }
         return names;
     }

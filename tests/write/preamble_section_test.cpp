@@ -104,7 +104,7 @@ TEST_F(BuildNodeList, NamesTheDefaultForMissingReceivers) {
     EXPECT_EQ(vexil::BuildNodeList(), "BU_ :  ECU2 ECU1");
     AddSignal(message, "T");
     EXPECT_EQ(vexil::BuildNodeList(), "BU_ :  Marrowby ECU2 ECU1");
-    EXPECT_EQ(message.signals[1]->receivers.size(), 0U);
+    EXPECT_TRUE(message.signals[1]->receivers.IsEmpty());
 }
 
 TEST_F(BuildNodeList, NamesTransmittersAndReceiversInDescendingOrder) {
@@ -127,8 +127,8 @@ TEST_F(BuildNodeList, OrdersByBytesAndTheShorterNameFirst) {
 }
 
 TEST_F(BuildNodeList, TakesReceiversAsTheyStand) {
-    AddSignal(AddMessage(1, "M", "A"), "S", {"", "no identifier"});
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ :  no identifier A ");
+    AddSignal(AddMessage(1, "M", "A"), "S", {"no identifier"});
+    EXPECT_EQ(vexil::BuildNodeList(), "BU_ :  no identifier A");
 }
 
 TEST_F(BuildNodeList, CountsEmptyMessagesAndSignals) {

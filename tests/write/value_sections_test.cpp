@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "write/model.h"
 #include "write/sections.h"
 #include "write/write_order.h"
@@ -60,15 +62,20 @@ TEST(FormatSignalValueType, IsThereForFloatsAlone) {
 
 class ValueSections : public test::ModelTest {
   protected:
+    // The lines in front of the first SIG_VALTYPE_, and those from there on.
     std::string ValueLines(std::uint32_t order = OrderAsStored) const {
-        return Written([order](StatementFile& file) {
-            WriteValueDescriptions(file, MessagesInOrder(database.messages, order));
-        });
+        const std::string lines = Lines(order);
+        return lines.substr(0, lines.find("SIG_VALTYPE_"));
     }
 
     std::string TypeLines(std::uint32_t order = OrderAsStored) const {
+        const std::string lines = Lines(order);
+        return lines.substr(std::min(lines.find("SIG_VALTYPE_"), lines.size()));
+    }
+
+    std::string Lines(std::uint32_t order) const {
         return Written([order](StatementFile& file) {
-            WriteSignalValueTypes(file, MessagesInOrder(database.messages, order));
+            WriteValueSections(file, MessagesInOrder(database.messages, order));
         });
     }
 

@@ -1,0 +1,86 @@
+// Tests of text/hash_index.h.
+// SPDX-License-Identifier: MIT
+#include "text/hash_index.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace vexil {
+namespace {
+
+const auto anyEntry = [](std::size_t) { return true; };
+
+// A list with its index, under the hash of the test.
+class IndexedList {
+  public:
+    explicit IndexedList(std::function<std::size_t(const std::string&)> hashOf)
+        : hash(std::move(hashOf)) {}
+
+    void Add(const std::string& entry) {
+        index.Add(hash(entry), entries.size());
+        entries.push_back(entry);
+    }
+
+    std::size_t Find(const std::string& entry) const {
+        return index.Find(hash(entry), [&](std::size_t at) { return entries[at] == entry; });
+    }
+
+  private:
+    std::function<std::size_t(const std::string&)> hash;
+    std::vector<std::string> entries;
+    HashIndex index;
+};
+
+void ExpectFindsAll(std::function<std::size_t(const std::string&)> hash) {
+    IndexedList list(std::move(hash));
+    for (std::size_t count = 0; count < 500; ++count) {
+        EXPECT_EQ(list.Find(std::to_string(count)), npos);
+        list.Add(std::to_string(count));
+        for (std::size_t at = 0; at <= count; at += 1 + count / 10) {
+            ASSERT_EQ(list.Find(std::to_string(at)), at);
+        }
+    }
+    EXPECT_EQ(list.Find("500"), npos);
+}
+
+TEST(HashIndex, FindsNothingWhenEmpty) {
+    const HashIndex index;
+    EXPECT_EQ(index.Find(0, anyEntry), npos);
+}
+
+TEST(HashIndex, FindsEachEntryAsItGrows) {
+    ExpectFindsAll([](const std::string& entry) { return std::hash<std::string>()(entry); });
+}
+
+TEST(HashIndex, TellsEntriesOfOneHashApart) {
+    ExpectFindsAll([](const std::string&) { return std::size_t{7}; });
+}
+
+TEST(HashIndex, GoesOnAtTheFrontBehindTheLastSlot) {
+    ExpectFindsAll([](const std::string&) { return ~std::size_t{0}; });
+}
+
+TEST(HashIndex, AsksOnlyForEntriesOfTheHash) {
+    HashIndex index;
+    index.Add(1, 10);
+    index.Add(17, 11);  // in the next slot, as sixteen slots are the first
+    EXPECT_EQ(index.Find(17, anyEntry), 11U);
+    EXPECT_EQ(index.Find(33, anyEntry), npos);
+    EXPECT_EQ(index.Find(1, anyEntry), 10U);
+}
+
+TEST(HashIndex, FindsNothingAfterClear) {
+    HashIndex index;
+    index.Add(1, 10);
+    index.Clear();
+    EXPECT_EQ(index.Find(1, anyEntry), npos);
+    index.Add(1, 11);
+    EXPECT_EQ(index.Find(1, anyEntry), 11U);
+}
+
+}  // namespace
+}  // namespace vexil
