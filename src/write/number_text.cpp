@@ -70,6 +70,7 @@ std::string NumberPairText(std::string_view separators, double first, double sec
         return line;
     }
     std::ostringstream text;
+    text.exceptions(std::ios_base::badbit);  // exhausted memory travels on, and cuts no number
     text.precision(SignificantDigits);
     text << separators[0] << first << separators[1] << second << separators[2];
     return line.append(text.str());
