@@ -42,6 +42,8 @@ void StatementFile::Open(const char* path, std::uint32_t pathBufferSize, OpenMod
         parseState = StateOpenFailed;
     } else if (mode == OpenMode::Read) {
         parseState = StateReading;
+        // Exhausted memory travels on; a stream left to itself makes a failed line of it.
+        stream.exceptions(std::ios_base::badbit);
         buffer.reserve(BufferReserve);
     } else {
         parseState = StateWriting;
@@ -49,6 +51,7 @@ void StatementFile::Open(const char* path, std::uint32_t pathBufferSize, OpenMod
 }
 
 void StatementFile::Close() {
+    stream.exceptions(std::ios_base::goodbit);
     if (stream.is_open()) {
         stream.close();
     }
@@ -70,7 +73,11 @@ void StatementFile::Close() {
 }
 
 bool StatementFile::ReadLine() {
-    std::getline(stream, line);
+    try {
+        std::getline(stream, line);
+    } catch (const std::ios_base::failure&) {
+        // A failure of the file, which the state of the stream tells, too.
+    }
     if (stream.fail()) {
         parseState = stream.eof() ? StateEndOfFile : StateStreamError;
         return false;
