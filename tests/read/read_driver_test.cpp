@@ -281,6 +281,15 @@ TEST_F(ReadDbcFile, EmptiesTheTablesThatOnlyItNeeds) {
     EXPECT_EQ(database.messages[0].use_count(), 1);
 }
 
+// Such a read empties no tables.
+TEST_F(ReadDbcFile, StartsWithoutTheTablesOfAReadThatRanOutOfMemory) {
+    const auto message = std::make_shared<CANMessage>();
+    database.messagesById[1].Add(message);
+    EXPECT_EQ(ReadPath("/missing/net.dbc"), (ReadResult{false, StateOpenFailed}));
+    EXPECT_TRUE(database.messagesById.empty());
+    EXPECT_EQ(message.use_count(), 1);
+}
+
 TEST_F(ReadDbcFile, StartsFromNothingButKeepsTheBusTypeThatAFileDoesNotTell) {
     ReadText(
         "BO_ 1 A: 8 N\nBO_ x\n"
