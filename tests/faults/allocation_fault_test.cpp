@@ -1,0 +1,283 @@
+// Tests of exhausted memory: each allocation of a call fails in its turn. std::bad_alloc leaves the
+// call, nothing stays behind, and what follows a clear is as good as ever.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <locale>
+#include <memory>
+#include <new>
+#include <optional>
+
+#include "api/api_test.h"
+#include "faults/allocations.h"
+#include "faults/every_statement.h"
+#include "faults/resources.h"
+#include "support/record_dump.h"
+
+namespace vexil::faults {
+namespace {
+
+using test::Outcome;
+using test::Success;
+
+// A call to the library. It must not allocate itself.
+using Call = std::function<Outcome()>;
+using Step = std::function<void()>;
+
+class CommaAndGroups : public std::numpunct<char> {
+  protected:
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+};
+
+class AllocationFaultTest : public test::ApiTest {
+  protected:
+    AllocationFaultTest() { UseInput(EveryStatement()); }
+    ~AllocationFaultTest() override { VexilClearData(); }
+
+    static std::string Dump() {
+        const test::DatabaseRecords records = test::FetchDatabase();
+        return test::RecordText(records) + test::ErrorText(records);
+    }
+
+    // Sets the file that a database is read from, and notes what reading and writing make of it.
+    void UseInput(const std::string& text) {
+        test::WriteBytes(input, text);
+        Refill();
+        expectedRecords = Dump();
+        EXPECT_EQ(Write(output), Success);
+        expectedFile = test::ReadBytes(output);
+        VexilClearData();
+    }
+
+    // A clear and a read; the info is told by the file or is that of a new database.
+    void Refill() {
+        VexilClearData();
+        SetInfo({0, 0});
+        EXPECT_EQ(Read(input), Success);
+    }
+
+    // Expects that the library works as if nothing had been, and leaves it empty.
+    void ExpectAllIsWell() {
+        std::locale::global(std::locale::classic());
+        Refill();
+        EXPECT_TRUE(Dump() == expectedRecords) << "other records than at first";
+        EXPECT_EQ(Write(output), Success);
+        EXPECT_TRUE(test::ReadBytes(output) == expectedFile) << "another file than at first";
+        VexilClearData();
+    }
+
+    // Lets each allocation of a call fail, until one call runs to its end without a failure.
+    //   prepare  brings the database into the state in which the call is made.
+    //   call     is to have the same outcome as without a failure when it does without the memory.
+    //   result   tells what the call has made.
+    // Returns how many allocations the call makes.
+    std::size_t Sweep(Exhaustion exhaustion, const Step& prepare, const Call& call,
+                      const std::function<std::string()>& result) {
+        ExpectAllIsWell();
+        prepare();
+        const Outcome expected = call();
+        const std::string expectedResult = result();
+        ExpectAllIsWell();
+        const std::ptrdiff_t descriptors = OpenDescriptors();
+
+        const bool failedBefore = HasFailure();
+        for (std::size_t n = 1;; ++n) {
+            SCOPED_TRACE("allocation " + std::to_string(n));
+            const long blocks = LiveBlocks();
+            prepare();
+            std::optional<Outcome> outcome;
+            std::size_t failures = 0;
+            std::size_t thrown = 0;
+            {
+                const FailingAllocations failing(n, exhaustion);
+                try {
+                    outcome = call();
+                } catch (const std::bad_alloc&) {
+                } catch (...) {
+                    ADD_FAILURE() << "left by another exception";
+                }
+                thrown = failing.Thrown();
+                failures = thrown + failing.Refused();
+            }
+            EXPECT_EQ(OpenDescriptors(), descriptors);
+            EXPECT_EQ(outcome.has_value(), thrown == 0);
+            if (outcome) {
+                EXPECT_EQ(*outcome, expected);
+                EXPECT_TRUE(result() == expectedResult) << "another result than without a failure";
+            }
+            ExpectAllIsWell();
+            EXPECT_EQ(LiveBlocks(), blocks);
+            if (failures == 0 || (HasFailure() && !failedBefore)) {
+                return n - 1;
+            }
+        }
+    }
+
+    std::size_t SweepRead(Exhaustion exhaustion, const Step& prepare) {
+        return Sweep(
+            exhaustion, prepare, [this] { return Read(input); }, Dump);
+    }
+
+    std::size_t SweepWrite(Exhaustion exhaustion, const Step& prepare, std::uint32_t order) {
+        return Sweep(
+            exhaustion, prepare, [this, order] { return Write(output, order); },
+            [this] { return test::ReadBytes(output) + Dump(); });
+    }
+
+    static void Clear() {
+        VexilClearData();
+        SetInfo({0, 0});
+    }
+
+    std::string input = folder.File("input.dbc");
+    std::string output = folder.File("output.dbc");
+    std::string expectedRecords;
+    std::string expectedFile;
+};
+
+constexpr Exhaustion BothKinds[] = {Exhaustion::Once, Exhaustion::FromThere};
+
+TEST_F(AllocationFaultTest, EndsARead) {
+    for (const Exhaustion exhaustion : BothKinds) {
+        EXPECT_GT(SweepRead(exhaustion, Clear), 500U);
+    }
+}
+
+TEST_F(AllocationFaultTest, EndsAReadOverAFullDatabase) {
+    EXPECT_GT(SweepRead(Exhaustion::Once, [this] { Refill(); }), 500U);
+}
+
+TEST_F(AllocationFaultTest, EndsAReadOfEachSmallFile) {
+    std::size_t files = 0;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(VEXIL64_INPUTS)) {
+        if (entry.path().filename() == "input.dbc") {
+            SCOPED_TRACE(entry.path());
+            UseInput(test::ReadBytes(entry.path()));
+            EXPECT_GT(SweepRead(Exhaustion::Once, Clear), 3U);
+            ++files;
+        }
+    }
+    EXPECT_GT(files, 10U);
+}
+
+TEST_F(AllocationFaultTest, EndsAWriteInEachOrder) {
+    for (const std::uint32_t order : {OrderByIdDescending, OrderByNameAscending, OrderAsStored}) {
+        EXPECT_GT(SweepWrite(
+                      Exhaustion::Once, [this] { Refill(); }, order),
+                  300U);
+    }
+    EXPECT_GT(SweepWrite(
+                  Exhaustion::FromThere, [this] { Refill(); }, OrderAsStored),
+              300U);
+}
+
+// In a locale of its own the numbers go through a stream, which must not keep the failure to
+// itself.
+TEST_F(AllocationFaultTest, EndsAWriteInALocaleOfTheHost) {
+    UseInput(
+        "BO_ 1 A: 8 N\n"
+        " SG_ S : 0|8@1+ (0.000123456789,-1234567.125) [-123456.789|1234567890] \"\" N\n");
+    const Step prepare = [this] {
+        Refill();
+        std::locale::global(std::locale(std::locale::classic(), new CommaAndGroups));
+    };
+    for (const Exhaustion exhaustion : BothKinds) {
+        EXPECT_GT(SweepWrite(exhaustion, prepare, OrderAsStored), 20U);
+    }
+}
+
+TEST_F(AllocationFaultTest, EndsAnAppendOfAMessage) {
+    const CanMessageRecord record = test::RecordOf(
+        test::MessageFields{.id = 7,
+                            .longName = "A message with a name for display that is long",
+                            .transmitter = "Transmitter_Of_The_Message",
+                            .comment = "A comment with a \"quote\" that has to be escaped"});
+    const Call append = [&record] { return Outcome{VexilAppendCanMessage(&record), 0}; };
+    for (const Exhaustion exhaustion : BothKinds) {
+        EXPECT_GT(Sweep(exhaustion, Clear, append, Dump), 5U);
+        EXPECT_GT(Sweep(
+                      exhaustion, [this] { Refill(); }, append, Dump),
+                  5U);
+    }
+}
+
+TEST_F(AllocationFaultTest, EndsAnAppendOfASignal) {
+    const CanSignalRecord record = test::RecordOf(
+        test::SignalFields{.longName = "A signal with a name for display that is long",
+                           .unit = "units in \xc2\xb0 and more",
+                           .receiverList = "The_First_Of_The_Receivers,The_Second_Receiver,C",
+                           .comment = "A comment with a \"quote\" that has to be escaped"});
+    const Call append = [&record] {
+        return Outcome{VexilAppendCanSignalToCanMessage(0, &record), 0};
+    };
+    for (const Exhaustion exhaustion : BothKinds) {
+        EXPECT_GT(Sweep(
+                      exhaustion, [this] { Refill(); }, append, Dump),
+                  8U);
+    }
+}
+
+TEST_F(AllocationFaultTest, EndsAnAppendOfAValueDescription) {
+    for (const std::int32_t value : {3, 4, -4}) {
+        const CanEnumRecord record =
+            test::RecordOf(test::EnumFields{value, "A description that is long enough"});
+        const Call append = [&record] {
+            return Outcome{VexilAppendEnumToCanSignal(1, 2, &record), 0};
+        };
+        for (const Exhaustion exhaustion : BothKinds) {
+            EXPECT_GT(Sweep(
+                          exhaustion, [this] { Refill(); }, append, Dump),
+                      0U);
+        }
+    }
+}
+
+// A fetch may have to sort and to join what came out of order.
+TEST_F(AllocationFaultTest, EndsAFetch) {
+    const Step prepare = [this] {
+        Refill();
+        for (const std::int32_t value : {9, 8, 7, 8}) {
+            AppendEnum(1, 2, {value, "A description that comes out of order"});
+        }
+    };
+    auto message = test::Filled<CanMessageRecord>(test::Pattern);
+    auto signal = test::Filled<CanSignalRecord>(test::Pattern);
+    auto description = test::Filled<CanEnumRecord>(test::Pattern);
+    auto error = test::Filled<ParseError>(test::Pattern);
+    const Call fetch = [&] {
+        return Outcome{VexilGetCanMessageData(1, &message) + VexilGetCanSignalData(1, 1, &signal) +
+                           VexilGetCanSignalEnumData(1, 2, 0, &description) +
+                           VexilGetErrorData(0, &error),
+                       0};
+    };
+    for (const Exhaustion exhaustion : BothKinds) {
+        EXPECT_GT(Sweep(exhaustion, prepare, fetch, Dump), 2U);
+    }
+    EXPECT_EQ(fetch(), (Outcome{0, 0}));
+}
+
+TEST_F(AllocationFaultTest, NeverMeetsAClear) {
+    for (const Step& prepare : {Step([this] { Refill(); }), Step(Clear)}) {
+        prepare();
+        const FailingAllocations failing(1, Exhaustion::FromThere);
+        VexilClearData();
+        EXPECT_EQ(failing.Count(), 0U);
+    }
+}
+
+// A line that never ends fills the memory, and no more.
+TEST_F(AllocationFaultTest, EndsAReadOfADeviceWithoutEnd) {
+    const std::ptrdiff_t descriptors = OpenDescriptors();
+    {
+        const LargestAllocation limit(std::size_t{1} << 24U);
+        EXPECT_THROW(Read("/dev/zero"), std::bad_alloc);
+    }
+    EXPECT_EQ(OpenDescriptors(), descriptors);
+    ExpectAllIsWell();
+}
+
+}  // namespace
+}  // namespace vexil::faults
