@@ -4,9 +4,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
+#include <list>
 #include <memory_resource>
-#include <string>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -18,12 +18,13 @@ namespace vexil {
 class AttributeTable {
   public:
     // In the order in which they were first seen. Only ClearEntries takes entries away, and no
-    // definition moves before that.
-    std::deque<Attribute> definitions;
+    // definition moves before that. A list, since an empty one needs no memory: none must be wanting
+    // when the library is loaded.
+    std::list<Attribute> definitions;
     std::vector<AttributeValue> values;
 
-    // The names that may enter the table; empty when every name may.
-    std::vector<std::string> reservedAttributeNames;
+    // The names that may enter the table, owned by whoever set them; empty when every name may.
+    std::span<const std::string_view> reservedAttributeNames;
 
     // Returns the definition of the name, kind and type, owned by the table, or null. The search
     // walks the definitions: with the reserved names alone there are few.

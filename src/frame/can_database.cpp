@@ -17,8 +17,7 @@ void CANDatabase::Reset() {
     messages.clear();
     parseErrors.clear();
     attributes.ClearEntries();
-    attributes.reservedAttributeNames.assign(ReservedAttributeNames.begin(),
-                                             ReservedAttributeNames.end());
+    attributes.reservedAttributeNames = ReservedAttributeNames;
 }
 
 }  // namespace vexil

@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <map>
 #include <memory>
 #include <span>
@@ -137,16 +136,16 @@ class MessagesById {
     // Adds the message behind those of its id.
     void Add(std::shared_ptr<CANMessage> message);
 
-    // Returns the messages of the id, valid until Clear, or null when there is none.
+    // Returns the messages of the id, valid until the next Add, or null when there is none.
     MessagesOfId* Find(std::uint32_t id);
 
     std::size_t Size() const { return entries.size(); }  // how many ids there are
     void Clear();
 
   private:
-    std::deque<MessagesOfId> entries;  // in the order in which the ids came
-    HashIndex index;                   // of entries
-    MessagesOfId* last = nullptr;      // found last; most statements ask for the same id again
+    std::vector<MessagesOfId> entries;  // in the order in which the ids came
+    HashIndex index;                    // of entries
+    std::size_t last = 0;  // position of what was found last; most statements ask for it again
 };
 
 }  // namespace vexil

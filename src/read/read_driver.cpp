@@ -54,7 +54,7 @@ void ReadStatements(StatementFile& file) {
 
 bool ReadDbcFile(const char* path, std::uint32_t pathBufferSize, std::uint32_t& resultCode) {
     database.Reset();
-    database.messagesById.clear();  // a read that ran out of memory left it as it was
+    database.messagesById.Clear();  // a read that ran out of memory left it as it was
     StatementFile file;
     file.Open(path, pathBufferSize, OpenMode::Read);
     resultCode = file.parseState;

@@ -136,7 +136,7 @@ Lines LinesOf(const List& entries) {
 class ReservedTable : public AttributeTable {
   public:
     explicit ReservedTable(std::initializer_list<std::string_view> statements) {
-        reservedAttributeNames.assign(ReservedAttributeNames.begin(), ReservedAttributeNames.end());
+        reservedAttributeNames = ReservedAttributeNames;
         Read(statements);
     }
 

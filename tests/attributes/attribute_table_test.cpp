@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string_view>
+
 #include "attributes/attribute_lines.h"
 #include "frame/can_database.h"
 
@@ -18,6 +21,14 @@ using test::Lines;
 using test::LinesOf;
 using test::MakeAttribute;
 using test::MakeValue;
+
+constexpr std::array<std::string_view, 2> AAndBc = {"A", "Bc"};
+constexpr std::array<std::string_view, 1> OnlyA = {"A"};
+constexpr std::array<std::string_view, 1> OnlyX = {"X"};
+
+Lines NamesOf(const AttributeTable& table) {
+    return {table.reservedAttributeNames.begin(), table.reservedAttributeNames.end()};
+}
 
 // The definition in the table, which is added if it is new.
 const Attribute& Defined(AttributeTable& table, AttributeObjectKind kind, std::string_view name,
@@ -74,14 +85,14 @@ TEST(AttributeTable, ShowsADefaultInTheLookup) {
     AttributeTable table;
     table.AddDefinition(MakeAttribute(Msg, "A", Int));
     table.AddDefinition(MakeAttribute(Msg, "A", Str));
-    table.SetDefault(table.definitions[0], "9");
-    table.SetDefault(table.definitions[1], std::string("\"text\""));
+    table.SetDefault(table.definitions.front(), "9");
+    table.SetDefault(table.definitions.back(), std::string("\"text\""));
     EXPECT_EQ(Line(table.FindDefinition("A", Msg, Int)), "Msg A Int = 9");
     EXPECT_EQ(Line(table.FindDefinition("A", Msg, Str)), "Msg A Str = 'text'");
     // What sets nothing leaves the earlier default.
-    table.SetDefault(table.definitions[0], "\"9\"");
+    table.SetDefault(table.definitions.front(), "\"9\"");
     EXPECT_EQ(Line(table.FindDefinition("A", Msg, Int)), "Msg A Int = 9");
-    table.SetDefault(table.definitions[1], "text");
+    table.SetDefault(table.definitions.back(), "text");
     EXPECT_EQ(Line(table.FindDefinition("A", Msg, Str)), "Msg A Str");
 }
 
@@ -175,7 +186,7 @@ TEST(AttributeTable, RecognisesEveryNameWhenNoneIsReserved) {
 
 TEST(AttributeTable, RecognisesOnlyReservedNames) {
     AttributeTable table;
-    table.reservedAttributeNames = {"A", "Bc"};
+    table.reservedAttributeNames = AAndBc;
     EXPECT_FALSE(table.IsUnrecognised("A"));
     EXPECT_FALSE(table.IsUnrecognised("Bc"));
     EXPECT_TRUE(table.IsUnrecognised("bc"));
@@ -186,7 +197,7 @@ TEST(AttributeTable, RecognisesOnlyReservedNames) {
 
 TEST(AttributeTable, AddsWithoutAskingForReservedNames) {
     AttributeTable table;
-    table.reservedAttributeNames = {"A"};
+    table.reservedAttributeNames = OnlyA;
     table.AddValue(MakeValue(Defined(table, Gen, "B", Int), 0, "", {}));
     EXPECT_EQ(LinesOf(table.definitions), (Lines{"Gen B Int"}));
     EXPECT_EQ(LinesOf(table.values), (Lines{"Gen B Int"}));
@@ -194,7 +205,7 @@ TEST(AttributeTable, AddsWithoutAskingForReservedNames) {
 
 TEST(AttributeTable, ClearsEntriesAndKeepsReservedNames) {
     AttributeTable table;
-    table.reservedAttributeNames = {"A"};
+    table.reservedAttributeNames = OnlyA;
     for (int round = 0; round < 2; ++round) {
         const Attribute& definition = Defined(table, Gen, "A", Int);
         table.AddValue(MakeValue(definition, 0, "", IntContent(round)));
@@ -204,19 +215,18 @@ TEST(AttributeTable, ClearsEntriesAndKeepsReservedNames) {
         EXPECT_EQ(LinesOf(table.values), Lines{});
         EXPECT_EQ(Line(table.FindDefinition("A", Gen, Int)), "none");
     }
-    EXPECT_EQ(table.reservedAttributeNames, (Lines{"A"}));
+    EXPECT_EQ(NamesOf(table), (Lines{"A"}));
     EXPECT_EQ(Line(table.FindValue(Defined(table, Gen, "A", Int), 0, "")), "none");
 }
 
 TEST(AttributeTable, OfTheDatabaseHasTheNineReservedNamesAndNoEntries) {
     AttributeTable& table = database.attributes;
-    table.reservedAttributeNames = {"X"};
+    table.reservedAttributeNames = OnlyX;
     table.AddValue(MakeValue(Defined(table, Gen, "X", Int), 0, "", {}));
     database.Reset();
-    EXPECT_EQ(
-        table.reservedAttributeNames,
-        (Lines{"BusType", "J1939PGN", "IsNMEA", "Marrowby_Msg_Name", "GenMsgSendType",
-               "GenMsgCycleTime", "Marrowby_Sig_Name", "GenSigStartValue", "GenSigInactiveValue"}));
+    EXPECT_EQ(NamesOf(table), (Lines{"BusType", "J1939PGN", "IsNMEA", "Marrowby_Msg_Name",
+                                     "GenMsgSendType", "GenMsgCycleTime", "Marrowby_Sig_Name",
+                                     "GenSigStartValue", "GenSigInactiveValue"}));
     EXPECT_EQ(LinesOf(table.definitions), Lines{});
     EXPECT_EQ(LinesOf(table.values), Lines{});
     EXPECT_EQ(Line(table.FindDefinition("X", Gen, Int)), "none");

@@ -150,8 +150,8 @@ TEST(AttributeSectionText, SkipsEmptyLines) {
     table.AddDefinition(MakeAttribute(Msg, "U", Unsup));
     table.AddDefinition(MakeAttribute(Msg, "E", Enum));
     table.AddDefinition(StrAttribute(Gen, "x"));
-    table.AddValue(MakeValue(table.definitions[2], 0, "", test::StrContent("y")));
-    table.AddValue(MakeValue(table.definitions[1], 5, "", {}));
+    table.AddValue(MakeValue(table.definitions.back(), 0, "", test::StrContent("y")));
+    table.AddValue(MakeValue(*std::next(table.definitions.begin()), 5, "", {}));
     EXPECT_EQ(AttributeSectionText(table),
               "BA_DEF_ BO_ \"E\" ENUM;\n"
               "BA_DEF_ \"A\" STRING ;\n"

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string_view>
+
 #include "attributes/attribute_lines.h"
 #include "attributes/attribute_statements.h"
 
@@ -137,7 +140,8 @@ TEST(ParseValueStatement, DropsAValueOfANameThatIsDefinedButNotReserved) {
     EXPECT_EQ(LinesOf(table.values), (Lines{"Gen Mine Int [0,1] = 1"}));
     table.ClearEntries();
     ParseAttributeStatement(table, "BA_DEF_ \"Mine\" INT 0 1;");
-    table.reservedAttributeNames = {"Yours"};
+    static constexpr std::array<std::string_view, 1> OtherNames = {"Yours"};
+    table.reservedAttributeNames = OtherNames;
     ParseAttributeStatement(table, "BA_ \"Mine\" 1;");
     EXPECT_EQ(LinesOf(table.values), Lines{});
 }

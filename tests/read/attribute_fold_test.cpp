@@ -232,11 +232,11 @@ TEST_F(FoldReservedAttributes, TakesControlCharactersOutOfLongNames) {
                 "BA_DEF_ SG_ \"Marrowby_Sig_Name\" STRING ;\n"});
     ASSERT_EQ(database.attributes.definitions.size(), 2U);
     AttributeValue value;
-    value.definition = &database.attributes.definitions[0];
+    value.definition = &database.attributes.definitions.front();
     value.messageId = 2;
     value.content.stringValue = "a\tb\n\v\f\rc";
     database.attributes.AddValue(value);
-    value.definition = &database.attributes.definitions[1];
+    value.definition = &database.attributes.definitions.back();
     value.signalName = "S";
     database.attributes.AddValue(value);
     vexil::FoldReservedAttributes();
@@ -282,7 +282,7 @@ TEST_F(FoldReservedAttributes, EmptiesTheSendTypeForAnIndexOutsideTheList) {
         database.messages[0]->sendType = "before";
         test::Feed({"BA_DEF_ BO_ \"GenMsgSendType\" ENUM \"A\",\"B\",\"C\";\n"});
         ASSERT_EQ(database.attributes.definitions.size(), 1U);
-        database.attributes.definitions[0].defaultContent.enumIndex = row.index;
+        database.attributes.definitions.front().defaultContent.enumIndex = row.index;
         vexil::FoldReservedAttributes();
         EXPECT_EQ(database.messages[0]->sendType, row.sendType) << row.index;
     }

@@ -168,7 +168,7 @@ TEST_F(FileEnd, InsideADefinitionOfANumber) {
             test::Feed({statement});
             ASSERT_EQ(database.attributes.definitions.size(), row.definitions) << statement;
             if (row.definitions == 1) {
-                const Attribute& definition = database.attributes.definitions[0];
+                const Attribute& definition = database.attributes.definitions.front();
                 EXPECT_EQ(definition.minValue, row.minimum) << statement;
                 EXPECT_EQ(definition.maxValue, row.maximum) << statement;
             }
