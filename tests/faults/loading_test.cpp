@@ -1,0 +1,125 @@
+// Tests of the library as a host loads and unloads it: without memory, and very often.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+#include <malloc.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <new>
+#include <optional>
+
+#include "faults/allocations.h"
+#include "faults/every_statement.h"
+#include "faults/loaded_library.h"
+#include "faults/resources.h"
+#include "support/files.h"
+
+namespace vexil::faults {
+namespace {
+
+// The program is made without the library, so that each test loads it anew.
+class LoadingTest : public testing::Test {
+  protected:
+    LoadingTest() {
+        test::WriteBytes(input, EveryStatement());
+        EXPECT_TRUE(IsUnloaded());
+        const LoadedLibrary library;
+        EXPECT_EQ(library.Read(input), StateClosed);
+        EXPECT_EQ(library.Write(output), StateClosed);
+        expectedFile = test::ReadBytes(output);
+    }
+
+    // Loads the library, expects it empty, and a read and a write to be as good as ever.
+    void ExpectAllIsWell() {
+        const LoadedLibrary library;
+        EXPECT_EQ(library.GetNumCanMessages(), 0U);
+        EXPECT_EQ(library.Read(input), StateClosed);
+        EXPECT_EQ(library.Write(output), StateClosed);
+        EXPECT_TRUE(test::ReadBytes(output) == expectedFile) << "another file than at first";
+    }
+
+    test::TempFolder folder;
+    std::string input = folder.File("input.dbc");
+    std::string output = folder.File("output.dbc");
+    std::string expectedFile;
+};
+
+// So that it loads whenever the system has room for it: an exception on the way in would end the
+// host.
+TEST_F(LoadingTest, NeedsNoMemoryOfItsOwn) {
+    void* handle = nullptr;
+    {
+        const FailingAllocations failing(1, Exhaustion::FromThere);
+        handle = dlopen(VEXIL64_LIBRARY, RTLD_NOW | RTLD_LOCAL);
+        EXPECT_EQ(failing.Count(), 0U);
+    }
+    const LoadedLibrary library(handle);
+    EXPECT_EQ(library.Read(input), StateClosed);
+}
+
+// What a read leaves unfinished goes with the library.
+TEST_F(LoadingTest, IsFollowedByAFirstReadThatMayRunOutOfMemory) {
+    const std::ptrdiff_t descriptors = OpenDescriptors();
+    std::size_t n = 0;
+    for (bool isGood = false; !isGood && !HasFailure();) {
+        ++n;
+        SCOPED_TRACE("allocation " + std::to_string(n));
+        const long blocks = LiveBlocks();
+        {
+            const LoadedLibrary library;
+            const FailingAllocations failing(n, Exhaustion::Once);
+            try {
+                const std::uint32_t code = library.Read(input);
+                EXPECT_EQ(failing.Thrown(), 0U);
+                EXPECT_EQ(code, StateClosed);
+            } catch (const std::bad_alloc&) {
+                EXPECT_EQ(failing.Thrown(), 1U);
+            }
+            isGood = failing.Thrown() + failing.Refused() == 0;
+        }
+        EXPECT_TRUE(IsUnloaded());
+        EXPECT_EQ(OpenDescriptors(), descriptors);
+        ExpectAllIsWell();
+        EXPECT_EQ(LiveBlocks(), blocks);
+    }
+    EXPECT_GT(n, 500U);
+}
+
+std::ptrdiff_t MappedRegions() {
+    std::ifstream maps("/proc/self/maps");
+    return std::count(std::istreambuf_iterator<char>(maps), std::istreambuf_iterator<char>(), '\n');
+}
+
+TEST_F(LoadingTest, MayBeDoneAThousandTimes) {
+    constexpr int WarmRounds = 100;  // for what the system keeps for itself
+    constexpr int Rounds = 1000;
+    long blocks = 0;
+    std::ptrdiff_t regions = 0;
+    std::ptrdiff_t descriptors = 0;
+    std::size_t bytes = 0;
+    for (int round = 0; round < Rounds; ++round) {
+        {
+            const LoadedLibrary library;
+            ASSERT_EQ(library.GetNumCanMessages(), 0U);
+            ASSERT_EQ(library.Read(input), StateClosed);
+            ASSERT_GT(library.GetNumCanMessages(), 0U);
+        }
+        if (round == WarmRounds) {
+            blocks = LiveBlocks();
+            regions = MappedRegions();
+            descriptors = OpenDescriptors();
+            bytes = mallinfo2().uordblks;
+        }
+    }
+    EXPECT_EQ(LiveBlocks(), blocks);
+    EXPECT_EQ(MappedRegions(), regions);
+    EXPECT_EQ(OpenDescriptors(), descriptors);
+    // What the loader allocates comes in here, and what the system keeps ready for the next time:
+    // less than the smallest block for each of the rounds.
+    EXPECT_LT(mallinfo2().uordblks, bytes + (Rounds - WarmRounds) * std::size_t{16});
+    EXPECT_TRUE(IsUnloaded());
+}
+
+}  // namespace
+}  // namespace vexil::faults
