@@ -18,8 +18,8 @@ namespace vexil {
 class AttributeTable {
   public:
     // In the order in which they were first seen. Only ClearEntries takes entries away, and no
-    // definition moves before that. A list, since an empty one needs no memory: none must be wanting
-    // when the library is loaded.
+    // definition moves before that. A list, since an empty one needs no memory: none must be
+    // wanting when the library is loaded.
     std::list<Attribute> definitions;
     std::vector<AttributeValue> values;
 

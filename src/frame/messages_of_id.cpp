@@ -67,16 +67,17 @@ void MessagesById::Add(std::shared_ptr<CANMessage> message) {
     const std::uint32_t id = message->id;
     MessagesOfId* messages = Find(id);
     if (messages == nullptr) {
-        index.Add(KeyedHash(id, {}), entries.size());
         messages = &entries.emplace_back(id);
+        index.Add(KeyedHash(id, {}), entries.size() - 1);
     }
     messages->Add(std::move(message));
 }
 
 MessagesOfId* MessagesById::Find(std::uint32_t id) {
     if (last >= entries.size() || entries[last].Id() != id) {
-        const std::size_t position = index.Find(
-            KeyedHash(id, {}), [&](std::size_t candidate) { return entries[candidate].Id() == id; });
+        const std::size_t position = index.Find(KeyedHash(id, {}), [&](std::size_t candidate) {
+            return entries[candidate].Id() == id;
+        });
         if (position == npos) {
             return nullptr;
         }

@@ -284,9 +284,9 @@ TEST_F(ReadDbcFile, EmptiesTheTablesThatOnlyItNeeds) {
 // Such a read empties no tables.
 TEST_F(ReadDbcFile, StartsWithoutTheTablesOfAReadThatRanOutOfMemory) {
     const auto message = std::make_shared<CANMessage>();
-    database.messagesById[1].Add(message);
+    database.messagesById.Add(message);
     EXPECT_EQ(ReadPath("/missing/net.dbc"), (ReadResult{false, StateOpenFailed}));
-    EXPECT_TRUE(database.messagesById.empty());
+    EXPECT_EQ(database.messagesById.Size(), 0U);
     EXPECT_EQ(message.use_count(), 1);
 }
 
