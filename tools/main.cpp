@@ -13,7 +13,9 @@
 #include <map>
 #include <sstream>
 #include <string>
+#include <vector>
 
+#include "arguments.h"
 #include "commands.h"
 
 namespace {
@@ -59,7 +61,7 @@ void AddRewrite(CLI::App& app, Invocation& call) {
 }
 
 // Runs the command that the arguments ask for.
-ExitCode Run(int argc, const char* const* argv) {
+ExitCode Run(const std::vector<std::string>& arguments) {
     Invocation call;
     CLI::App app("Checks and rewrites DBC files, the descriptions of CAN bus networks.",
                  "vexil-dbc");
@@ -72,7 +74,7 @@ ExitCode Run(int argc, const char* const* argv) {
     AddCheck(app, call);
     AddRewrite(app, call);
     try {
-        app.parse(argc, argv);
+        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::ParseError& error) {
         // Help and version end the parse in this way too.
         return app.exit(error) == 0 ? vexil::tool::ExitSuccess : vexil::tool::ExitUsage;
@@ -83,7 +85,7 @@ ExitCode Run(int argc, const char* const* argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const ExitCode exitCode = Run(argc, argv);
+    const ExitCode exitCode = Run(vexil::tool::Utf8Arguments(argc, argv));
     // Whatever the command found: half an output must not pass for a whole one.
     if (!std::cout.flush()) {
         std::cerr << "vexil-dbc: cannot write standard output\n";
