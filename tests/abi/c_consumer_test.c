@@ -30,7 +30,7 @@ static uint32_t PathBufferSize(const char* path) {
 
 /* Puts the whole of a text file into a buffer, which stays empty if that fails. */
 static void ReadWholeFile(const char* path, char* buffer, size_t size) {
-    FILE* file = fopen(path, "rb");
+    FILE* file = fopen(path, "r");
     buffer[0] = '\0';
     if (file != NULL) {
         buffer[fread(buffer, 1, size - 1, file)] = '\0';

@@ -18,7 +18,7 @@ class VexilWriteDbcFileTest : public ApiTest {
     // The lines of the file that begin with this.
     Lines LinesWith(const std::string& start) {
         Lines lines;
-        std::istringstream text(ReadBytes(path));
+        std::istringstream text(ReadTextFile(path));
         for (std::string line; std::getline(text, line);) {
             if (line.starts_with(start)) {
                 lines.push_back(line);
@@ -56,7 +56,7 @@ TEST_F(VexilWriteDbcFileTest, WritesAWholeFile) {
                      .valueType = ValueFloat32,
                      .factor = 1});
     EXPECT_EQ(Write(path), Success);
-    EXPECT_EQ(ReadBytes(path),
+    EXPECT_EQ(ReadTextFile(path),
               "VERSION \"\"\n"
               "\n"
               "NS_ :\n"
@@ -107,17 +107,17 @@ TEST_F(VexilWriteDbcFileTest, ReplacesTheFileThatWasThere) {
     WriteBytes(path, std::string(100000, 'x'));
     AppendMessage({.id = 1});
     EXPECT_EQ(Write(path), Success);
-    EXPECT_LT(ReadBytes(path).size(), 2000U);
-    EXPECT_TRUE(ReadBytes(path).starts_with("VERSION \"\"\n"));
+    EXPECT_LT(ReadTextFile(path).size(), 2000U);
+    EXPECT_TRUE(ReadTextFile(path).starts_with("VERSION \"\"\n"));
 }
 
 TEST_F(VexilWriteDbcFileTest, WritesTheSameAfterItWasRead) {
     AppendMessageOf(1, {"A", "A", "B"});
     EXPECT_EQ(Write(path), Success);
-    const std::string first = ReadBytes(path);
+    const std::string first = ReadTextFile(path);
     EXPECT_EQ(Read(path), Success);
     EXPECT_EQ(Write(path), Success);
-    EXPECT_EQ(ReadBytes(path), first);
+    EXPECT_EQ(ReadTextFile(path), first);
 }
 
 TEST_F(VexilWriteDbcFileTest, ChangesNothingInTheDatabaseButNamesOfSignals) {
@@ -230,7 +230,7 @@ class UniqueNamesTest : public VexilWriteDbcFileTest {};
 TEST_F(UniqueNamesTest, AreMadeInTheFileAndTheDatabaseForGood) {
     AppendMessageOf(1, {"A", "B", "A", "A"});
     EXPECT_EQ(Write(path), Success);
-    const std::string first = ReadBytes(path);
+    const std::string first = ReadTextFile(path);
     EXPECT_EQ(NamesOf(0), (Lines{"A_0000", "B", "A_0001", "A_0002"}));
     EXPECT_EQ(LinesWith(" SG_ "), (Lines{" SG_ A_0000 : 0|0@1+ (0,0) [0|0] \"\" Marrowby",
                                          " SG_ B : 0|0@1+ (0,0) [0|0] \"\" Marrowby",
@@ -238,7 +238,7 @@ TEST_F(UniqueNamesTest, AreMadeInTheFileAndTheDatabaseForGood) {
                                          " SG_ A_0002 : 0|0@1+ (0,0) [0|0] \"\" Marrowby"}));
     ExpectSignal(0, 2, {.name = "A_0001", .longName = "A"});
     EXPECT_EQ(Write(path), Success);
-    EXPECT_EQ(ReadBytes(path), first);
+    EXPECT_EQ(ReadTextFile(path), first);
 }
 
 TEST_F(UniqueNamesTest, AreMadeWithinAMessageAlone) {
@@ -290,7 +290,7 @@ TEST_F(UniqueNamesTest, MayMeetInTheFirstWriteWhenTheyAreCut) {
 TEST_F(VexilWriteDbcFileTest, WritesNoFileOfAnEmptyDatabase) {
     WriteBytes(path, "old text");
     EXPECT_EQ(Write(path), (Outcome{0, StateClosed}));
-    EXPECT_EQ(ReadBytes(path), "old text");
+    EXPECT_EQ(ReadTextFile(path), "old text");
     const std::string other = folder.File("other.dbc");
     EXPECT_EQ(Write(other), (Outcome{0, StateClosed}));
     EXPECT_FALSE(std::filesystem::exists(other));
@@ -331,7 +331,7 @@ TEST_F(VexilWriteDbcFileTest, FailsWhereNoFileCanBeMade) {
     WriteBytes(path, "old text");
     const std::string below = path + "/net.dbc";
     ExpectRefusal(below.c_str(), SizeOf(below), StateOpenFailed);
-    EXPECT_EQ(ReadBytes(path), "old text");
+    EXPECT_EQ(ReadTextFile(path), "old text");
 }
 
 TEST_F(VexilWriteDbcFileTest, TakesABufferOf260Bytes) {

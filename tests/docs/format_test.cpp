@@ -85,7 +85,7 @@ class FormatDocument : public testing::Test {
         }
         EXPECT_EQ(WriteFile(written, OrderAsStored), GoodCall);
         if (block.words == "dbc written") {
-            const std::string text = ReadBytes(written);
+            const std::string text = ReadTextFile(written);
             return text.substr(text.find("\nBU_ ") + 1);
         }
         EXPECT_EQ(block.words, "text again");

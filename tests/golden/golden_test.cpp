@@ -60,7 +60,7 @@ class Golden : public testing::TestWithParam<std::string> {
     }
 
     static void Compare(const char* file) {
-        EXPECT_EQ(ReadBytes(Actual(file)), ReadBytes(Expected(file)))
+        EXPECT_EQ(ReadTextFile(Actual(file)), ReadTextFile(Expected(file)))
             << Actual(file) << " is not " << Expected(file);
     }
 };

@@ -53,7 +53,7 @@ TEST_F(OneFile, GoesFromTextToRecordsToText) {
     ASSERT_TRUE(WriteDbcFile(path.c_str(), static_cast<std::uint32_t>(path.size() + 1),
                              OrderByIdDescending, code));
     EXPECT_EQ(code, StateClosed);
-    EXPECT_EQ(test::ReadBytes(path),
+    EXPECT_EQ(test::ReadTextFile(path),
               "VERSION \"\"\n"
               "\n"
               "NS_ :\n"

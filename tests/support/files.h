@@ -1,5 +1,6 @@
-// Files for tests: a folder that goes away with its owner, and whole files in and out by their
-// bytes. SPDX-License-Identifier: MIT
+// Files for tests: a folder that goes away with its owner, and whole files in and out. Paths are
+// UTF-8 on every platform.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <atomic>
@@ -12,6 +13,10 @@
 #include <string_view>
 
 namespace vexil::test {
+
+inline std::filesystem::path Utf8Path(std::string_view path) {
+    return std::u8string(path.begin(), path.end());
+}
 
 class TempFolder {
   public:
@@ -32,22 +37,34 @@ class TempFolder {
     }
 
     // The path of a file in the folder, whether or not it exists.
-    std::string File(std::string_view name) const { return (path / name).string(); }
+    std::string File(std::string_view name) const {
+        const std::u8string file = (path / Utf8Path(name)).u8string();
+        return {file.begin(), file.end()};
+    }
 
   private:
     std::filesystem::path path;
 };
 
-inline std::string ReadBytes(const std::string& file) {
-    std::ifstream in(file, std::ios_base::binary);
+inline std::string ReadWholeFile(const std::string& file, std::ios_base::openmode mode) {
+    std::ifstream in(Utf8Path(file), mode);
     if (!in) {
         throw std::runtime_error("could not open " + file);
     }
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
+inline std::string ReadBytes(const std::string& file) {
+    return ReadWholeFile(file, std::ios_base::binary);
+}
+
+// The text of a file that the library wrote, with line feeds for the line ends of the platform.
+inline std::string ReadTextFile(const std::string& file) {
+    return ReadWholeFile(file, std::ios_base::in);
+}
+
 inline void WriteBytes(const std::string& file, std::string_view bytes) {
-    std::ofstream out(file, std::ios_base::binary);
+    std::ofstream out(Utf8Path(file), std::ios_base::binary);
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     out.close();
     if (!out) {

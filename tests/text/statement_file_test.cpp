@@ -14,7 +14,7 @@ namespace vexil {
 namespace {
 
 using namespace std::string_literals;
-using test::ReadBytes;
+using test::ReadTextFile;
 using test::TempFolder;
 using test::WriteBytes;
 
@@ -66,7 +66,7 @@ TEST_F(StatementFileTest, OpensForReading) {
     EXPECT_EQ(file.parseState, StateReading);
     EXPECT_EQ(file.lineNumber, 0U);
     EXPECT_EQ(file.statement, "");
-    EXPECT_EQ(ReadBytes(path), "BO_ 1\n");
+    EXPECT_EQ(ReadTextFile(path), "BO_ 1\n");
 }
 
 TEST_F(StatementFileTest, OpensForWriting) {
@@ -74,7 +74,7 @@ TEST_F(StatementFileTest, OpensForWriting) {
     Open(path, OpenMode::Write);
     EXPECT_EQ(file.parseState, StateWriting);
     EXPECT_EQ(file.lineNumber, 0U);
-    EXPECT_EQ(ReadBytes(path), "");
+    EXPECT_EQ(ReadTextFile(path), "");
 }
 
 TEST_F(StatementFileTest, RefusesPaths) {
@@ -293,22 +293,22 @@ TEST_F(StatementFileTest, CountsLinesFromOne) {
 TEST_F(StatementFileTest, WritesEachLineAtOnce) {
     Open(path, OpenMode::Write);
     file.WriteLine("one");
-    EXPECT_EQ(ReadBytes(path), "one\n");
+    EXPECT_EQ(ReadTextFile(path), "one\n");
     file.WriteLine("");
-    EXPECT_EQ(ReadBytes(path), "one\n\n");
+    EXPECT_EQ(ReadTextFile(path), "one\n\n");
     file.WriteLine("two\nthree");
-    EXPECT_EQ(ReadBytes(path), "one\n\ntwo\nthree\n");
+    EXPECT_EQ(ReadTextFile(path), "one\n\ntwo\nthree\n");
     EXPECT_EQ(file.parseState, StateWriting);
     EXPECT_EQ(file.lineNumber, 0U);
     file.Close();
     EXPECT_EQ(file.parseState, StateClosed);
-    EXPECT_EQ(ReadBytes(path), "one\n\ntwo\nthree\n");
+    EXPECT_EQ(ReadTextFile(path), "one\n\ntwo\nthree\n");
 }
 
 TEST_F(StatementFileTest, WritesTheBytesOfATextAsTheyAre) {
     Open(path, OpenMode::Write);
     file.WriteLine("\xef\xbb\xbf\xff\0\x01\r\t\xc3\xa9"s);
-    EXPECT_EQ(ReadBytes(path), "\xef\xbb\xbf\xff\0\x01\r\t\xc3\xa9\n"s);
+    EXPECT_EQ(ReadTextFile(path), "\xef\xbb\xbf\xff\0\x01\r\t\xc3\xa9\n"s);
 }
 
 TEST_F(StatementFileTest, WritesNothingWhileReading) {
@@ -321,7 +321,7 @@ TEST_F(StatementFileTest, WritesNothingWhileReading) {
     file.WriteLine("text");
     EXPECT_EQ(file.parseState, StateEndOfFile);
     file.Close();
-    EXPECT_EQ(ReadBytes(path), "BO_ 1\nBO_ 2\n");
+    EXPECT_EQ(ReadTextFile(path), "BO_ 1\nBO_ 2\n");
 }
 
 TEST_F(StatementFileTest, ClosesWhenItGoesAway) {
@@ -330,7 +330,7 @@ TEST_F(StatementFileTest, ClosesWhenItGoesAway) {
         other.Open(path.c_str(), static_cast<std::uint32_t>(path.size() + 1), OpenMode::Write);
         other.WriteLine("text");
     }
-    EXPECT_EQ(ReadBytes(path), "text\n");
+    EXPECT_EQ(ReadTextFile(path), "text\n");
 }
 
 // The device takes every open and refuses every byte.
@@ -376,7 +376,7 @@ TEST_F(FullDeviceTest, WritesToTheNextFileAfterAFailure) {
     file.WriteLine("three");
     file.Close();
     EXPECT_EQ(file.parseState, StateClosed);
-    EXPECT_EQ(ReadBytes(path), "three\n");
+    EXPECT_EQ(ReadTextFile(path), "three\n");
 }
 
 }  // namespace

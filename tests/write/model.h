@@ -90,7 +90,7 @@ class ModelTest : public testing::Test {
         EXPECT_EQ(file.parseState, 1U);
         file.Close();
         EXPECT_EQ(file.parseState, 2U);
-        return ReadBytes(path);
+        return ReadTextFile(path);
     }
 
     // Writes the database to path.
@@ -112,7 +112,7 @@ class ModelTest : public testing::Test {
     std::string WrittenFile(std::uint32_t order = OrderAsStored) const {
         const std::string path = folder.File("whole.dbc");
         EXPECT_EQ(Write(path, order), (WriteResult{true, 2}));
-        return ReadBytes(path);
+        return ReadTextFile(path);
     }
 
     TempFolder folder;

@@ -78,21 +78,23 @@ TEST(NumberPairText, TellsWholeNumbersByTheSameRule) {
     EXPECT_EQ(NumberText(12345678900.0), "1.23456789e+10");
 }
 
-// A platform has its own spelling of these; the writer gives them no other.
-TEST(NumberPairText, LeavesInfinityAndNotANumberToThePlatform) {
+TEST(NumberPairText, SpellsInfinityAndNotANumberWithTheirSign) {
     const double infinity = std::numeric_limits<double>::infinity();
     const double notANumber = std::numeric_limits<double>::quiet_NaN();
-    for (const double number : {infinity, -infinity, notANumber, -notANumber}) {
-        char expected[32];
-        std::snprintf(expected, sizeof expected, "%.10g", number);
-        EXPECT_EQ(NumberText(number), expected);
-    }
+    EXPECT_EQ(NumberText(infinity), "inf");
+    EXPECT_EQ(NumberText(-infinity), "-inf");
+    EXPECT_EQ(NumberText(notANumber), "nan");
+    EXPECT_EQ(NumberText(-notANumber), "-nan");
 }
 
+// But for what is not a number, which has a sign in some runtimes only.
 TEST(NumberPairText, IsPrintfWithTenDigitsOnRandomNumbers) {
     constexpr unsigned Seed = 60517;
     std::mt19937_64 random(Seed);
     const auto expectAsPrinted = [&](double number) {
+        if (std::isnan(number)) {
+            return;
+        }
         char expected[64];
         std::snprintf(expected, sizeof expected, "%.10g", number);
         ASSERT_EQ(NumberText(number), expected) << "seed " << Seed;

@@ -15,7 +15,7 @@
 namespace vexil {
 namespace {
 
-using test::ReadBytes;
+using test::ReadTextFile;
 using test::Text;
 using test::WriteBytes;
 
@@ -248,14 +248,14 @@ TEST_F(WriteDbcFile, EmptiesAFileThatIsLonger) {
     const std::string path = folder.File("old.dbc");
     WriteBytes(path, std::string(100000, 'x'));
     EXPECT_EQ(Write(path), (WriteResult{true, 2}));
-    EXPECT_EQ(ReadBytes(path), Head() + "BU_ :  A\n\nBO_ 1 M: 0 A\n\n");
+    EXPECT_EQ(ReadTextFile(path), Head() + "BU_ :  A\n\nBO_ 1 M: 0 A\n\n");
 }
 
 TEST_F(WriteDbcFile, RefusesAnEmptyDatabaseWithoutTouchingAFile) {
     const std::string path = folder.File("kept.dbc");
     WriteBytes(path, "kept");
     EXPECT_EQ(Write(path), (WriteResult{false, 2}));
-    EXPECT_EQ(ReadBytes(path), "kept");
+    EXPECT_EQ(ReadTextFile(path), "kept");
     const std::string fresh = folder.File("fresh.dbc");
     EXPECT_EQ(Write(fresh), (WriteResult{false, 2}));
     EXPECT_FALSE(std::filesystem::exists(fresh));
@@ -347,7 +347,7 @@ TEST_F(WriteDbcFileToAFullDisk, LeavesTheBeginningOfTheNewFile) {
          {std::size_t{0}, std::size_t{5}, std::size_t{400}, lastLine - 1}) {
         WriteBytes(path, std::string(5000, 'x'));
         EXPECT_EQ(WriteLimited(path, size), (WriteResult{false, 8})) << size;
-        EXPECT_EQ(ReadBytes(path), whole.substr(0, size)) << size;
+        EXPECT_EQ(ReadTextFile(path), whole.substr(0, size)) << size;
     }
 }
 
@@ -358,10 +358,10 @@ TEST_F(WriteDbcFileToAFullDisk, SucceedsWithAStreamErrorWhenOnlyTheLastLineFails
     const std::size_t lastLine = whole.rfind('\n', whole.size() - 2) + 1;
     for (const std::size_t size : {lastLine, whole.size() - 1}) {
         EXPECT_EQ(WriteLimited(path, size), (WriteResult{true, 8})) << size;
-        EXPECT_EQ(ReadBytes(path), whole.substr(0, size)) << size;
+        EXPECT_EQ(ReadTextFile(path), whole.substr(0, size)) << size;
     }
     EXPECT_EQ(WriteLimited(path, whole.size()), (WriteResult{true, 2}));
-    EXPECT_EQ(ReadBytes(path), whole);
+    EXPECT_EQ(ReadTextFile(path), whole);
 }
 
 TEST_F(WriteDbcFileToAFullDisk, SucceedsWhenTheAttributesAreTheLastLineThatFails) {
