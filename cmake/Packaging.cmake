@@ -1,4 +1,5 @@
-# What is installed: the library, its header and what find_package(vexil64) needs.
+# What is installed: the library, its header and what find_package(vexil64) needs. And the package
+# that cpack makes of it.
 include(CMakePackageConfigHelpers)
 
 install(TARGETS vexil64
@@ -20,3 +21,18 @@ write_basic_package_version_file("${PROJECT_BINARY_DIR}/vexil64ConfigVersion.cma
     COMPATIBILITY SameMajorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/vexil64ConfigVersion.cmake"
     DESTINATION ${package_dir} COMPONENT development)
+
+set(document_dir "${CMAKE_INSTALL_DOCDIR}")
+set(CPACK_GENERATOR TGZ)
+set(CPACK_SYSTEM_NAME "linux-${CMAKE_SYSTEM_PROCESSOR}")
+if(WIN32)
+    install(FILES "${PROJECT_BINARY_DIR}/vexil64.lib"
+        DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
+    set(document_dir .)
+    set(CPACK_GENERATOR ZIP)
+    set(CPACK_SYSTEM_NAME win64)
+endif()
+install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" "${PROJECT_SOURCE_DIR}/README.md"
+    DESTINATION ${document_dir} COMPONENT runtime)
+set(CPACK_STRIP_FILES ON)
+include(CPack)
