@@ -1,0 +1,37 @@
+# The tests that a build for Windows leaves out, each with its reason. What Windows does instead has
+# tests of its own in this folder.
+
+# Folders.
+set(linux_only_folders
+    growth      # counts the steps of the library as it is compiled for Linux
+    install     # configures builds for Linux; the package test uses the library for Windows
+    source      # reads the sources, which are the same
+    tool)       # starts processes as Linux does; windows.tool runs it with the tool for Windows
+
+# Source files, by name. For the same reason write_driver_test.cpp compiles its
+# WriteDbcFileToAFullDisk on Linux alone.
+set(linux_only_sources
+    failing_write_test.cpp)     # limits the size of files, which Windows does not do
+
+# Tests, by program.
+set(linux_only_api_tests
+    ErrorFunctionsTest.TellTextAsItWasRepaired                  # has one at the end of a line
+    VexilReadDbcFileTest.FailsOnAFolder)                        # Windows opens no folder
+set(linux_only_golden_tests
+    Topics/Golden.HasItsRecords/crlf                            # has carriage returns in texts
+    Topics/Golden.HasItsErrors/crlf)                            # likewise
+set(linux_only_read_tests
+    ReadDbcFile.ReadsLinesThatEndInCarriageReturnAndLineFeed    # keeps the carriage return
+    ReadDbcFile.ReturnsAStreamErrorWhenReadingFails)            # reads a folder
+set(linux_only_text_tests
+    FullDeviceTest.*                                            # writes to /dev/full
+    NextStatement.CountsCarriageReturnsAsPartsOfLines           # keeps carriage returns
+    NextStatement.EndsFreeTextAtAKeywordBehindASemicolon        # likewise
+    StatementFileTest.FailsOnALineThatCannotBeRead              # reads a folder
+    StatementFileTest.KeepsACarriageReturnAsWhiteSpace          # keeps carriage returns
+    StatementFileTest.TakesOutControlCharactersButWhiteSpace    # byte 0x1A ends a file on Windows
+    TryParseDouble.TakesTheDecimalPointOfTheHostsLocale)        # sets a locale by its Linux name
+set(linux_only_tool_tests
+    CheckCommandOnLinux.*           # folders as files, bytes on the command line, long paths of Linux
+    RewriteCommandOnLinux.*         # likewise, rights of folders, and limits on the size of files
+    StandardOutput.*)               # is closed, or a device that takes nothing

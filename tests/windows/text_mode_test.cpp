@@ -1,0 +1,168 @@
+// Files as text: line ends on the way out and back, byte 0x1A, numbers, and what a host does to the
+// runtime that it shares with the library.
+// SPDX-License-Identifier: MIT
+#include <fcntl.h>
+#include <stdlib.h>
+
+#include <algorithm>
+#include <clocale>
+#include <string>
+
+#include "windows/windows_test.h"
+
+namespace vexil::test {
+namespace {
+
+// The line ends of a text: all of two bytes, or the position of one that is not.
+testing::AssertionResult EndsEveryLineInTwoBytes(const std::string& bytes) {
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        const bool isFeed = bytes[at] == '\n';
+        const bool isBehindReturn = at > 0 && bytes[at - 1] == '\r';
+        if (isFeed != isBehindReturn) {
+            return testing::AssertionFailure()
+                   << "at byte " << at << " of " << testing::PrintToString(bytes);
+        }
+    }
+    return testing::AssertionSuccess();
+}
+
+class TextMode : public ApiTest {
+  protected:
+    // A database whose file has line feeds inside comments and a node list of several lines.
+    static void FillDatabase() {
+        for (std::uint32_t id = 0; id < 40; ++id) {
+            AppendMessage({.id = id,
+                           .longName = "Message",
+                           .transmitter = "NodeWithALongName" + std::to_string(id),
+                           .comment = "first\nsecond\n\nlast"});
+        }
+        AppendSignal(0, {.longName = "Signal", .comment = "one\ntwo"});
+    }
+
+    static std::size_t Count(const std::string& bytes, std::string_view text) {
+        std::size_t count = 0;
+        for (std::size_t at = bytes.find(text); at != std::string::npos;
+             at = bytes.find(text, at + 1)) {
+            ++count;
+        }
+        return count;
+    }
+
+    static std::string CommentOfMessage(std::uint32_t index) {
+        CanMessageRecord message{};
+        EXPECT_EQ(VexilGetCanMessageData(index, &message), 1);
+        return message.comment;
+    }
+};
+
+TEST_F(TextMode, EndsEveryWrittenLineInTwoBytes) {
+    FillDatabase();
+    EXPECT_EQ(Write(path), Success);
+    const std::string bytes = ReadBytes(path);
+    EXPECT_TRUE(EndsEveryLineInTwoBytes(bytes));
+    EXPECT_TRUE(bytes.ends_with("\r\n"));
+    EXPECT_EQ(Count(bytes, "\"first\r\nsecond\r\n\r\nlast\";\r\n"), 40U);
+    EXPECT_EQ(Count(bytes, "\"one\r\ntwo\";\r\n"), 1U);
+    const std::string nodes = bytes.substr(bytes.find("BU_ :"));
+    EXPECT_GT(Count(nodes.substr(0, nodes.find("\r\n\r\n")), "\r\n"), 0U);
+}
+
+TEST_F(TextMode, ReadsWhatItWroteWithoutCarriageReturns) {
+    FillDatabase();
+    EXPECT_EQ(Write(path), Success);
+    EXPECT_EQ(Read(path), Success);
+    ASSERT_EQ(VexilGetNumCanMessages(), 40U);
+    EXPECT_EQ(VexilGetNumCanErrors(), 0U);
+    for (std::uint32_t index = 0; index < 40; ++index) {
+        EXPECT_EQ(CommentOfMessage(index), "first\nsecond\n\nlast");
+    }
+    CanSignalRecord signal{};
+    EXPECT_EQ(VexilGetCanSignalData(0, 0, &signal), 1);
+    EXPECT_STREQ(signal.comment, "one\ntwo");
+}
+
+// A carriage return of the model is no line end and is written as it is.
+TEST_F(TextMode, WritesACarriageReturnOfATextAsItIs) {
+    AppendMessage({.id = 1, .longName = "A", .comment = "a\rb\r\nc"});
+    EXPECT_EQ(Write(path), Success);
+    EXPECT_EQ(Count(ReadBytes(path), "\"a\rb\r\r\nc\";\r\n"), 1U);
+    EXPECT_EQ(Read(path), Success);
+    EXPECT_EQ(CommentOfMessage(0), "a\rb\r\nc");
+}
+
+// The runtime and the stream read in pieces; a line end may stand across two of them.
+TEST_F(TextMode, ReadsALineEndAtEachPlaceOfAFile) {
+    const std::string head = "BO_ 1 A: 8 N\r\nCM_ BO_ 1 \"";
+    for (const std::size_t piece : {512, 1024, 4096}) {
+        for (std::size_t at = piece - 3; at < piece + 3; ++at) {
+            const std::string front(at - head.size(), ' ');
+            EXPECT_EQ(ReadText("BO_ 1 A: 8 N\r\n" + front + "\r\n  CM_ BO_ 1 \"x\r\ny\";\r\n"),
+                      Success);
+            EXPECT_EQ(CommentOfMessage(0), "x\ny") << at;
+            EXPECT_EQ(ReadText(head + "x\";" + front + "\r\n" + "BO_ 2 B: 8 N\r\n"), Success);
+            EXPECT_EQ(VexilGetNumCanMessages(), 2U) << at;
+        }
+    }
+}
+
+TEST_F(TextMode, EndsAReadAtByteHex1A) {
+    EXPECT_EQ(ReadText("BO_ 1 A: 8 N\r\nBO_ 2 B: 8 N\r\n\x1a"
+                       "BO_ 3 C: 8 N\r\n"),
+              Success);
+    EXPECT_EQ(VexilGetNumCanMessages(), 2U);
+    EXPECT_EQ(ReadText("\x1a"
+                       "BO_ 1 A: 8 N\r\n"),
+              Success);
+    EXPECT_EQ(VexilGetNumCanMessages(), 0U);
+    // The line that it ends counts.
+    EXPECT_EQ(ReadText("BO_ 1 A: 8 N\r\nBO_ 2 B: 8 N\x1a\r\nBO_ 3 C: 8 N\r\n"), Success);
+    EXPECT_EQ(VexilGetNumCanMessages(), 2U);
+}
+
+TEST_F(TextMode, WritesByteHex1AAndAllThatFollows) {
+    AppendMessage({.id = 1,
+                   .comment = "a\x1a"
+                              "b"});
+    AppendMessage({.id = 2});
+    EXPECT_EQ(Write(path), Success);
+    EXPECT_EQ(Count(ReadBytes(path),
+                    "\"a\x1a"
+                    "b\";\r\n"),
+              1U);
+}
+
+// The runtime of Windows can open files as binary ones by default; the library is not misled.
+TEST_F(TextMode, StaysWhateverTheHostMakesTheDefault) {
+    _fmode = _O_BINARY;
+    FillDatabase();
+    EXPECT_EQ(Write(path), Success);
+    EXPECT_EQ(Read(path), Success);
+    _fmode = _O_TEXT;
+    EXPECT_TRUE(EndsEveryLineInTwoBytes(ReadBytes(path)));
+    EXPECT_EQ(CommentOfMessage(0), "first\nsecond\n\nlast");
+}
+
+// Old runtimes of Windows write exponents of three digits.
+TEST_F(TextMode, WritesNumbersAsOnLinux) {
+    AppendMessage({.id = 1, .longName = "A"});
+    AppendSignal(0, {.longName = "S",
+                     .factor = 1e-5,
+                     .offset = 1e20,
+                     .minimum = -1e-300,
+                     .maximum = 1234567890123.0});
+    EXPECT_EQ(Write(path), Success);
+    EXPECT_EQ(Count(ReadBytes(path), "(1e-05,1e+20) [-1e-300|1.23456789e+12]"), 1U);
+}
+
+// A host on the same runtime sets the decimal point for reading, as on Linux.
+TEST_F(TextMode, ReadsTheDecimalPointOfTheHostsLocale) {
+    ASSERT_NE(std::setlocale(LC_NUMERIC, "German"), nullptr);
+    EXPECT_EQ(ReadText("BO_ 1 A: 8 N\n SG_ S : 0|8@1+ (1.5,0) [0|1] \"\" N\n"), Success);
+    std::setlocale(LC_NUMERIC, "C");
+    CanSignalRecord signal{};
+    EXPECT_EQ(VexilGetCanSignalData(0, 0, &signal), 1);
+    EXPECT_EQ(signal.factor, 1);
+}
+
+}  // namespace
+}  // namespace vexil::test
