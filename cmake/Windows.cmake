@@ -19,20 +19,26 @@ if(CMAKE_CROSSCOMPILING)
         add_library(CLI11::CLI11 INTERFACE IMPORTED)
         target_include_directories(CLI11::CLI11 INTERFACE "${PROJECT_BINARY_DIR}/headers")
     endif()
+endif()
 
+# The tests of a cross build: GoogleTest for the target, and Wine to run them.
+if(CMAKE_CROSSCOMPILING AND VEXIL64_BUILD_TESTS)
     # Debian has GoogleTest for other systems as source.
-    if(VEXIL64_BUILD_TESTS)
-        if(NOT EXISTS /usr/src/googletest/CMakeLists.txt)
-            message(FATAL_ERROR "No sources of GoogleTest. Install the Debian package googletest.")
-        endif()
-        set(BUILD_GMOCK OFF)
-        set(INSTALL_GTEST OFF)
-        add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL)
+    if(NOT EXISTS /usr/src/googletest/CMakeLists.txt)
+        message(FATAL_ERROR "No sources of GoogleTest. Install the Debian package googletest.")
     endif()
+    set(BUILD_GMOCK OFF)
+    set(INSTALL_GTEST OFF)
+    add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL)
 
-    # Programs run under Wine, with a Windows of their own in the build folder.
-    find_program(wine NAMES wine64 PATHS /usr/lib/wine)
-    if(wine AND NOT CMAKE_CROSSCOMPILING_EMULATOR)
+    if(NOT CMAKE_CROSSCOMPILING_EMULATOR)
+        find_program(wine NAMES wine64 PATHS /usr/lib/wine)
+        find_program(wineserver NAMES wineserver64 wineserver PATHS /usr/lib/wine)
+        if(NOT wine OR NOT wineserver)
+            message(FATAL_ERROR "Wine was not found. Install the Debian package wine64.")
+        endif()
+
+        # Programs run with a Windows of their own in the build folder.
         set(CMAKE_CROSSCOMPILING_EMULATOR
             "${CMAKE_COMMAND}" -E env "WINEPREFIX=${PROJECT_BINARY_DIR}/wine" WINEDEBUG=-all
             WINEDLLOVERRIDES=winemenubuilder.exe,mscoree,mshtml= "${wine}")
@@ -46,7 +52,6 @@ if(CMAKE_CROSSCOMPILING)
         add_custom_target(wine_prefix ALL DEPENDS "${PROJECT_BINARY_DIR}/wine.stamp")
 
         # One server for all tests: a program that starts while the server of another one ends, fails.
-        find_program(wineserver NAMES wineserver64 wineserver PATHS /usr/lib/wine REQUIRED)
         list(JOIN CMAKE_CROSSCOMPILING_EMULATOR "' '" wine_command)
         configure_file("${PROJECT_SOURCE_DIR}/cmake/CTestCustom.cmake.in" CTestCustom.cmake @ONLY)
     endif()
