@@ -38,10 +38,11 @@ if(CMAKE_CROSSCOMPILING AND VEXIL64_BUILD_TESTS)
             message(FATAL_ERROR "Wine was not found. Install the Debian package wine64.")
         endif()
 
-        # Programs run with a Windows of their own in the build folder.
+        # Programs run with a Windows of their own in the build folder. Only under a locale of UTF-8
+        # has Wine file names of all characters.
         set(CMAKE_CROSSCOMPILING_EMULATOR
             "${CMAKE_COMMAND}" -E env "WINEPREFIX=${PROJECT_BINARY_DIR}/wine" WINEDEBUG=-all
-            WINEDLLOVERRIDES=winemenubuilder.exe,mscoree,mshtml= "${wine}")
+            WINEDLLOVERRIDES=winemenubuilder.exe,mscoree,mshtml= LC_ALL=C.UTF-8 "${wine}")
         # The server of Wine outlives this command and must not keep its output open.
         add_custom_command(OUTPUT "${PROJECT_BINARY_DIR}/wine.stamp"
             COMMAND sh -c "exec timeout 300 \"$@\" >wine.log 2>&1"
