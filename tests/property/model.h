@@ -43,6 +43,8 @@ struct ModelMessage {
     std::string longName;
     std::string transmitter;
     std::string comment;
+    std::string sendType;
+    std::int32_t cycleTime = 0;
     std::vector<ModelSignal> signals;
 };
 

@@ -8,8 +8,8 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "property/append_rules.h"
 #include "property/text_rules.h"
-#include "support/reference_text.h"
 
 namespace vexil::test {
 namespace {
@@ -221,12 +221,7 @@ class DatabaseMaker {
         Append(VexilAppendCanMessage(&record) == 1);
 
         ModelMessage message;
-        message.id = record.id;
-        message.dlc = record.dlc;
-        message.longName = WithoutLineControls(longName);
-        message.name = IdentifierOf(message.longName);
-        message.transmitter = IdentifierOf(transmitter);
-        message.comment = WithEscapedQuotes(comment);
+        Append(AppendedMessage(record, message));
         model.messages.push_back(message);
         isOfLongNames = random.OneIn(5);
         for (std::uint32_t count = random.Below(8); count != 0; --count) {
@@ -261,28 +256,7 @@ class DatabaseMaker {
         Append(VexilAppendCanSignalToCanMessage(messageIndex, &record) == 1);
 
         ModelSignal signal;
-        signal.longName = WithoutLineControls(longName);
-        signal.name = IdentifierOf(signal.longName);
-        signal.unitUtf8 = unit;
-        signal.unit = reference::FoldToAscii(unit);
-        signal.receivers = ReceiversOf(receiverList);
-        signal.comment = WithEscapedQuotes(comment);
-        signal.multiplexType = record.multiplexType;
-        signal.multiplexValue = record.multiplexValue;
-        signal.startBit = record.startBit;
-        signal.bitLength = record.bitLength;
-        signal.byteOrder = record.byteOrder;
-        signal.valueType = record.valueType;
-        if ((record.valueType == ValueFloat32 && record.bitLength != 32) ||
-            (record.valueType == ValueFloat64 && record.bitLength != 64)) {
-            signal.valueType = ValueSigned;
-        }
-        signal.factor = record.factor;
-        signal.offset = record.offset;
-        signal.minimum = record.minimum;
-        signal.maximum = record.maximum;
-        signal.startValue = record.startValue;
-        signal.inactiveValue = record.inactiveValue;
+        Append(AppendedSignal(record, signal));
         model.messages.back().signals.push_back(signal);
         if (random.OneIn(3)) {
             AddDescriptions(messageIndex);
@@ -307,7 +281,7 @@ class DatabaseMaker {
             }
             Store(record.text, text);
             Append(VexilAppendEnumToCanSignal(messageIndex, signalIndex, &record) == 1);
-            enums[record.value] = joined;
+            Append(AppendedDescription(record, enums));
         }
     }
 

@@ -342,6 +342,8 @@ DatabaseRecords RecordsOf(const Model& model) {
         StoreCut(owner.record.longName, message.longName);
         StoreCut(owner.record.transmitter, message.transmitter);
         StoreCut(owner.record.comment, message.comment);
+        StoreCut(owner.record.sendType, message.sendType);
+        owner.record.cycleTime = message.cycleTime;
         for (const ModelSignal& signal : message.signals) {
             owner.signals.push_back(RecordsOf(signal));
         }
