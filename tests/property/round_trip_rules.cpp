@@ -36,17 +36,6 @@ bool IsFloat(const ModelSignal& signal) {
     return signal.valueType == ValueFloat32 || signal.valueType == ValueFloat64;
 }
 
-std::vector<ModelMessage> InOrder(std::vector<ModelMessage> messages, std::uint32_t order) {
-    if (order == OrderByIdDescending) {
-        std::stable_sort(messages.begin(), messages.end(),
-                         [](const auto& a, const auto& b) { return a.id > b.id; });
-    } else if (order == OrderByNameAscending) {
-        std::stable_sort(messages.begin(), messages.end(),
-                         [](const auto& a, const auto& b) { return a.name < b.name; });
-    }
-    return messages;
-}
-
 void IndicatorNames(const ModelSignal& written, ModelSignal& read) {
     std::string head = ' ' + written.name;
     if (written.multiplexType == MultiplexSelector) {
@@ -316,6 +305,17 @@ bool HoldsStrayKeyword(const Model& model) {
                    HoldsKeywordBehindItsFirstLine(message.comment) ||
                    std::any_of(message.signals.begin(), message.signals.end(), inSignal);
         });
+}
+
+std::vector<ModelMessage> InOrder(std::vector<ModelMessage> messages, std::uint32_t order) {
+    if (order == OrderByIdDescending) {
+        std::stable_sort(messages.begin(), messages.end(),
+                         [](const auto& a, const auto& b) { return a.id > b.id; });
+    } else if (order == OrderByNameAscending) {
+        std::stable_sort(messages.begin(), messages.end(),
+                         [](const auto& a, const auto& b) { return a.name < b.name; });
+    }
+    return messages;
 }
 
 Model ReadBack(const Model& model, std::uint32_t order, const DatabaseInfo& before) {

@@ -39,6 +39,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "property/model.h"
 
@@ -49,6 +50,10 @@ bool SuffixedNames(Model& model);
 
 // Whether the file of the model has a keyword where it ends a statement.
 bool HoldsStrayKeyword(const Model& model);
+
+// The messages in the order in which they stand in a file that is written in the order of an Order
+// constant.
+std::vector<ModelMessage> InOrder(std::vector<ModelMessage> messages, std::uint32_t order);
 
 // What the file of the model gives, written in the order of an Order constant and read with this
 // info in the database.
