@@ -1,0 +1,32 @@
+// What a target says when something does not hold: it tells what, and aborts, which is how a fuzzer
+// and a test learn of it.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+namespace vexil::fuzz {
+
+[[noreturn]] inline void Fail(const std::string& message) {
+    std::cerr << "\nDoes not hold: " << message << std::endl;
+    std::abort();
+}
+
+inline void Expect(bool holds, const char* what) {
+    if (!holds) {
+        Fail(what);
+    }
+}
+
+// Any two texts or numbers that must be equal.
+template <typename Value, typename Other>
+void ExpectSame(const Value& value, const Other& expected, const char* what) {
+    if (!(value == expected)) {
+        std::cerr << "\nIs:\n" << value << "\nShould be:\n" << expected << '\n';
+        Fail(what);
+    }
+}
+
+}  // namespace vexil::fuzz

@@ -1,0 +1,263 @@
+// The helpers that take text apart, each against a slow twin that is written to be read.
+//
+// The first three bytes of an input choose two positions and a keyword or character, the rest is
+// the text. Every helper gets it.
+// SPDX-License-Identifier: MIT
+#include <algorithm>
+#include <bit>
+#include <cstdio>
+#include <cstring>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include "attributes/tokens.h"
+#include "expect.h"
+#include "frame/model_text.h"
+#include "frame/record_text.h"
+#include "property/text_rules.h"
+#include "scratch_file.h"
+#include "support/files.h"
+#include "support/reference_text.h"
+#include "support/token_twin.h"
+#include "target.h"
+#include "text/keywords.h"
+#include "text/lexical.h"
+#include "text/statement_file.h"
+#include "text/utf8_text.h"
+#include "vexil64.h"
+#include "write/number_text.h"
+
+namespace vexil::fuzz {
+namespace {
+
+namespace reference = test::reference;
+
+struct Input {
+    Position from;
+    Position to;
+    unsigned char choice;
+    std::string text;
+};
+
+// A position in, at the end of or behind the text; one byte means none.
+Position PositionOf(unsigned char byte, const std::string& text) {
+    return byte == 0xFF ? npos : byte % (text.size() + 3);
+}
+
+// Calls both with a value that neither may keep where it should set one, and compares the results
+// and the values.
+template <typename Value, typename Helper, typename Twin>
+void Compare(Helper helper, Twin twin, const char* what) {
+    Value value = 99;
+    Value expected = 99;
+    const auto result = helper(value);
+    const auto expectedResult = twin(expected);
+    ExpectSame(result, expectedResult, what);
+    if constexpr (std::is_same_v<Value, double>) {
+        ExpectSame(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(expected),
+                   what);
+    } else {
+        ExpectSame(value, expected, what);
+    }
+}
+
+// -- Keywords -----------------------------------------------------------------------------------
+
+void CheckKeywords(const Input& input) {
+    const std::string& keyword =
+        reference::Keywords[input.choice % reference::Keywords.size()].text;
+    Compare<Position>(
+        [&](Position& end) { return MatchKeyword(input.text, keyword, end, input.from); },
+        [&](Position& end) {
+            return reference::MatchKeyword(input.text, keyword, end, input.from);
+        },
+        "MatchKeyword");
+    for (const std::string& token : test::TwinRawTokens(input.text, " \f\n\r\t\v")) {
+        const auto row = std::find_if(reference::Keywords.begin(), reference::Keywords.end(),
+                                      [&](const auto& entry) { return entry.text == token; });
+        ExpectSame(KeywordRowOf(token), static_cast<std::size_t>(row - reference::Keywords.begin()),
+                   "KeywordRowOf");
+        Expect(row == reference::Keywords.end() || BeginsKeyword(token.front()), "BeginsKeyword");
+    }
+}
+
+// -- UTF-8 --------------------------------------------------------------------------------------
+
+template <std::size_t Size>
+void CheckArray(const std::string& valid) {
+    char array[Size];
+    std::memset(array, 'x', Size);
+    Expect(CopyTextOut(valid, array), "a valid text fits any array");
+    ExpectSame(std::string(array), test::CutText(valid, Size - 1), "CopyTextOut");
+}
+
+void CheckUtf8(const Input& input, const std::string& valid) {
+    std::string line = input.text;
+    ReplaceInvalidUtf8(line);
+    ExpectSame(line, valid, "ReplaceInvalidUtf8");
+    const std::uint64_t bufferSize = std::min<std::uint64_t>(input.to, input.text.size());
+    Compare<std::uint64_t>(
+        [&](std::uint64_t& length) { return Utf8FitLength(input.text, bufferSize, length); },
+        [&](std::uint64_t& length) {
+            return reference::Utf8FitLength(input.text, bufferSize, length);
+        },
+        "Utf8FitLength");
+    std::string out = "before";
+    std::string expected = "before";
+    const std::vector<char> buffer(input.text.begin(),
+                                   input.text.begin() + static_cast<std::ptrdiff_t>(bufferSize));
+    ExpectSame(CopyUtf8Text(out, buffer.data(), bufferSize),
+               reference::CopyUtf8Text(expected, buffer.data(), bufferSize), "CopyUtf8Text");
+    ExpectSame(out, expected, "CopyUtf8Text");
+    ExpectSame(FoldToAscii(valid), reference::FoldToAscii(valid), "FoldToAscii");
+    const std::string oneText = valid.substr(0, valid.find('\0'));
+    CheckArray<ShortTextSize>(oneText);
+    CheckArray<LongTextSize>(oneText);
+}
+
+// -- Ranges and identifiers ---------------------------------------------------------------------
+
+void CheckRanges(const Input& input) {
+    std::uint32_t value = 99;
+    std::uint32_t expectedValue = 99;
+    Compare<Position>(
+        [&](Position& end) { return ParseUnsignedToken(input.text, value, end, input.from); },
+        [&](Position& end) {
+            return reference::ParseUnsignedToken(input.text, expectedValue, end, input.from);
+        },
+        "ParseUnsignedToken");
+    ExpectSame(value, expectedValue, "ParseUnsignedToken");
+    const char ch = static_cast<char>(input.choice);
+    Compare<Position>(
+        [&](Position& found) {
+            return std::string(TextUpToChar(input.text, input.from, ch, found));
+        },
+        [&](Position& found) { return reference::TextUpToChar(input.text, input.from, ch, found); },
+        "TextUpToChar");
+    ExpectSame(std::string(TrimmedRange(input.text, input.from, input.to)),
+               reference::TrimmedRange(input.text, input.from, input.to), "TrimmedRange");
+    ExpectSame(std::string(Trimmed(input.text)), reference::Trimmed(input.text), "Trimmed");
+}
+
+void CheckIdentifiers(const std::string& text, const std::string& valid) {
+    ExpectSame(IsValidCIdentifier(text), reference::IsValidCIdentifier(text), "IsValidCIdentifier");
+    ExpectSame(MakeCIdentifier(valid), reference::MakeCIdentifier(valid), "MakeCIdentifier");
+    ExpectSame(IdentifierForm(valid), reference::MakeCIdentifier(valid), "IdentifierForm");
+    std::string cleaned = text;
+    CleanControlChars(cleaned);
+    ExpectSame(cleaned, test::WithoutLineControls(text), "CleanControlChars");
+    std::string escaped = text;
+    EscapeQuotes(escaped);
+    ExpectSame(escaped, test::WithEscapedQuotes(text), "EscapeQuotes");
+}
+
+// -- Numbers ------------------------------------------------------------------------------------
+
+template <typename Number>
+void CheckNumber(std::string_view text, bool (*helper)(std::string_view, Number&),
+                 bool (*twin)(const std::string&, Number&), const char* what) {
+    const std::string whole(text);
+    Compare<Number>([&](Number& value) { return helper(text, value); },
+                    [&](Number& value) { return twin(whole, value); }, what);
+}
+
+void CheckNumbers(std::string_view text) {
+    CheckNumber<std::uint32_t>(text, TryParseU32, reference::TryParseU32, "TryParseU32");
+    CheckNumber<std::int32_t>(text, TryParseI32, reference::TryParseI32, "TryParseI32");
+    CheckNumber<std::int64_t>(text, TryParseI64, reference::TryParseI64, "TryParseI64");
+    CheckNumber<double>(text, TryParseDouble, reference::TryParseDouble, "TryParseDouble");
+}
+
+// Of any bits, and of the decimal that a file has for them.
+void CheckNumberText(const std::string& text) {
+    double numbers[2] = {};
+    std::memcpy(numbers, text.data(), std::min(text.size(), sizeof numbers));
+    double read = 0;
+    numbers[1] = TryParseDouble(text, read) ? read : numbers[1];
+    char expected[80];
+    std::snprintf(expected, sizeof expected, "(%.10g,%.10g)", numbers[0], numbers[1]);
+    ExpectSame(NumberPairText("(,)", numbers[0], numbers[1]), expected, "NumberPairText");
+}
+
+// -- Tokens of attributes -----------------------------------------------------------------------
+
+std::string TwinQuotedContent(const std::string& token) {
+    std::vector<std::size_t> quotes;
+    for (std::size_t at = 0; at < token.size(); ++at) {
+        if (token[at] == '"') {
+            quotes.push_back(at);
+        }
+    }
+    return quotes.size() < 2 ? ""
+                             : token.substr(quotes.front() + 1, quotes.back() - quotes.front() - 1);
+}
+
+TokenClass TwinClass(const std::string& token) {
+    if (!TwinQuotedContent(token).empty()) {
+        return TokenClass::QuotedString;
+    }
+    const bool beginsNumber =
+        std::string_view("-0123456789").find(token.front()) != std::string_view::npos;
+    std::int64_t number = 0;
+    return beginsNumber && reference::TryParseI64(token, number) ? TokenClass::Number
+                                                                 : TokenClass::Other;
+}
+
+void CheckTokens(const std::string& text) {
+    for (const std::string_view delimiters : {" \f\n\r\t\v;,", ",", " \f\n\r\t\v;"}) {
+        const StatementTokens split = SplitStatementTokens(text, CharSet(delimiters));
+        const std::vector<std::string> expected = test::TwinTokens(text, delimiters);
+        Expect(
+            std::equal(split.tokens.begin(), split.tokens.end(), expected.begin(), expected.end()),
+            "SplitStatementTokens");
+        const std::vector<TokenClass> classes = ClassifyTokens(split.tokens);
+        ExpectSame(classes.size(), expected.size(), "ClassifyTokens");
+        for (std::size_t at = 0; at < expected.size(); ++at) {
+            ExpectSame(std::string(QuotedContent(split.tokens[at])),
+                       TwinQuotedContent(expected[at]), "QuotedContent");
+            Expect(classes[at] == TwinClass(expected[at]), "ClassifyToken");
+        }
+    }
+}
+
+// -- Statements of a file -----------------------------------------------------------------------
+
+void CheckStatements(const std::string& bytes) {
+    static const std::string path = ScratchFile("statements.dbc");
+    test::WriteBytes(path, bytes);
+    StatementFile file;
+    file.Open(path.c_str(), static_cast<std::uint32_t>(path.size() + 1), OpenMode::Read);
+    for (const reference::Statement& expected : reference::CutIntoStatements(bytes)) {
+        Expect(file.NextStatement(), "a statement is left");
+        ExpectSame(std::string(file.statement), expected.text, "text of a statement");
+        ExpectSame(file.lineNumber, expected.lineNumber, "line of a statement");
+        ExpectSame(file.parseState, expected.parseState, "state behind a statement");
+    }
+    Expect(!file.NextStatement(), "no statement is left");
+}
+
+}  // namespace
+}  // namespace vexil::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace vexil::fuzz;
+    if (size < 3) {
+        return 0;
+    }
+    Input input{0, 0, data[2], std::string(data + 3, data + size)};
+    input.from = PositionOf(data[0], input.text);
+    input.to = PositionOf(data[1], input.text);
+    std::string valid = input.text;
+    vexil::test::reference::ReplaceInvalidUtf8(valid);
+    CheckKeywords(input);
+    CheckUtf8(input, valid);
+    CheckRanges(input);
+    CheckIdentifiers(input.text, valid);
+    CheckNumbers(input.text);
+    CheckNumberText(input.text);
+    CheckTokens(input.text);
+    CheckStatements(input.text);
+    return 0;
+}

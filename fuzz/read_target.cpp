@@ -1,0 +1,97 @@
+// Any bytes as a file: it is read, written in every order, and each written file is read and
+// written again. After each step the library holds what the plain twins say.
+// SPDX-License-Identifier: MIT
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "expect.h"
+#include "held_model.h"
+#include "property/record_checks.h"
+#include "property/round_trip_rules.h"
+#include "scratch_file.h"
+#include "support/files.h"
+#include "support/record_dump.h"
+#include "target.h"
+#include "vexil64.h"
+#include "written_form.h"
+
+namespace vexil::fuzz {
+namespace {
+
+constexpr std::uint32_t Orders[] = {OrderByIdDescending, OrderByNameAscending, OrderAsStored,
+                                    0xFFFFFFFF};
+
+// Reads bytes as a file with no bus type in the database, and returns what is held then.
+test::Model Read(std::string_view bytes) {
+    static const std::string path = ScratchFile("read.dbc");
+    test::WriteBytes(path, bytes);
+    const DatabaseInfo none = {};
+    VexilSetDatabaseInfo(&none, sizeof none);
+    const CallResult result = ReadDbc(path);
+    Expect(result.success && result.code == StateClosed, "any file can be read");
+    test::Model model = HeldModel();
+    ExpectHeld(model, "records after a read");
+    ExpectSame(test::BrokenRule(test::FetchDatabase()), "", "rules of all that was read");
+    return model;
+}
+
+// Writes what is held, which the model becomes, and returns the text.
+std::string Write(test::Model& model, std::uint32_t order) {
+    static const std::string path = ScratchFile("written.dbc");
+    const CallResult result = WriteDbc(path, order);
+    Expect(result.success && result.code == StateClosed, "what was read can be written");
+    test::SuffixedNames(model);
+    ExpectHeld(model, "a write changes names and nothing else");
+    return test::ReadBytes(path);
+}
+
+void ExpectNoWrite() {
+    const std::string path = ScratchFile("untouched.dbc");
+    const CallResult result = WriteDbc(path, OrderAsStored);
+    Expect(!result.success && result.code == StateClosed, "no message, no file");
+    Expect(!std::filesystem::exists(path), "no message, no file touched");
+}
+
+// REQUIRES: the text was written of the model in the order.
+void CheckTrip(const std::string& text, const test::Model& model, std::uint32_t order) {
+    test::Model again = Read(text);
+    if (!test::HoldsStrayKeyword(model) && !HoldsLongStatement(model)) {
+        ExpectSame(ModelText(again), ModelText(test::ReadBack(model, order, {})),
+                   "a written file gives what the rules of a trip say");
+    }
+    if (again.messages.empty()) {
+        ExpectNoWrite();
+        return;
+    }
+    test::Model renamed = again;
+    const bool isSame = !test::SuffixedNames(renamed) && ModelText(WrittenForm(again, order)) ==
+                                                             ModelText(WrittenForm(model, order));
+    const std::string second = Write(again, order);
+    if (isSame) {
+        ExpectSame(second, text, "a trip that lost nothing gives the same text");
+    }
+}
+
+}  // namespace
+}  // namespace vexil::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace vexil;
+    using namespace vexil::fuzz;
+    test::Model model = Read({reinterpret_cast<const char*>(data), size});
+    if (model.messages.empty()) {
+        ExpectNoWrite();
+        return 0;
+    }
+    std::string texts[std::size(Orders)];
+    test::Model models[std::size(Orders)];
+    for (std::size_t at = 0; at < std::size(Orders); ++at) {
+        texts[at] = Write(model, Orders[at]);
+        models[at] = model;
+    }
+    for (std::size_t at = 0; at < std::size(Orders); ++at) {
+        CheckTrip(texts[at], models[at], Orders[at]);
+    }
+    return 0;
+}

@@ -1,0 +1,25 @@
+// The files of a target, in a folder that goes away with the process.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vexil::fuzz {
+
+// The folder, without a "/" at its end.
+const std::string& ScratchFolder();
+
+// The path of a file in it.
+std::string ScratchFile(std::string_view name);
+
+struct CallResult {
+    bool success = false;
+    unsigned code = 99;
+};
+
+// Call the library with a buffer of exactly the path and its NUL.
+CallResult ReadDbc(const std::string& path);
+CallResult WriteDbc(const std::string& path, unsigned order);
+
+}  // namespace vexil::fuzz
