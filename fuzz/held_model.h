@@ -16,7 +16,13 @@ test::Model HeldModel();
 // Every member, line by line. Numbers are told to the bit, so -0 and 0 differ.
 std::string ModelText(const test::Model& model);
 
-// Checks that the library holds the model, and that its functions give the records of the model.
-void ExpectHeld(const test::Model& model, const char* when);
+// Checks that two models are the same.
+void ExpectSameModel(const test::Model& model, const test::Model& expected, const char* what);
+
+// Checks that the functions of the library give the records of the model.
+void ExpectRecords(const test::Model& model, const char* what);
+
+// Checks both for what the library holds.
+void ExpectHeld(const test::Model& model, const char* what);
 
 }  // namespace vexil::fuzz

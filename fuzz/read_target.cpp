@@ -1,7 +1,9 @@
 // Any bytes as a file: it is read, written in every order, and each written file is read and
 // written again. After each step the library holds what the plain twins say.
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -31,7 +33,7 @@ test::Model Read(std::string_view bytes) {
     const CallResult result = ReadDbc(path);
     Expect(result.success && result.code == StateClosed, "any file can be read");
     test::Model model = HeldModel();
-    ExpectHeld(model, "records after a read");
+    ExpectRecords(model, "records after a read");
     ExpectSame(test::BrokenRule(test::FetchDatabase()), "", "rules of all that was read");
     return model;
 }
@@ -57,8 +59,8 @@ void ExpectNoWrite() {
 void CheckTrip(const std::string& text, const test::Model& model, std::uint32_t order) {
     test::Model again = Read(text);
     if (!test::HoldsStrayKeyword(model) && !HoldsLongStatement(model)) {
-        ExpectSame(ModelText(again), ModelText(test::ReadBack(model, order, {})),
-                   "a written file gives what the rules of a trip say");
+        ExpectSameModel(again, test::ReadBack(model, order, {}),
+                        "a written file gives what the rules of a trip say");
     }
     if (again.messages.empty()) {
         ExpectNoWrite();
@@ -90,8 +92,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         texts[at] = Write(model, Orders[at]);
         models[at] = model;
     }
+    const bool isRenamed = ModelText(models[2]) != ModelText(models[3]);
+    Expect(isRenamed || texts[2] == texts[3], "every order above 1 is the order as stored");
+    // Many a file is the same in every order; one trip for each text is enough.
     for (std::size_t at = 0; at < std::size(Orders); ++at) {
-        CheckTrip(texts[at], models[at], Orders[at]);
+        if (std::find(texts, texts + at, texts[at]) == texts + at) {
+            CheckTrip(texts[at], models[at], Orders[at]);
+        }
     }
     return 0;
 }

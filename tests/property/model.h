@@ -34,6 +34,8 @@ struct ModelSignal {
     std::int32_t startValue = 0;
     std::int32_t inactiveValue = 0;
     std::map<std::int32_t, std::string> enums;
+
+    bool operator==(const ModelSignal&) const = default;
 };
 
 struct ModelMessage {
@@ -46,6 +48,8 @@ struct ModelMessage {
     std::string sendType;
     std::int32_t cycleTime = 0;
     std::vector<ModelSignal> signals;
+
+    bool operator==(const ModelMessage&) const = default;
 };
 
 struct Model {

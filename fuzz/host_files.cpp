@@ -1,0 +1,90 @@
+// The calls of a host that read and write files.
+// SPDX-License-Identifier: MIT
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "any_path.h"
+#include "expect.h"
+#include "held_model.h"
+#include "host.h"
+#include "property/record_checks.h"
+#include "property/round_trip_rules.h"
+#include "scratch_file.h"
+#include "support/files.h"
+#include "support/record_dump.h"
+#include "vexil64.h"
+#include "written_form.h"
+
+namespace vexil::fuzz {
+
+// The choice of the path, then the file up to "~".
+void Host::Read() {
+    const AnyPath path = PathOf(input.Byte());
+    const std::string_view bytes = input.TextUpTo('~');
+    if (!path.file.empty()) {
+        test::WriteBytes(path.file, bytes);
+    }
+    CallResult result;
+    result.success = VexilReadDbcFile(path.Pointer(), path.size, &result.code) == 1;
+    if (path.failure != 0) {
+        Expect(!result.success, "a bad path cannot be read");
+        if (!path.isFolder || result.code != StateStreamError) {
+            ExpectSame(result.code, path.failure, "code of a bad path");
+        }
+        model = {{ProtocolPlainCan, model.info.busType}, {}, {}};
+        ExpectHeld(model, "a read that failed");
+        return;
+    }
+    Expect(result.success && result.code == StateClosed, "any file can be read");
+    const std::uint32_t formerBus = model.info.busType;
+    model = HeldModel();
+    Expect(model.info.busType <= BusCanFd || model.info.busType == formerBus, "the bus type");
+    ExpectRecords(model, "a read");
+    test::DatabaseRecords records = test::FetchDatabase();
+    records.info.busType = 0;
+    ExpectSame(test::BrokenRule(records), "", "rules of all that was read");
+    // Nothing of what was there before may count.
+    Expect(ReadDbc(path.file).success, "a file can be read twice");
+    ExpectHeld(model, "a second read");
+}
+
+void Host::ReadWritten() {
+    const std::string file = ScratchFile("again.dbc");
+    if (!std::filesystem::exists(file)) {
+        return;
+    }
+    const DatabaseInfo before = model.info;
+    const CallResult result = ReadDbc(file);
+    Expect(result.success && result.code == StateClosed, "a written file can be read");
+    model = HeldModel();
+    if (!test::HoldsStrayKeyword(writtenModel) && !HoldsLongStatement(writtenModel)) {
+        ExpectSameModel(model, test::ReadBack(writtenModel, writtenOrder, before),
+                        "a written file gives what the rules of a trip say");
+    }
+    ExpectRecords(model, "a read of a written file");
+}
+
+// The choice of the path and the order.
+void Host::Write() {
+    const AnyPath path = PathOf(input.Byte());
+    const std::uint32_t order = input.Word();
+    CallResult result;
+    result.success = VexilWriteDbcFile(path.Pointer(), path.size, order, &result.code) == 1;
+    if (model.messages.empty()) {
+        ExpectSame(result.code, StateClosed, "code of a write of nothing");
+        Expect(!result.success, "a write of nothing");
+    } else if (path.failure != 0) {
+        ExpectSame(result.code, path.failure, "code of a write that cannot be");
+        Expect(!result.success, "a write that cannot be");
+    } else {
+        Expect(result.success && result.code == StateClosed, "a write");
+        test::SuffixedNames(model);
+        writtenModel = model;
+        writtenOrder = order;
+        std::filesystem::rename(path.file, ScratchFile("again.dbc"));
+    }
+    ExpectHeld(model, "a write");
+}
+
+}  // namespace vexil::fuzz
