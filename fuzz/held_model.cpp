@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <cstring>
 
 #include "expect.h"
@@ -66,6 +67,12 @@ bool SameInfo(const DatabaseInfo& info, const DatabaseInfo& other) {
 template <typename Record>
 bool SameBytes(const Record& record, const Record& other) {
     return std::memcmp(&record, &other, sizeof record) == 0;
+}
+
+// Up to the gap at its end, which a compiler need not fill.
+bool SameBytes(const CanSignalRecord& record, const CanSignalRecord& other) {
+    return std::memcmp(&record, &other,
+                       offsetof(CanSignalRecord, unitUtf8) + sizeof record.unitUtf8) == 0;
 }
 
 bool SameBytes(const test::SignalRecords& signal, const test::SignalRecords& other) {
