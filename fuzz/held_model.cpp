@@ -23,7 +23,8 @@ test::ModelSignal ModelOf(const CANSignal& signal) {
     model.longName = signal.longName;
     model.unit = signal.unit;
     model.unitUtf8 = signal.unitUtf8;
-    model.receivers = signal.receivers;
+    signal.receivers.ForEach(
+        [&model](std::string_view node) { model.receivers.emplace_back(node); });
     model.comment = signal.comment;
     model.multiplexType = signal.multiplexType;
     model.multiplexValue = signal.multiplexValue;
@@ -142,7 +143,7 @@ void TellSignal(Lines& lines, const test::ModelSignal& signal) {
 }  // namespace
 
 test::Model HeldModel() {
-    Expect(database.messagesById.empty(), "a call leaves no messages under their ids");
+    Expect(database.messagesById.Size() == 0, "a call leaves no messages under their ids");
     Expect(database.attributes.definitions.empty() && database.attributes.values.empty(),
            "a call leaves no attributes");
     test::Model model;
