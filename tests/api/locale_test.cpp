@@ -28,7 +28,8 @@ class LocaleTest : public ApiTest {
     // is one.
     static bool SetDecimalComma() {
         return std::setlocale(LC_ALL, "de_DE.UTF-8") != nullptr ||
-               std::setlocale(LC_ALL, "de_DE.utf8") != nullptr;
+               std::setlocale(LC_ALL, "de_DE.utf8") != nullptr ||
+               std::setlocale(LC_ALL, "German") != nullptr;  // the name of Windows
     }
 
     // Sets a C++ locale with a decimal comma and groups of three and leaves the C locale alone: it
@@ -40,7 +41,7 @@ class LocaleTest : public ApiTest {
     // The SG_ line that a write makes of the first signal.
     std::string SignalLine() {
         EXPECT_EQ(Write(path), Success);
-        const std::string text = ReadBytes(path);
+        const std::string text = ReadTextFile(path);
         const std::size_t start = text.find("SG_ S");
         return text.substr(start, text.find('\n', start) - start);
     }

@@ -224,7 +224,8 @@ TEST(TryParseDouble, RefusesWhatTheRuntimeCallsOutOfRange) {
 TEST(TryParseDouble, TakesTheDecimalPointOfTheHostsLocale) {
     const std::string before = std::setlocale(LC_NUMERIC, nullptr);
     const char* found = nullptr;
-    for (const char* const name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8"}) {
+    for (const char* const name :
+         {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8", "German"}) {
         found = found != nullptr ? found : std::setlocale(LC_NUMERIC, name);
     }
     if (found == nullptr) {
