@@ -1,7 +1,8 @@
 # The tests that a build for Windows leaves out, each with its reason. What Windows does instead has
 # tests of its own in this folder.
 
-# Folders.
+# Folders. The fuzz targets, beside the tests, are left out as well: they compare what is read with
+# twins that know the line ends of Linux alone.
 set(linux_only_folders
     faults      # stands in for functions of the runtime of Linux, and loads as Linux does
     growth      # counts the steps of the library as it is compiled for Linux
