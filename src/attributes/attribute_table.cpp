@@ -3,7 +3,7 @@
 #include "attributes/attribute_table.h"
 
 #include <algorithm>
-#include <bit>
+#include <functional>
 
 #include "text/keyed_hash.h"
 
@@ -13,7 +13,7 @@ namespace {
 
 // A value is known by its definition, which tells name, kind and type, and its owner.
 std::size_t HashOf(const AttributeValue& value) {
-    return KeyedHash(std::bit_cast<std::uintptr_t>(value.definition) * 4 + value.messageId,
+    return KeyedHash(std::hash<const Attribute*>()(value.definition) + value.messageId,
                      value.signalName);
 }
 

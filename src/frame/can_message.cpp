@@ -16,15 +16,15 @@ constexpr std::size_t OrdinarySignalCount = 8;
 void CANMessage::Reset() {
     isEmpty = true;
     id = 0;
-    longName.clear();
-    name.clear();
+    longName.Clear();
+    name.Clear();
     transmitter.clear();
     sendType.clear();
     cycleTime = 0;
     comment.clear();
     dlc = 0;
     signals.clear();
-    rawName.clear();
+    rawName.Clear();
 }
 
 void CANMessage::UpdateName() {

@@ -10,8 +10,8 @@ namespace vexil {
 // already cost nothing to empty.
 void CANSignal::Reset() {
     isEmpty = true;
-    name.clear();
-    longName.clear();
+    name.Clear();
+    longName.Clear();
     unit.clear();
     unitUtf8.clear();
     comment.clear();
@@ -29,7 +29,7 @@ void CANSignal::Reset() {
     enums.Clear();
     startValue = 0;
     inactiveValue = 0;
-    rawName.clear();
+    rawName.Clear();
     hasNameSuffix = false;
 }
 

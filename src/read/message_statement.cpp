@@ -55,7 +55,7 @@ bool CANMessage::Parse(std::string_view text) {
 bool CANMessage::ParseName(std::string_view text, Position from, Position& next) {
     Position colon = npos;
     rawName = Trimmed(TextUpToChar(text, from, ':', colon));
-    if (rawName.empty()) {
+    if (rawName.IsEmpty()) {
         return false;
     }
     longName = DisplayForm(rawName);

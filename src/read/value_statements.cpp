@@ -123,9 +123,9 @@ bool CANSignal::MatchSignalName(std::string_view text, Position from, Position& 
         return false;
     }
     // The white space first: it tells most names apart without a look at them.
-    const Position behind = start + rawName.size();
+    const Position behind = start + rawName.Size();
     if (behind >= text.size() || !IsSpace(text[behind]) ||
-        text.compare(start, rawName.size(), rawName) != 0) {
+        text.compare(start, rawName.Size(), rawName) != 0) {
         return false;
     }
     end = behind;

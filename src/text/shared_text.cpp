@@ -12,7 +12,7 @@ SharedText::SharedText(std::string_view text) {
     }
     block = std::allocator<Block>().allocate(BlocksOf(text.size()));
     std::construct_at(block, Block{1, text.size()});
-    std::copy(text.begin(), text.end(), reinterpret_cast<char*>(block + 1));
+    std::copy(text.begin(), text.end(), static_cast<char*>(static_cast<void*>(block + 1)));
 }
 
 SharedText::SharedText(const SharedText& other) noexcept : block(other.block) {
@@ -21,7 +21,7 @@ SharedText::SharedText(const SharedText& other) noexcept : block(other.block) {
     }
 }
 
-void SharedText::clear() noexcept {
+void SharedText::Clear() noexcept {
     if (block != nullptr && --block->users == 0) {
         std::allocator<Block>().deallocate(block, BlocksOf(block->size));
     }

@@ -18,9 +18,10 @@ class SharedText {
     explicit SharedText(std::string_view text);
     SharedText(const SharedText& other) noexcept;
     SharedText(SharedText&& other) noexcept : block(std::exchange(other.block, nullptr)) {}
-    ~SharedText() { clear(); }
+    ~SharedText() { Clear(); }
 
-    SharedText& operator=(SharedText other) noexcept {
+    SharedText& operator=(const SharedText& other) noexcept { return *this = SharedText(other); }
+    SharedText& operator=(SharedText&& other) noexcept {
         std::swap(block, other.block);
         return *this;
     }
@@ -29,9 +30,9 @@ class SharedText {
     operator std::string_view() const noexcept {
         return block == nullptr ? std::string_view() : std::string_view(Characters(), block->size);
     }
-    std::size_t size() const noexcept { return block == nullptr ? 0 : block->size; }
-    bool empty() const noexcept { return block == nullptr; }
-    void clear() noexcept;
+    std::size_t Size() const noexcept { return block == nullptr ? 0 : block->size; }
+    bool IsEmpty() const noexcept { return block == nullptr; }
+    void Clear() noexcept;
 
     friend bool operator==(const SharedText& a, const SharedText& b) noexcept {
         return a.block == b.block || std::string_view(a) == std::string_view(b);
@@ -53,7 +54,9 @@ class SharedText {
     // How many blocks the first one takes together with the characters behind it.
     static std::size_t BlocksOf(std::size_t size) noexcept { return 2 + size / sizeof(Block); }
 
-    const char* Characters() const noexcept { return reinterpret_cast<const char*>(block + 1); }
+    const char* Characters() const noexcept {
+        return static_cast<const char*>(static_cast<const void*>(block + 1));
+    }
 
     Block* block = nullptr;  // null for the empty text
 };

@@ -51,8 +51,7 @@ TEST(KeywordTable, HasThirtyFiveRowsInThisOrder) {
     ASSERT_EQ(keywordTable.size(), expected.size());
     for (std::size_t row = 0; row < expected.size(); ++row) {
         EXPECT_EQ(keywordTable[row].keyword, expected[row].keyword) << "row " << row;
-        EXPECT_EQ(keywordTable[row].needsSemicolon, expected[row].needsSemicolon)
-            << "row " << row;
+        EXPECT_EQ(keywordTable[row].needsSemicolon, expected[row].needsSemicolon) << "row " << row;
     }
 }
 

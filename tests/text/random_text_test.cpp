@@ -75,8 +75,7 @@ TEST(KeywordTable, IsThatOfTheSlowTwin) {
     ASSERT_EQ(keywordTable.size(), test::reference::Keywords.size());
     for (std::size_t row = 0; row < keywordTable.size(); ++row) {
         EXPECT_EQ(keywordTable[row].keyword, test::reference::Keywords[row].text);
-        EXPECT_EQ(keywordTable[row].needsSemicolon,
-                  test::reference::Keywords[row].needsSemicolon);
+        EXPECT_EQ(keywordTable[row].needsSemicolon, test::reference::Keywords[row].needsSemicolon);
     }
 }
 

@@ -18,8 +18,8 @@ const char* Place(const SharedText& text) {
 
 TEST(SharedText, IsEmptyFromTheStart) {
     const SharedText text;
-    EXPECT_TRUE(text.empty());
-    EXPECT_EQ(text.size(), 0U);
+    EXPECT_TRUE(text.IsEmpty());
+    EXPECT_EQ(text.Size(), 0U);
     EXPECT_EQ(std::string_view(text), "");
     EXPECT_EQ(sizeof(text), sizeof(void*));
 }
@@ -30,8 +30,8 @@ TEST(SharedText, HoldsACopyOfAnyLength) {
         const SharedText text(source);
         source.assign(size, 'b');
         EXPECT_EQ(std::string_view(text), std::string(size, 'a'));
-        EXPECT_EQ(text.size(), size);
-        EXPECT_EQ(text.empty(), size == 0);
+        EXPECT_EQ(text.Size(), size);
+        EXPECT_EQ(text.IsEmpty(), size == 0);
     }
 }
 
@@ -81,8 +81,8 @@ TEST(SharedText, ChangesAloneWhenItIsAssignedOrCleared) {
     text = "new";
     EXPECT_EQ(std::string_view(text), "new");
     text = copy;
-    text.clear();
-    EXPECT_TRUE(text.empty());
+    text.Clear();
+    EXPECT_TRUE(text.IsEmpty());
     EXPECT_EQ(std::string_view(copy), "name");
 }
 
