@@ -14,35 +14,41 @@ std::size_t SignalIndex::WordEnd(std::string_view text, std::size_t at) {
 }
 
 std::size_t SignalIndex::Child(std::size_t node, std::string_view word) const {
-    const auto entry = children.find({node, word});
-    return entry == children.end() ? NoNode : entry->second;
+    return children.Find(KeyedHash(node, word), [&](std::size_t child) {
+        return nodes[child].parent == node && nodes[child].word == word;
+    });
 }
 
 void SignalIndex::Add(CANSignal* signal) {
+    if (nodes.empty()) {
+        nodes.emplace_back();
+    }
     const std::string_view name = signal->rawName;
     std::size_t node = Root;
     for (std::size_t at = 0; at < name.size();) {
         const std::size_t end = WordEnd(name, at);
-        const auto [entry, isNew] =
-            children.try_emplace({node, name.substr(at, end - at)}, signals.size());
-        if (isNew) {
-            signals.emplace_back();
+        const std::string_view word = name.substr(at, end - at);
+        std::size_t child = Child(node, word);
+        if (child == npos) {
+            child = nodes.size();
+            nodes.push_back({node, word, {}});
+            children.Add(KeyedHash(node, word), child);
         }
-        node = entry->second;
+        node = child;
         at = end;
     }
-    signals[node].push_back(signal);
+    nodes[node].signals.push_back(signal);
 }
 
 const std::vector<CANSignal*>& SignalIndex::Find(std::string_view name) const {
     static const std::vector<CANSignal*> none;
-    std::size_t node = Root;
-    for (std::size_t at = 0; at < name.size() && node != NoNode;) {
+    std::size_t node = nodes.empty() ? npos : Root;
+    for (std::size_t at = 0; at < name.size() && node != npos;) {
         const std::size_t end = WordEnd(name, at);
         node = Child(node, name.substr(at, end - at));
         at = end;
     }
-    return node == NoNode ? none : signals[node];
+    return node == npos ? none : nodes[node].signals;
 }
 
 void MessagesOfId::Add(std::shared_ptr<CANMessage> message) {
@@ -74,7 +80,9 @@ void MessagesById::Add(std::shared_ptr<CANMessage> message) {
 }
 
 MessagesOfId* MessagesById::Find(std::uint32_t id) {
-    if (last >= entries.size() || entries[last].Id() != id) {
+    if (last + 1 < entries.size() && entries[last + 1].Id() == id) {
+        ++last;
+    } else if (last >= entries.size() || entries[last].Id() != id) {
         const std::size_t position = index.Find(KeyedHash(id, {}), [&](std::size_t candidate) {
             return entries[candidate].Id() == id;
         });

@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -37,25 +36,31 @@ class SignalIndex {
         for (std::size_t at = 0; at < text.size();) {
             const std::size_t end = WordEnd(text, at);
             node = Child(node, text.substr(at, end - at));
-            if (node == NoNode || end == text.size()) {
+            if (node == npos || end == text.size()) {
                 return;
             }
-            visit(signals[node], end);
+            visit(nodes[node].signals, end);
             at = end;
         }
     }
 
   private:
+    struct Node {
+        std::size_t parent = npos;
+        std::string_view word = {};
+        std::vector<CANSignal*> signals;  // whose name ends here
+    };
+
     static constexpr std::size_t Root = 0;
-    static constexpr std::size_t NoNode = ~std::size_t{0};
 
     // The position behind the word that starts at at.
     static std::size_t WordEnd(std::string_view text, std::size_t at);
 
+    // The child of the node for the word, or npos.
     std::size_t Child(std::size_t node, std::string_view word) const;
 
-    std::map<std::pair<std::size_t, std::string_view>, std::size_t> children;
-    std::vector<std::vector<CANSignal*>> signals{1};  // of each node
+    std::vector<Node> nodes;  // the root first; empty without signals
+    HashIndex children;       // of nodes, by parent and word
 };
 
 class MessagesOfId {
@@ -145,7 +150,8 @@ class MessagesById {
   private:
     std::vector<MessagesOfId> entries;  // in the order in which the ids came
     HashIndex index;                    // of entries
-    std::size_t last = 0;  // position of what was found last; most statements ask for it again
+    std::size_t last = 0;  // position of what was found last: most statements ask for it again, and
+                           // most others for the next
 };
 
 }  // namespace vexil

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "text/constants.h"
@@ -20,24 +21,30 @@ class HashIndex {
         if (slots.empty()) {
             return npos;
         }
-        for (std::size_t at = hash & Mask(); slots[at].position != npos; at = (at + 1) & Mask()) {
-            if (slots[at].hash == hash && isEntry(slots[at].position)) {
+        const auto kept = static_cast<std::uint32_t>(hash);
+        for (std::size_t at = kept & Mask(); slots[at].position != NoPosition;
+             at = (at + 1) & Mask()) {
+            if (slots[at].hash == kept && isEntry(slots[at].position)) {
                 return slots[at].position;
             }
         }
         return npos;
     }
 
-    // Adds an entry. Whether it is there already is the caller's to know.
+    // Adds an entry. Whether it is there already is the caller's to know. Throws std::bad_alloc
+    // when memory ends, as which a position of 2^32 - 1 counts.
     void Add(std::size_t hash, std::size_t position);
 
     // Gives its memory back, too.
     void Clear();
 
   private:
+    static constexpr std::uint32_t NoPosition = ~std::uint32_t{0};
+
+    // Small, since the slots of a big table are what misses the caches.
     struct Slot {
-        std::size_t hash = 0;
-        std::size_t position = npos;  // npos: the slot is free
+        std::uint32_t hash = 0;               // its low half
+        std::uint32_t position = NoPosition;  // NoPosition: the slot is free
     };
 
     std::size_t Mask() const { return slots.size() - 1; }

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -71,6 +72,14 @@ TEST(HashIndex, AsksOnlyForEntriesOfTheHash) {
     EXPECT_EQ(index.Find(17, anyEntry), 11U);
     EXPECT_EQ(index.Find(33, anyEntry), npos);
     EXPECT_EQ(index.Find(1, anyEntry), 10U);
+}
+
+TEST(HashIndex, RunsOutOfMemoryAtTheFirstPositionThatASlotCannotHold) {
+    HashIndex index;
+    EXPECT_THROW(index.Add(1, 0xFFFFFFFF), std::bad_alloc);
+    EXPECT_EQ(index.Find(1, anyEntry), npos);
+    index.Add(1, 0xFFFFFFFE);
+    EXPECT_EQ(index.Find(1, anyEntry), 0xFFFFFFFEU);
 }
 
 TEST(HashIndex, FindsNothingAfterClear) {
