@@ -56,7 +56,7 @@ CM_ BO_ 256 "And a second one
 of two lines";
 CM_ SG_ 256 Torque "Taken at the crankshaft, the clutch being closed";
 CM_ SG_ 256 Name with blanks "Found by its whole name";
-CM_ SG_ 512 Signal_Number_Of_Many_39 "Found by the index of the message";
+CM_ SG_ 512 Signal_Number_Of_Many_33 "Found by the index of the message";
 CM_ EV_ Ambient "of a variable";
 
 BA_DEF_ "BusType" STRING ;
@@ -90,11 +90,11 @@ BA_ "Unreserved" 1;
 VAL_ 256 Torque 3 "A description of the third value" 1 "One" -2 "Two below" ;
 VAL_ 256 Torque 1 "Once more" 0 "Nothing" 3 "The third again, as a longer text" ;
 VAL_ 256 Torque -5 "Five below, in front of all of those" ;
-VAL_ 512 Signal_Number_Of_Many_39 2 "Two" 1 "One" 0 "Nothing" ;
+VAL_ 512 Signal_Number_Of_Many_33 2 "Two" 1 "One" 0 "Nothing" ;
 VAL_ Ambient 1 "On" ;
 SIG_VALTYPE_ 256 Torque : 1;
 SIG_VALTYPE_ 2566834709 Precise : 2;
-SIG_VALTYPE_ 512 Signal_Number_Of_Many_39 : 1;
+SIG_VALTYPE_ 512 Signal_Number_Of_Many_33 : 1;
 )";
 
 constexpr std::string_view DroppedStatements = R"(NS_DESC_ x
@@ -122,7 +122,7 @@ SG_MUL_VAL_ x
 
 std::string MessageOfManySignals() {
     std::string text = "BO_ 512 Many: 8 Gearbox\n";
-    for (int number = 0; number < 40; ++number) {
+    for (int number = 0; number < 34; ++number) {
         text += " SG_ Signal_Number_Of_Many_" + std::to_string(number) +
                 " : 0|32@1+ (1,0) [0|0] \"\" Gearbox\n";
     }

@@ -25,12 +25,13 @@ constexpr Outcome StreamError{0, StateStreamError};
 
 constexpr const char* Text = "BO_ 1 A: 8 N\n SG_ S : 0|8@1+ (1,0) [0|1] \"\" R\n";
 
-// Runs work in a child process, which may block or lose its rights, and ends it at the latest with
-// its owner. The child ends with what work returns.
+// Runs work in a child process, which may block or lose its rights. The child ends with what work
+// returns, and in any case with its owner or after a while.
 class Child {
   public:
     explicit Child(const std::function<int()>& work) : id(fork()) {
         if (id == 0) {
+            alarm(30);
             _exit(work());
         }
     }
@@ -158,7 +159,7 @@ TEST_F(HostilePathTest, APipeIsReadUntilItsWriterCloses) {
                        ? 0
                        : 1;
         });
-        EXPECT_EQ(Read(pipe), Success);
+        ASSERT_EQ(Read(pipe), Success);
         EXPECT_EQ(VexilGetNumCanMessages(), bytes.empty() ? 0U : 1U);
         EXPECT_EQ(writer.Wait(), 0);
     }
@@ -197,6 +198,7 @@ TEST_F(HostilePathTest, ANameMayHave255Bytes) {
     fs::current_path(folder.File(""));
     const std::string longest(255, 'n');
     EXPECT_EQ(Write(longest), Success);
+    EXPECT_TRUE(fs::exists(longest));
     EXPECT_EQ(Read(longest), Success);
     EXPECT_EQ(VexilGetNumCanMessages(), 1U);
     for (const std::size_t size : {256U, 259U}) {
