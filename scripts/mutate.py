@@ -1,0 +1,593 @@
+"""Makes mutants of the sources and counts those that the tests kill. scripts/mutate calls this.
+
+A mutant differs from src in one place:
+  - a comparison turned: < and <=, > and >=, == and !=
+  - a constant moved by one: a number up or down, a character up; true and false exchanged
+  - an operator exchanged: && and ||, + and -, * and /, & and |, << and >>, ++ and --, and those
+    with an assignment; a "!" left out
+  - a condition without any of these, or a value that is returned, negated
+  - a statement left out
+
+No mutants are made of what only declares: includes and all else of the preprocessor,
+static_assert, enumerations, template arguments such as the size of an array. Nor of what has no
+effect that a test could see: rooms set aside beforehand (reserve, Reserve, constants named
+Ordinary... or ...Reserve), and what is compiled on another system only.
+
+A mutant is compiled and linked aside, from a copy of its one file, and the test programs run until
+one fails, that of the changed folder first, or for a header those that are linked soonest. A test
+program that fails, crashes or takes more than ten times its time kills it. A mutant that does not
+compile is not counted; when mutants are drawn, another takes its place.
+
+The result of each mutant is a line of standard error, and of build/mutate/mutants.txt. Standard
+output gets the survivors and the share of the killed.
+"""
+import collections
+import json
+import os
+import pathlib
+import random
+import re
+import resource
+import shlex
+import shutil
+import signal
+import subprocess
+import sys
+import threading
+import time
+
+Workers = 2
+NeededShare = 95  # per cent
+CpuFactor = 10    # a mutant may take so many times the processor time of the unchanged program
+LeastCpu = 5      # seconds, for programs that hardly take any
+WallFactor = 20   # for those that sleep or wait, on top of the processor time allowed
+MemoryLimit = 4 << 30
+FileLimit = 1 << 30
+
+# In the order in which they run behind the program of the mutant's own folder.
+Programs = ["read_tests", "write_tests", "attributes_tests", "frame_tests", "text_tests",
+            "golden_tests", "api_tests", "docs_tests", "property_tests", "fault_tests"]
+Library = "libvexil64.so"
+
+
+# ---- Making mutants
+
+class Token(collections.namedtuple("Token", "kind text start end")):
+    pass
+
+
+TokenPattern = re.compile(r"""
+    (?P<comment>//[^\n]*|/\*.*?\*/)
+  | (?P<directive>^[ \t]*\#(?:[^\n]*\\\n)*[^\n]*)
+  | (?P<string>"(?:\\.|[^"\\\n])*")
+  | (?P<char>'(?:\\.[0-9a-f]*|[^'\\\n])')
+  | (?P<number>\d(?:[\w.]|'\d|(?<=[eE])[+-])*)
+  | (?P<name>[A-Za-z_]\w*)
+  | (?P<sign><=>|<<=|>>=|\.\.\.|::|\+\+|--|->|&&|\|\||[=!<>+\-*/%&|^]=|<<|>>|[^\s\w])
+""", re.VERBOSE | re.DOTALL | re.MULTILINE)
+
+Exchanged = {"<": "<=", "<=": "<", ">": ">=", ">=": ">", "==": "!=", "!=": "==",
+             "&&": "||", "||": "&&", "+": "-", "-": "+", "*": "/", "/": "*",
+             "&": "|", "|": "&", "^": "|", "<<": ">>", ">>": "<<",
+             "+=": "-=", "-=": "+=", "|=": "&=", "&=": "|=", "^=": "|=", "*=": "/=", "/=": "*="}
+Assignments = {"=", "+=", "-=", "*=", "/=", "%=", "|=", "&=", "^=", "<<=", ">>="}
+NoExpression = {"alignas", "auto", "case", "catch", "class", "const", "consteval", "constexpr",
+                "constinit", "default", "do", "else", "enum", "extern", "for", "friend", "goto",
+                "if", "inline", "mutable", "namespace", "operator", "private", "protected",
+                "public", "return", "static", "static_assert", "struct", "switch", "template",
+                "thread_local", "try", "typedef", "typename", "union", "unsigned", "using",
+                "virtual", "volatile", "while"}
+Closing = {"(": ")", "[": "]", "{": "}"}
+
+# Lines that only set room aside.
+RoomOnly = re.compile(r"\b[rR]eserve\(|\bOrdinary\w+ =|\b\w+Reserve =")
+
+Mutant = collections.namedtuple("Mutant", "file line column start end replacement change")
+
+
+def tokens_of(text):
+    """The tokens of what Linux compiles, without comments and directives."""
+    tokens = []
+    compiled = [True]
+    for match in TokenPattern.finditer(text):
+        kind = match.lastgroup
+        if kind == "directive":
+            directive = match.group().strip()[1:].strip()
+            if re.match(r"if", directive):
+                compiled.append(compiled[-1] and directive != "ifdef _WIN32")
+            elif re.match(r"else", directive):
+                compiled[-1] = compiled[-2] and not compiled[-1]
+            elif re.match(r"endif", directive):
+                compiled.pop()
+        elif kind != "comment" and compiled[-1]:
+            tokens.append(Token(kind, match.group(), match.start(), match.end()))
+    return tokens
+
+
+class File:
+    """A source file and its mutants."""
+
+    def __init__(self, path):
+        self.path = path
+        self.text = pathlib.Path(path).read_text(encoding="utf-8")
+        self.lines = self.text.split("\n")
+        self.tokens = tokens_of(self.text)
+        self.partner = {}       # the token that closes a bracket, and the other way round
+        self.in_function = []   # of each token
+        self.in_braces = []     # of each token: braces are the innermost brackets around it
+        self.is_declaration = [False] * len(self.tokens)
+        self.mutants = []
+        self.match_brackets()
+        self.mark_declarations()
+        for at in range(len(self.tokens)):
+            if not self.is_declaration[at]:
+                self.mutate_token(at)
+                self.mutate_statement(at)
+
+    def is_text(self, at, *texts):
+        return 0 <= at < len(self.tokens) and self.tokens[at].text in texts
+
+    def match_brackets(self):
+        """Finds the partner of each bracket, and what stands inside functions."""
+        stack = []
+        header = 0  # where the declaration in front of a brace began
+        for at, token in enumerate(self.tokens):
+            self.in_function.append(any(inside for _, inside in stack))
+            self.in_braces.append(bool(stack) and self.is_text(stack[-1][0], "{"))
+            if token.text in Closing and token.kind == "sign":
+                inside = False
+                if token.text == "{":
+                    texts = [t.text for t in self.tokens[header:at]]
+                    inside = not {"class", "struct", "enum", "namespace", "union"} & set(texts) and (
+                        bool({")", "]", "const", "noexcept", "override"} & set(texts[-1:])))
+                    header = at + 1
+                stack.append((at, inside))
+            elif token.text in Closing.values() and token.kind == "sign":
+                start, _ = stack.pop()
+                self.partner[start] = at
+                self.partner[at] = start
+                if token.text == "}":
+                    header = at + 1
+            elif token.text == ";":
+                header = at + 1
+
+    def mark_declarations(self):
+        for at, token in enumerate(self.tokens):
+            end = None
+            if token.text == "static_assert":
+                end = self.partner[at + 1]
+            elif token.text == "enum":
+                end = next(i for i in range(at, len(self.tokens)) if self.is_text(i, "{", ";"))
+                end = self.partner.get(end, end)
+            elif token.text == "<" and at > 0 and (
+                    self.is_text(at - 1, "template", "operator") or
+                    self.tokens[at - 1].kind == "name" and self.tokens[at - 1].end == token.start):
+                end = self.end_of_arguments(at)
+            if end is not None:
+                self.is_declaration[at:end + 1] = [True] * (end + 1 - at)
+
+    def end_of_arguments(self, at):
+        """The token that ends the template arguments that begin at this one."""
+        depth = 0
+        while at < len(self.tokens):
+            text = self.tokens[at].text
+            depth += {"<": 1, ">": -1, ">>": -2}.get(text, 0)
+            if depth <= 0:
+                return at
+            at = self.partner[at] + 1 if text in Closing else at + 1
+        return at
+
+    def add(self, first, last, replacement, change):
+        """Adds the mutant that has replacement for the tokens from first to last."""
+        start = self.tokens[first].start
+        end = self.tokens[last].end
+        line = self.text.count("\n", 0, start) + 1
+        column = start - self.text.rfind("\n", 0, start)
+        if not RoomOnly.search(self.lines[line - 1]):
+            self.mutants.append(
+                Mutant(self.path, line, column, start, end, replacement, change))
+
+    def exchange(self, at, replacement):
+        self.add(at, at, replacement, f"{self.tokens[at].text} to {replacement}")
+
+    def is_binary(self, at):
+        """Whether a sign stands between two operands: the form of the code sets it off by blanks."""
+        token = self.tokens[at]
+        return self.text[token.start - 1].isspace() and self.text[token.end].isspace()
+
+    def mutate_token(self, at):
+        token = self.tokens[at]
+        if token.kind == "number":
+            self.mutate_number(at)
+        elif token.kind == "char":
+            if re.fullmatch(r"'[ -%(-Z_-}]'", token.text):
+                self.exchange(at, f"'{chr(ord(token.text[1]) + 1)}'")
+            else:
+                self.exchange(at, f"static_cast<char>({token.text} + 1)")
+        elif token.text in ("true", "false"):
+            self.exchange(at, "false" if token.text == "true" else "true")
+        elif token.text in ("++", "--"):
+            self.exchange(at, "--" if token.text == "++" else "++")
+        elif token.text == "!":
+            self.add(at, at, "", "! left out")
+        elif token.kind == "sign" and token.text in Exchanged and self.is_binary(at):
+            self.exchange(at, Exchanged[token.text])
+
+    def mutate_number(self, at):
+        text = self.tokens[at].text
+        match = re.fullmatch(r"(0x[0-9a-fA-F]+|\d+)([uUlL]*)", text)
+        if not match:
+            self.exchange(at, f"({text} + 1)")
+            return
+        digits, suffix = match.groups()
+        number = int(digits, 0)
+        form = hex if digits.startswith("0x") else str
+        self.exchange(at, form(number + 1) + suffix)
+        if number > 0:
+            self.exchange(at, form(number - 1) + suffix)
+
+    def mutate_statement(self, at):
+        token = self.tokens[at]
+        if token.text == "if" and self.is_text(at + 1, "("):
+            close = self.partner[at + 1]
+            condition = self.tokens[at + 2:close]
+            if not any(t.text in Exchanged or t.text == "!" for t in condition):
+                self.negate(at + 2, close - 1, "condition negated")
+        if not (self.in_function[at] and self.in_braces[at] and self.begins_statement(at)):
+            return
+        end = self.end_of_statement(at)
+        if end is None:
+            return
+        if token.text == "return" and end - at > 2 and not self.is_text(at + 1, "{"):
+            self.negate(at + 1, end - 1, "returned value negated")
+        elif self.is_expression_statement(at, end):
+            # The semicolon stays, for what stands in front of the statement may want one.
+            self.add(at, end - 1, "", f"\"{self.brief(at, end)}\" left out")
+
+    def begins_statement(self, at):
+        if self.is_text(at - 1, ":"):
+            first = at - 1
+            while not self.is_text(first - 1, ";", "{", "}", ":"):
+                first -= 1
+            return self.is_text(first, "case", "default")
+        return self.is_text(at - 1, ";", "{", "}", "else")
+
+    def negate(self, first, last, change):
+        text = self.text[self.tokens[first].start:self.tokens[last].end]
+        self.add(first, last, f"!({text})", change)
+
+    def brief(self, at, end):
+        text = " ".join(self.text[self.tokens[at].start:self.tokens[end].end].split())
+        return text if len(text) <= 60 else text[:57] + "..."
+
+    def end_of_statement(self, at):
+        """The semicolon of the statement that begins here; None when a block ends before it."""
+        while at < len(self.tokens):
+            text = self.tokens[at].text
+            if text == ";":
+                return at
+            if text in Closing.values():
+                return None
+            at = self.partner[at] + 1 if text in Closing else at + 1
+        return None
+
+    def is_expression_statement(self, at, end):
+        if self.is_text(at, "break", "continue", "throw"):
+            return True
+        if self.is_text(at, "return"):
+            return end == at + 1
+        while self.is_text(at, "++", "--", "*"):
+            at += 1
+        if self.is_text(at, "("):
+            return True
+        while self.is_text(at, "::"):
+            at += 1
+        if self.tokens[at].kind != "name" or self.is_text(at, *NoExpression):
+            return False
+        at += 1
+        while at < end:
+            if self.is_text(at, "<") and self.is_declaration[at]:
+                at = self.end_of_arguments(at) + 1
+            elif self.is_text(at, "::") and self.tokens[at + 1].kind == "name":
+                at += 2
+            else:
+                break
+        return at == end or self.is_text(at, ".", "->", "[", "(", "++", "--", *Assignments)
+
+
+def all_mutants():
+    paths = sorted(str(path) for pattern in ("*/*.cpp", "*/*.h")
+                   for path in pathlib.Path("src").glob(pattern))
+    return [mutant for path in paths for mutant in File(path).mutants]
+
+
+# ---- The build
+
+class Build:
+    """How ninja compiles and links, taken from the finished build, to do the same aside."""
+
+    def __init__(self, folder):
+        self.folder = os.path.abspath(folder)
+        self.compiles = {}  # object -> (source, command)
+        commands = json.loads(pathlib.Path(folder, "compile_commands.json").read_text())
+        for entry in commands:
+            command = shlex.split(entry["command"])
+            self.compiles[command[command.index("-o") + 1]] = (entry["file"], command)
+        self.links = {}     # program -> command
+        for program in [*Programs, Library]:
+            line = self.ninja("-t", "commands", "-s", program).strip().splitlines()[-1]
+            self.links[program] = [word for word in shlex.split(line) if word not in (":", "&&")]
+        self.includers = collections.defaultdict(set)  # file -> objects
+        target = None
+        for line in self.ninja("-t", "deps").splitlines():
+            if line.startswith(" "):
+                self.includers[os.path.join(self.folder, line.strip())].add(target)
+            else:
+                target = line.split(":")[0]
+
+    def ninja(self, *arguments):
+        return subprocess.run(["ninja", "-C", self.folder, *arguments], check=True, text=True,
+                              stdout=subprocess.PIPE).stdout
+
+    def objects_of(self, program):
+        return [word for word in self.links[program] if word in self.compiles]
+
+    def objects_with(self, path):
+        """The objects that a file of the tree goes into."""
+        path = os.path.abspath(path)
+        return self.includers[path] | {
+            name for name, (source, _) in self.compiles.items() if source == path}
+
+    def uses_library(self, program):
+        return Library in self.links[program]
+
+
+class DoesNotCompile(Exception):
+    pass
+
+
+class Workshop:
+    """A folder in which one mutant at a time is built and run."""
+
+    def __init__(self, build, name):
+        self.build = build
+        self.folder = os.path.join(build.folder, name)
+        self.clear()
+
+    def clear(self):
+        shutil.rmtree(self.folder, ignore_errors=True)
+        for name in ("sources", "objects", "programs", "files"):
+            os.makedirs(os.path.join(self.folder, name))
+
+    def path(self, *names):
+        return os.path.join(self.folder, *names)
+
+    def place(self, mutant):
+        """Takes up a mutant. Nothing is left of the one before."""
+        self.clear()
+        self.source = os.path.abspath(mutant.file)
+        self.copy = self.path("sources", os.path.relpath(mutant.file, "src"))
+        text = pathlib.Path(mutant.file).read_text(encoding="utf-8")
+        os.makedirs(os.path.dirname(self.copy))
+        pathlib.Path(self.copy).write_text(
+            text[:mutant.start] + mutant.replacement + text[mutant.end:], encoding="utf-8")
+        self.affected = self.build.objects_with(mutant.file)
+        self.compiled = {}  # object -> where it is
+        self.linked = set()
+
+    def stale(self, program):
+        """The objects of a program, or of the library that it uses, that the mutant changes."""
+        objects = set(self.build.objects_of(program))
+        if self.build.uses_library(program):
+            objects.update(self.build.objects_of(Library))
+        return objects & self.affected
+
+    def run(self, command):
+        return subprocess.run(command, cwd=self.build.folder, stdin=subprocess.DEVNULL,
+                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode
+
+    def compile(self, name):
+        if name in self.compiled:
+            return
+        source, command = self.build.compiles[name]
+        target = self.path("objects", name.replace("/", "_"))
+        replaced = {name: target, self.source: self.copy}
+        command = [replaced.get(word, word) for word in command] + ["-w"]
+        # A header is found here before it is found in the tree.
+        first = next(at for at, word in enumerate(command) if word.startswith("-I"))
+        command.insert(first, "-I" + self.path("sources"))
+        if self.run(command) != 0:
+            raise DoesNotCompile
+        self.compiled[name] = target
+
+    def link(self, program):
+        target = self.path("programs", program)
+        if program in self.linked:
+            return target
+        self.linked.add(program)
+        stale = [name for name in self.build.objects_of(program) if name in self.affected]
+        for name in stale:
+            self.compile(name)
+        if self.build.uses_library(program):
+            self.link(Library)
+        if stale:
+            replaced = {**self.compiled, program: target, Library: self.path("programs", Library)}
+            if self.run([replaced.get(word, word) for word in self.build.links[program]]) != 0:
+                raise DoesNotCompile
+        else:
+            os.link(os.path.join(self.build.folder, program), target)
+        return target
+
+    def test(self, program, path, seconds):
+        """Runs a test program. Returns None when it passes, else what killed it."""
+        files = self.path("files")
+        environment = {**os.environ, "TMPDIR": files}
+        command = ["prlimit", f"--cpu={seconds}", f"--as={MemoryLimit}", f"--fsize={FileLimit}",
+                   "--core=0", "--", path, "--gtest_brief=1", "--gtest_fail_fast"]
+        # In a group of its own, to end with all that it has started.
+        process = subprocess.Popen(command, cwd=files, env=environment, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                                   start_new_session=True)
+        timer = threading.Timer(seconds * WallFactor, os.killpg, (process.pid, signal.SIGKILL))
+        timer.start()
+        output = process.communicate()[0].decode("utf-8", "replace")
+        timer.cancel()
+        if process.returncode == 0:
+            return None
+        if process.returncode in (-signal.SIGXCPU, -signal.SIGKILL):
+            return f"{program}: timeout"
+        failed = re.search(r"\[  FAILED  \] ([\w./]+)", output)
+        reason = failed.group(1) if failed else f"ended with {process.returncode}"
+        return f"{program}: {reason}"
+
+
+def least_work_first(workshop, mutant):
+    """The programs in the order in which they shall meet the mutant, without those it is not in."""
+    programs = [program for program in Programs if workshop.stale(program)]
+    own = mutant.file.split("/")[1] + "_tests"
+    if mutant.file.endswith(".cpp"):
+        return sorted(programs, key=lambda program: program != own)
+    return sorted(programs, key=lambda program: (
+        len([name for name in workshop.stale(program) if not name.startswith("src/")]),
+        program != own))
+
+
+def judge(workshop, mutant, limits):
+    """What killed the mutant; None when it survived."""
+    workshop.place(mutant)
+    for program in least_work_first(workshop, mutant):
+        path = workshop.link(program)
+        killed = workshop.test(program, path, limits[program])
+        if killed:
+            return killed
+    return None
+
+
+def limits_of(build):
+    """The processor seconds that a mutant may take in each program. All must pass unchanged."""
+    limits = {}
+    workshop = Workshop(build, "unchanged")
+    for program in Programs:
+        before = resource.getrusage(resource.RUSAGE_CHILDREN)
+        failed = workshop.test(program, os.path.join(build.folder, program), 600)
+        after = resource.getrusage(resource.RUSAGE_CHILDREN)
+        if failed:
+            sys.exit(f"The unchanged tests fail: {failed}")
+        used = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
+        limits[program] = int(max(LeastCpu, used * CpuFactor)) + 1
+    return limits
+
+
+# ---- The run
+
+class Run:
+    """The mutants, in their order, until as many as wanted have compiled."""
+
+    def __init__(self, build, mutants, count, report):
+        self.build = build
+        self.waiting = collections.deque(mutants)
+        self.count = count
+        self.report = report
+        self.limits = limits_of(build)
+        self.lock = threading.Lock()
+        self.under_way = 0
+        self.killed = 0
+        self.failed = None
+        self.survivors = []
+
+    def next_mutant(self):
+        with self.lock:
+            done = self.killed + len(self.survivors) + self.under_way
+            if not self.waiting or done >= self.count or self.failed:
+                return None
+            self.under_way += 1
+            return self.waiting.popleft()
+
+    def note(self, mutant, outcome):
+        with self.lock:
+            self.under_way -= 1
+            if outcome == "survived":
+                self.survivors.append(mutant)
+            elif outcome != "does not compile":
+                self.killed += 1
+            line = f"{described(mutant)}: {outcome}"
+            print(f"[{self.killed + len(self.survivors)}/{self.count}] {line}",
+                  file=sys.stderr, flush=True)
+            print(line, file=self.report, flush=True)
+
+    def work(self, name):
+        try:
+            workshop = Workshop(self.build, name)
+            while (mutant := self.next_mutant()) is not None:
+                try:
+                    killed = judge(workshop, mutant, self.limits)
+                    self.note(mutant, f"killed by {killed}" if killed else "survived")
+                except DoesNotCompile:
+                    self.note(mutant, "does not compile")
+            shutil.rmtree(workshop.folder)
+        except Exception as error:
+            self.failed = error
+            raise
+
+    def go(self):
+        threads = [threading.Thread(target=self.work, args=(f"mutant-{number}",), daemon=True)
+                   for number in range(Workers)]
+        for thread in threads:
+            thread.start()
+        # A worker waits for no other: one that finds nothing may be too early, as long as a mutant
+        # that is under way may turn out not to compile. The last one then goes on alone.
+        for thread in threads:
+            thread.join()
+        if self.failed:
+            sys.exit("A worker failed.")
+
+
+def described(mutant):
+    return f"{mutant.file}:{mutant.line}:{mutant.column}: {mutant.change}"
+
+
+def choose(arguments, folder):
+    """The mutants to try and how many of them."""
+    mutants = all_mutants()
+    if arguments == ["--survivors"]:
+        wanted = set((folder / "survivors.txt").read_text().splitlines())
+        mutants = [mutant for mutant in mutants if described(mutant) in wanted]
+    elif arguments and not arguments[0].isdigit():
+        mutants = [mutant for mutant in mutants
+                   if mutant.file in arguments or f"{mutant.file}:{mutant.line}" in arguments]
+    else:
+        count = int(arguments[0]) if arguments else 300
+        random.Random(int(arguments[1]) if len(arguments) > 1 else 1).shuffle(mutants)
+        return mutants, min(count, len(mutants))
+    return mutants, len(mutants)
+
+
+def main(arguments):
+    if arguments == ["--programs"]:
+        print(*Programs)
+        return
+    if arguments == ["--list"]:
+        for mutant in all_mutants():
+            print(described(mutant))
+        return
+    folder = pathlib.Path(arguments[0])
+    mutants, count = choose(arguments[1:], folder)
+    if not mutants:
+        sys.exit("There are no such mutants.")
+    start = time.monotonic()
+    with open(folder / "mutants.txt", "w", encoding="utf-8") as report:
+        run = Run(Build(folder), mutants, count, report)
+        run.go()
+    survivors = sorted(described(mutant) for mutant in run.survivors)
+    (folder / "survivors.txt").write_text("".join(line + "\n" for line in survivors))
+    total = run.killed + len(survivors)
+    share = 100 * run.killed / total if total else 0
+    for line in survivors:
+        print(f"survived: {line}")
+    minutes = (time.monotonic() - start) / 60
+    print(f"{run.killed} of {total} mutants killed, {share:.1f} %, in {minutes:.0f} minutes")
+    if share < NeededShare:
+        sys.exit(f"Less than {NeededShare} %.")
+
+
+main(sys.argv[1:])
