@@ -16,7 +16,8 @@ Ordinary... or ...Reserve), and what is compiled on another system only.
 A mutant is compiled and linked aside, from a copy of its one file, and the test programs run until
 one fails, that of the changed folder first, or for a header those that are linked soonest. A test
 program that fails, crashes or takes more than ten times its time kills it. A mutant that does not
-compile is not counted; when mutants are drawn, another takes its place.
+compile, or of which the optimising compiler makes the very same program, is not counted; when
+mutants are drawn, another takes its place.
 
 The result of each mutant is a line of standard error, and of build/mutate/mutants.txt. Standard
 output gets the survivors and the share of the killed.
@@ -48,6 +49,11 @@ FileLimit = 1 << 30
 Programs = ["read_tests", "write_tests", "attributes_tests", "frame_tests", "text_tests",
             "golden_tests", "api_tests", "docs_tests", "property_tests", "fault_tests"]
 Library = "libvexil64.so"
+
+# What may become of a mutant that is not killed.
+Survived = "survived"
+NotCompiled = "does not compile"
+SameProgram = "the same program"
 
 
 # ---- Making mutants
@@ -321,7 +327,8 @@ class Build:
         target = None
         for line in self.ninja("-t", "deps").splitlines():
             if line.startswith(" "):
-                self.includers[os.path.join(self.folder, line.strip())].add(target)
+                path = os.path.normpath(os.path.join(self.folder, line.strip()))
+                self.includers[path].add(target)
             else:
                 target = line.split(":")[0]
 
@@ -367,13 +374,18 @@ class Workshop:
         self.clear()
         self.source = os.path.abspath(mutant.file)
         self.copy = self.path("sources", os.path.relpath(mutant.file, "src"))
-        text = pathlib.Path(mutant.file).read_text(encoding="utf-8")
         os.makedirs(os.path.dirname(self.copy))
-        pathlib.Path(self.copy).write_text(
-            text[:mutant.start] + mutant.replacement + text[mutant.end:], encoding="utf-8")
+        self.write_copy(mutant, mutant.replacement)
         self.affected = self.build.objects_with(mutant.file)
         self.compiled = {}  # object -> where it is
         self.linked = set()
+
+    def write_copy(self, mutant, replacement=None):
+        """Writes the one file that differs, or the same file without the change."""
+        text = pathlib.Path(mutant.file).read_text(encoding="utf-8")
+        if replacement is not None:
+            text = text[:mutant.start] + replacement + text[mutant.end:]
+        pathlib.Path(self.copy).write_text(text, encoding="utf-8")
 
     def stale(self, program):
         """The objects of a program, or of the library that it uses, that the mutant changes."""
@@ -387,18 +399,30 @@ class Workshop:
                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode
 
     def compile(self, name):
-        if name in self.compiled:
-            return
-        source, command = self.build.compiles[name]
-        target = self.path("objects", name.replace("/", "_"))
+        if name not in self.compiled:
+            self.compiled[name] = self.path("objects", name.replace("/", "_"))
+            self.compile_to(self.compiled[name], name)
+
+    def compile_to(self, target, name, *options):
+        _, command = self.build.compiles[name]
         replaced = {name: target, self.source: self.copy}
-        command = [replaced.get(word, word) for word in command] + ["-w"]
+        command = [replaced.get(word, word) for word in command] + ["-w", *options]
         # A header is found here before it is found in the tree.
         first = next(at for at, word in enumerate(command) if word.startswith("-I"))
         command.insert(first, "-I" + self.path("sources"))
         if self.run(command) != 0:
             raise DoesNotCompile
-        self.compiled[name] = target
+
+    def is_same_program(self, mutant):
+        """Whether the optimising compiler makes the same of the library with and without it."""
+        def codes(name):
+            for replacement in (mutant.replacement, None):
+                self.write_copy(mutant, replacement)
+                target = self.path("objects", "optimised")
+                self.compile_to(target, name, "-O2")
+                yield pathlib.Path(target).read_bytes()
+        objects = set(self.build.objects_of(Library)) & self.affected
+        return all(len(set(codes(name))) == 1 for name in sorted(objects))
 
     def link(self, program):
         target = self.path("programs", program)
@@ -453,14 +477,17 @@ def least_work_first(workshop, mutant):
 
 
 def judge(workshop, mutant, limits):
-    """What killed the mutant; None when it survived."""
-    workshop.place(mutant)
-    for program in least_work_first(workshop, mutant):
-        path = workshop.link(program)
-        killed = workshop.test(program, path, limits[program])
-        if killed:
-            return killed
-    return None
+    """What became of the mutant."""
+    try:
+        workshop.place(mutant)
+        for program in least_work_first(workshop, mutant):
+            path = workshop.link(program)
+            killed = workshop.test(program, path, limits[program])
+            if killed:
+                return f"killed by {killed}"
+        return SameProgram if workshop.is_same_program(mutant) else Survived
+    except DoesNotCompile:
+        return NotCompiled
 
 
 def limits_of(build):
@@ -481,7 +508,7 @@ def limits_of(build):
 # ---- The run
 
 class Run:
-    """The mutants, in their order, until as many as wanted have compiled."""
+    """The mutants, in their order, until as many as wanted have counted."""
 
     def __init__(self, build, mutants, count, report):
         self.build = build
@@ -506,9 +533,9 @@ class Run:
     def note(self, mutant, outcome):
         with self.lock:
             self.under_way -= 1
-            if outcome == "survived":
+            if outcome == Survived:
                 self.survivors.append(mutant)
-            elif outcome != "does not compile":
+            elif outcome not in (NotCompiled, SameProgram):
                 self.killed += 1
             line = f"{described(mutant)}: {outcome}"
             print(f"[{self.killed + len(self.survivors)}/{self.count}] {line}",
@@ -519,11 +546,7 @@ class Run:
         try:
             workshop = Workshop(self.build, name)
             while (mutant := self.next_mutant()) is not None:
-                try:
-                    killed = judge(workshop, mutant, self.limits)
-                    self.note(mutant, f"killed by {killed}" if killed else "survived")
-                except DoesNotCompile:
-                    self.note(mutant, "does not compile")
+                self.note(mutant, judge(workshop, mutant, self.limits))
             shutil.rmtree(workshop.folder)
         except Exception as error:
             self.failed = error
