@@ -17,14 +17,14 @@
  *     A text that is not valid UTF-8 is refused on its way in, but for a character that is cut off
  *     at its end, which is dropped (in a text of at most three bytes, all of the text is dropped).
  *  5. A path comes with the size of its buffer in bytes, and that size counts the NUL. A caller
- * that passes the bare length loses the last character of the path. At most 260 bytes are accepted.
+ *     that passes the bare length loses the last character. At most 260 bytes are accepted.
  *  6. Records are the caller's. The library copies in and out and keeps no pointer of the caller's;
  *     a record that was fetched stays as it is whatever is called later. The gaps between fields
- * are neither read nor written.
+ *     are neither read nor written.
  *  7. Null. A null record is a failure where the function says so. Pointers to counts and result
  *     codes are not checked: they must be valid. A null path counts as an empty one.
  *  8. Calls must not overlap. The library takes no lock and starts no thread; a host that calls
- * from several threads lets one call end before the next begins.
+ *     from several threads lets one call end before the next begins.
  *  9. Exhausted memory leaves a function as the C++ exception std::bad_alloc; nothing catches it at
  *     this boundary. The next clear or read starts from a sound database. No other exception, and
  *     no file content, path or record, ends a call in any way but its result.
@@ -67,8 +67,7 @@ enum {
     StatePathInvalid = 4, /* the path is not valid UTF-8 */
     StatePathEmpty = 5,   /* the path is empty, or its buffer is of size 0 */
     StateOpenFailed = 6,  /* the system could not open the file */
-    StateStreamError = 8, /* reading or writing failed; with success: only the end of the last line
-                             or the closing of a complete file failed */
+    StateStreamError = 8, /* reading or writing failed; with success: only at the very end */
     StateEndOfFile = 9    /* the end of a file was met */
 };
 
@@ -181,10 +180,11 @@ VEXIL64_API float VexilGetLibraryVersion(void);
  *   pathBufferSize  size of the buffer at path in bytes, counting the NUL; 0 is StatePathEmpty, 261
  *                   and more StatePathTooLong.
  *   resultCode      receives the result code; not checked for null, always written.
- * Returns 1 with StateClosed when the file was read to its end, 1 with StateStreamError when only
- * closing it failed. Returns 0 with StateStreamError when reading failed on the way: what was read
- * until then stays in the database. Returns 0 with another code when the file was not opened: the
- * database is then empty. In each case busType keeps its value unless the file sets it. */
+ * Returns 1 with StateClosed when the file was read to its end; 1 with StateStreamError when its
+ * stream was bad all the same, which no runtime is known to do. A failure of the closing is not
+ * told. Returns 0 with StateStreamError when reading failed on the way: what was read until then
+ * stays in the database. Returns 0 with another code when the file was not opened: the database is
+ * then empty. In each case busType keeps its value unless the file sets it. */
 VEXIL64_API uint8_t VexilReadDbcFile(const char* path, uint32_t pathBufferSize,
                                      uint32_t* resultCode);
 
@@ -292,8 +292,8 @@ VEXIL64_API uint8_t VexilGetErrorData(uint32_t errorIndex, ParseError* record);
  *   order           an Order constant; every value above 1 writes the messages as they stand.
  *   resultCode      receives the result code; not checked for null, always written.
  * Returns 1 with StateClosed when all was written. Returns 1 with StateStreamError when the last
- * line or the closing of the file failed, and 0 with StateStreamError when an earlier line failed:
- * the file then stays as far as it got. Returns 0 with StateClosed and no file touched when the
+ * line failed, and 0 with StateStreamError when an earlier line failed: the file then stays as far
+ * as it got. A failure of the closing is not told; each line was flushed before. Returns 0 with StateClosed and no file touched when the
  * database holds no message. Returns 0 with another code when the file was not opened: the database
  * is then unchanged. */
 VEXIL64_API uint8_t VexilWriteDbcFile(const char* path, uint32_t pathBufferSize, uint32_t order,
