@@ -293,9 +293,9 @@ VEXIL64_API uint8_t VexilGetErrorData(uint32_t errorIndex, ParseError* record);
  *   resultCode      receives the result code; not checked for null, always written.
  * Returns 1 with StateClosed when all was written. Returns 1 with StateStreamError when the last
  * line failed, and 0 with StateStreamError when an earlier line failed: the file then stays as far
- * as it got. A failure of the closing is not told; each line was flushed before. Returns 0 with StateClosed and no file touched when the
- * database holds no message. Returns 0 with another code when the file was not opened: the database
- * is then unchanged. */
+ * as it got. A failure of the closing is not told; each line was flushed before. Returns 0 with
+ * StateClosed and no file touched when the database holds no message. Returns 0 with another code
+ * when the file was not opened: the database is then unchanged. */
 VEXIL64_API uint8_t VexilWriteDbcFile(const char* path, uint32_t pathBufferSize, uint32_t order,
                                       uint32_t* resultCode);
 
