@@ -231,5 +231,18 @@ TEST(ParseValueStatement, TakesTheFirstDefinitionOfTheNameAndNoOther) {
     }
 }
 
+// No statement defines an attribute of no type; whoever fills a table can.
+TEST(ParseValueStatement, TakesADefinitionWithoutATypeLast) {
+    Attribute untyped;
+    untyped.name = "BusType";
+    untyped.valueType = AttributeValueType::Unsup;
+    ReservedTable table({});
+    table.AddDefinition(untyped);
+    table.Read({"BA_ \"BusType\" 1;"});
+    EXPECT_EQ(LinesOf(table.values), Lines{});
+    table.Read({"BA_DEF_ \"BusType\" ENUM \"A\",\"B\";", "BA_ \"BusType\" 1;"});
+    EXPECT_EQ(LinesOf(table.values), (Lines{"Gen BusType Enum of 'A','B' = #1"}));
+}
+
 }  // namespace
 }  // namespace vexil

@@ -77,6 +77,19 @@ std::string AnyName(test::RandomText& random) {
     return name;
 }
 
+TEST(SignalIndex, FindsNothingInAnEmptyText) {
+    CANSignal signal;
+    signal.rawName = "S";
+    SignalIndex index;
+    index.Add(&signal);
+    std::vector<std::size_t> ends;
+    const auto visit = [&ends](const auto&, std::size_t end) { ends.push_back(end); };
+    index.FindAtStart("", visit);
+    EXPECT_EQ(ends, std::vector<std::size_t>{});
+    index.FindAtStart("S ", visit);
+    EXPECT_EQ(ends, std::vector<std::size_t>{1});
+}
+
 TEST(MessagesOfId, HandsOutItsIdAndItsMessagesInTheirOrder) {
     Network network;
     EXPECT_EQ(network.lookup.Id(), 7U);
@@ -84,6 +97,11 @@ TEST(MessagesOfId, HandsOutItsIdAndItsMessagesInTheirOrder) {
     network.AddMessage();
     network.AddMessage();
     EXPECT_EQ(network.lookup.Messages(), network.messages);
+}
+
+TEST(MessagesOfId, FindsNothingWithoutMessages) {
+    Network network;
+    network.ExpectSame("S", "S : 1", 0);
 }
 
 TEST(MessagesOfId, FindsSignalsThatAreAddedBetweenTwoLooks) {
