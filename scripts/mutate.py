@@ -85,8 +85,9 @@ NoExpression = {"alignas", "auto", "case", "catch", "class", "const", "consteval
                 "virtual", "volatile", "while"}
 Closing = {"(": ")", "[": "]", "{": "}"}
 
-# Lines that only set room aside.
-RoomOnly = re.compile(r"\b[rR]eserve\(|\bOrdinary\w+ =|\b\w+Reserve =")
+# Lines that only set room aside, and an if for nothing else.
+RoomOnly = re.compile(
+    r".*\b[rR]eserve\(|.*\b(Ordinary\w+|\w+Reserve) =| *if \(.*\) \{\n.*\breserve\(.*\n *\}\n")
 
 Mutant = collections.namedtuple("Mutant", "file line column start end replacement change")
 
@@ -116,7 +117,6 @@ class File:
     def __init__(self, path):
         self.path = path
         self.text = pathlib.Path(path).read_text(encoding="utf-8")
-        self.lines = self.text.split("\n")
         self.tokens = tokens_of(self.text)
         self.partner = {}       # the token that closes a bracket, and the other way round
         self.in_function = []   # of each token
@@ -188,8 +188,9 @@ class File:
         start = self.tokens[first].start
         end = self.tokens[last].end
         line = self.text.count("\n", 0, start) + 1
-        column = start - self.text.rfind("\n", 0, start)
-        if not RoomOnly.search(self.lines[line - 1]):
+        line_start = self.text.rfind("\n", 0, start) + 1
+        column = start - line_start + 1
+        if not RoomOnly.match(self.text, line_start):
             self.mutants.append(
                 Mutant(self.path, line, column, start, end, replacement, change))
 

@@ -368,6 +368,16 @@ TEST_F(FullDeviceTest, ClosesWellWhenNothingWasWritten) {
     ExpectClosed(StateClosed);
 }
 
+TEST_F(FullDeviceTest, FailsBehindAReadAsItDoesWithoutOne) {
+    OpenWith("BO_ 1\n");
+    EXPECT_TRUE(file.NextStatement());
+    Open("/dev/full", OpenMode::Write);
+    file.WriteLine("one");
+    EXPECT_EQ(file.parseState, StateWriting);
+    file.WriteLine("two");
+    EXPECT_EQ(file.parseState, StateStreamError);
+}
+
 TEST_F(FullDeviceTest, WritesToTheNextFileAfterAFailure) {
     file.WriteLine("one");
     file.WriteLine("two");
