@@ -459,6 +459,8 @@ class Workshop:
         timer.cancel()
         if process.returncode == 0:
             return None
+        if process.returncode in (-signal.SIGINT, -signal.SIGTERM):
+            raise RuntimeError(f"{program} was ended from outside")
         if process.returncode in (-signal.SIGXCPU, -signal.SIGKILL):
             return f"{program}: timeout"
         failed = re.search(r"\[  FAILED  \] ([\w./]+)", output)
