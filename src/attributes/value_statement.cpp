@@ -66,16 +66,16 @@ bool HasShape(const std::vector<std::string_view>& tokens, const Attribute& defi
     const TokenClass value =
         definition.valueType == AttributeValueType::Str ? QuotedString : Number;
     switch (definition.objectKind) {
-        case AttributeObjectKind::Gen:
-            return BeginWith(tokens, {Other, QuotedString, value});
         case AttributeObjectKind::Msg:
             return BeginWith(tokens, {Other, QuotedString, Other, Number, value}) &&
                    tokens[2] == keyword::BO_;
         case AttributeObjectKind::Sig:
             return BeginWith(tokens, {Other, QuotedString, Other, Number, Other, value}) &&
                    tokens[2] == keyword::SG_;
+        case AttributeObjectKind::Gen:
+            break;
     }
-    return false;
+    return BeginWith(tokens, {Other, QuotedString, value});
 }
 
 }  // namespace

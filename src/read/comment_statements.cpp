@@ -37,7 +37,7 @@ CommentStatement ParseCommentStatement(std::string_view text, std::string_view k
     Position quote = npos;
     comment.owner = Trimmed(TextUpToChar(text, pos, '"', quote));
     const Position lastQuote = text.rfind('"');
-    if (quote < lastQuote && lastQuote != npos) {
+    if (quote < lastQuote) {
         comment.text = text.substr(quote + 1, lastQuote - quote - 1);
     }
     return comment;

@@ -65,14 +65,15 @@ bool CANSignal::ParseNameAndMultiplex(std::string_view text, Position from, Posi
     return true;
 }
 
-// Takes the indicator at the end of head, the text up to the colon: " M", or " m" and a number.
-// nameEnd: moved to the indicator when there is one. Kept on purpose: the last "m" or "M" decides,
-// so "m0M" is part of a name, and a signal that is called M or m1 has no name left.
+// Takes the indicator at the end of head, the text from the white space behind the keyword up to
+// the colon: " M", or " m" and a number. nameEnd: moved to the indicator when there is one. Kept on
+// purpose: the last "m" or "M" decides, so "m0M" is part of a name, and a signal that is called M
+// or m1 has no name left.
 bool CANSignal::ParseMultiplexIndicator(std::string_view head, Position& nameEnd) {
     multiplexType = MultiplexNone;
     multiplexValue = 0;
     const Position at = FindLastM(head);
-    if (at == npos || at == 0 || !IsSpace(head[at - 1])) {
+    if (at == npos || !IsSpace(head[at - 1])) {
         return false;
     }
     const std::string_view rest = head.substr(at + 1);
@@ -123,7 +124,7 @@ bool CANSignal::ParseBitLayout(std::string_view text, Position from, Position& n
     }
     byteOrder = text[order] == '0' ? ByteOrderBigEndian : ByteOrderLittleEndian;
     valueType = text[sign] == '-' ? ValueSigned : ValueUnsigned;
-    next = text[sign] == '-' || text[sign] == '+' ? sign + 1 : sign;
+    next = sign;
     return true;
 }
 

@@ -104,9 +104,6 @@ bool HandleValueType(std::string_view text) {
 bool HandleValueDescriptions(std::string_view text) {
     return OfferToSignals(text, keyword::VAL_, [text](SignalSpan signals, Position from) {
         const DescriptionPairs descriptions = ParseValueDescriptions(text, from);
-        if (descriptions.empty()) {
-            return;
-        }
         for (CANSignal* signal : signals) {
             signal->enums.Reserve(descriptions.size());
             for (const auto& [value, description] : descriptions) {

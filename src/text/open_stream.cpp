@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "text/open_stream.h"
 
-#include <utf8.h>
-
 #include "text/utf8_text.h"
 #include "vexil64.h"
 
@@ -12,6 +10,7 @@
 #include <io.h>
 #include <share.h>
 #include <sys/stat.h>
+#include <utf8.h>
 
 #include <ext/stdio_filebuf.h>
 #include <iterator>
@@ -28,9 +27,6 @@ std::string CheckedPath(const char* path, std::uint32_t pathBufferSize, std::uin
         state = StatePathInvalid;
     } else if (text.empty()) {
         state = StatePathEmpty;
-    } else if (!utf8::is_valid(text)) {
-        state = StatePathInvalid;
-        text.clear();
     }
     return text;
 }

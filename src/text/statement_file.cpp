@@ -63,13 +63,8 @@ void StatementFile::Close() {
     }
     lineNumber = 0;
     statement = {};
-    buffer.clear();
+    // What else there is, the first statement of the next file sets.
     keywordPending = false;
-    keywordOffset = 0;
-    keywordIndex = 0;
-    nextKeywordOffset = 0;
-    nextKeywordIndex = 0;
-    scanPosition = 0;
 }
 
 bool StatementFile::ReadLine() {
