@@ -21,7 +21,7 @@ void CANMessage::Reset() {
     transmitter.clear();
     sendType.clear();
     cycleTime = 0;
-    comment.clear();
+    comment.Clear();
     dlc = 0;
     signals.clear();
     rawName.Clear();

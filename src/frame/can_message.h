@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "frame/can_signal.h"
+#include "frame/comment.h"
 #include "text/constants.h"
 #include "text/shared_text.h"
 #include "vexil64.h"
@@ -31,8 +32,8 @@ class CANMessage {
     std::vector<std::shared_ptr<CANSignal>> signals;  // at most MaxSignalsPerMessage
     SharedText rawName;                               // name as it stands in the file
     SharedText longName;                              // name for display
-    SharedText name;                        // identifier form of longName, at most 32 bytes
-    std::string comment;                    // each double quote behind a backslash
+    SharedText name;  // identifier form of longName, at most 32 bytes
+    Comment comment;
     std::string transmitter;                // sending node, identifier form; may be empty
     std::string sendType;                   // GenMsgSendType, identifier form
     std::int32_t cycleTime = 0;             // GenMsgCycleTime

@@ -14,7 +14,7 @@ void CANSignal::Reset() {
     longName.Clear();
     unit.clear();
     unitUtf8.clear();
-    comment.clear();
+    comment.Clear();
     multiplexType = MultiplexNone;
     multiplexValue = 0;
     startBit = 0;

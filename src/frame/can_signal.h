@@ -10,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "frame/comment.h"
 #include "frame/node_list.h"
 #include "frame/value_descriptions.h"
 #include "text/constants.h"
@@ -37,7 +38,7 @@ class CANSignal {
     SharedText rawName;              // name as it stands in the file
     SharedText longName;             // name for display
     SharedText name;                 // identifier form of longName, at most 32 bytes
-    std::string comment;             // each double quote behind a backslash
+    Comment comment;
     ValueDescriptions enums;
     std::string unit;      // unit in ASCII
     std::string unitUtf8;  // unit as given

@@ -89,14 +89,14 @@ uint8_t VexilGetNumEnumsInCanSignal(uint32_t messageIndex, uint32_t signalIndex,
     if (signal == nullptr) {
         return 0;
     }
-    *count = static_cast<uint32_t>(signal->enums.Sorted().size());
+    *count = static_cast<uint32_t>(signal->enums.Count());
     return 1;
 }
 
 uint8_t VexilGetCanSignalEnumData(uint32_t messageIndex, uint32_t signalIndex, uint32_t enumIndex,
                                   CanEnumRecord* record) {
     const CANSignal* signal = SignalAt(messageIndex, signalIndex);
-    if (signal == nullptr || enumIndex >= signal->enums.Sorted().size()) {
+    if (signal == nullptr || enumIndex >= signal->enums.Count()) {
         return 0;
     }
     const auto& [value, text] = signal->enums.Sorted()[enumIndex];

@@ -19,10 +19,11 @@ bool TakeRecord(CANMessage& message, const CanMessageRecord& record) {
         return false;
     }
     message.transmitter = IdentifierForm(message.transmitter);
-    if (!CopyTextIn(message.comment, record.comment)) {
+    std::string comment;
+    if (!CopyTextIn(comment, record.comment)) {
         return false;
     }
-    EscapeQuotes(message.comment);
+    message.comment = comment;
     message.id = record.id;
     message.dlc = record.dlc;
     message.isEmpty = false;

@@ -31,7 +31,7 @@ void SignalIndex::Add(CANSignal* signal) {
         std::size_t child = Child(node, word);
         if (child == npos) {
             child = nodes.size();
-            nodes.push_back({node, word, {}});
+            nodes.push_back({node, word});
             children.Add(KeyedHash(node, word), child);
         }
         node = child;
@@ -40,15 +40,14 @@ void SignalIndex::Add(CANSignal* signal) {
     nodes[node].signals.push_back(signal);
 }
 
-const std::vector<CANSignal*>& SignalIndex::Find(std::string_view name) const {
-    static const std::vector<CANSignal*> none;
+std::size_t SignalIndex::NodeOf(std::string_view name) const {
     std::size_t node = nodes.empty() ? npos : Root;
     for (std::size_t at = 0; at < name.size() && node != npos;) {
         const std::size_t end = WordEnd(name, at);
         node = Child(node, name.substr(at, end - at));
         at = end;
     }
-    return node == npos ? none : nodes[node].signals;
+    return node;
 }
 
 void MessagesOfId::Add(std::shared_ptr<CANMessage> message) {

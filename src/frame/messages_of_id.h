@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -18,6 +19,18 @@
 
 namespace vexil {
 
+// How many signals of a name, from the first on, have seen each value type.
+struct ValueTypeProgress {
+    std::size_t float32 = 0;
+    std::size_t float64 = 0;
+};
+
+// The signals of one name, in the order in which they came.
+struct SignalsOfName {
+    std::span<CANSignal* const> signals;  // never empty
+    ValueTypeProgress& progress;          // kept for who sets value types
+};
+
 // Signals by their rawName, at the same cost whatever names a file holds: a name is looked up word
 // by word in a tree of words, a word being a run of white space and the run of other characters
 // behind it. The names are views into the signals.
@@ -25,13 +38,19 @@ class SignalIndex {
   public:
     void Add(CANSignal* signal);
 
-    // The signals of the name; empty when there is none.
-    const std::vector<CANSignal*>& Find(std::string_view name) const;
-
-    // Calls visit(signals, end) for each name that begins text and has white space behind it; end
-    // is its length. REQUIRES: text begins with no white space.
+    // Calls visit(SignalsOfName) when there are signals of the name.
     template <typename Visit>
-    void FindAtStart(std::string_view text, Visit visit) const {
+    void Find(std::string_view name, Visit visit) {
+        const std::size_t node = NodeOf(name);
+        if (node != npos && !nodes[node].signals.empty()) {
+            visit(nodes[node].Signals());
+        }
+    }
+
+    // Calls visit(SignalsOfName, end) for each name that begins text and has white space behind it;
+    // end is its length. REQUIRES: text begins with no white space.
+    template <typename Visit>
+    void FindAtStart(std::string_view text, Visit visit) {
         std::size_t node = Root;
         for (std::size_t at = 0; at < text.size();) {
             const std::size_t end = WordEnd(text, at);
@@ -39,7 +58,9 @@ class SignalIndex {
             if (node == npos || end == text.size()) {
                 return;
             }
-            visit(nodes[node].signals, end);
+            if (!nodes[node].signals.empty()) {
+                visit(nodes[node].Signals(), end);
+            }
             at = end;
         }
     }
@@ -48,13 +69,19 @@ class SignalIndex {
     struct Node {
         std::size_t parent = npos;
         std::string_view word = {};
-        std::vector<CANSignal*> signals;  // whose name ends here
+        std::vector<CANSignal*> signals = {};  // whose name ends here
+        ValueTypeProgress progress = {};       // of these
+
+        SignalsOfName Signals() { return {signals, progress}; }
     };
 
     static constexpr std::size_t Root = 0;
 
     // The position behind the word that starts at at.
     static std::size_t WordEnd(std::string_view text, std::size_t at);
+
+    // The node of the name, or npos.
+    std::size_t NodeOf(std::string_view name) const;
 
     // The child of the node for the word, or npos.
     std::size_t Child(std::size_t node, std::string_view word) const;
@@ -72,34 +99,40 @@ class MessagesOfId {
 
     void Add(std::shared_ptr<CANMessage> message);
 
-    // Calls visit(signal) for each signal of that rawName.
+    // Calls visit(SignalsOfName) when there are signals of that rawName.
     template <typename Visit>
-    void ForEachSignalNamed(std::string_view name, Visit visit) {
+    void FindSignalsNamed(std::string_view name, Visit visit) {
         if (IsSmall()) {
+            std::array<CANSignal*, WalkLimit> found{};
+            std::size_t count = 0;
             for (const auto& signal : messages.front()->signals) {
                 if (signal->rawName == name) {
-                    visit(*signal);
+                    found[count++] = signal.get();
                 }
+            }
+            if (count > 0) {
+                ValueTypeProgress none;  // a walk starts at the first signal each time
+                visit(SignalsOfName{std::span(found).first(count), none});
             }
             return;
         }
         UpdateIndex();
-        for (CANSignal* signal : index.Find(name)) {
-            visit(*signal);
-        }
+        index.Find(name, visit);
     }
 
-    // Calls visit(signals, end) with the signals of each name that stands in text at or behind
-    // from, as CANSignal::MatchSignalName finds it; end is the position behind the name. One name
-    // may come in several calls.
+    // Calls visit(SignalsOfName, end) for each name that stands in text at or behind from, as
+    // CANSignal::MatchSignalName finds it; end is the position behind the name.
     template <typename Visit>
-    void ForEachSignalAt(std::string_view text, Position from, Visit visit) {
+    void FindSignalsAt(std::string_view text, Position from, Visit visit) {
         if (IsSmall()) {
             for (const auto& signal : messages.front()->signals) {
                 Position end = npos;
                 if (signal->MatchSignalName(text, from, end)) {
-                    CANSignal* const match = signal.get();
-                    visit(std::span(&match, 1), end);
+                    FindSignalsNamed(signal->rawName, [&](SignalsOfName found) {
+                        if (found.signals.front() == signal.get()) {
+                            visit(found, end);
+                        }
+                    });
                 }
             }
             return;
@@ -109,10 +142,8 @@ class MessagesOfId {
             return;
         }
         UpdateIndex();
-        index.FindAtStart(text.substr(start), [&](const auto& signals, std::size_t end) {
-            if (!signals.empty()) {
-                visit(std::span(signals), start + end);
-            }
+        index.FindAtStart(text.substr(start), [&](SignalsOfName signals, std::size_t end) {
+            visit(signals, start + end);
         });
     }
 

@@ -25,10 +25,11 @@ bool TakeTexts(CANSignal& signal, const CanSignalRecord& record) {
         return false;
     }
     signal.ParseReceivers(receiverList);
-    if (!CopyTextIn(signal.comment, record.comment)) {
+    std::string comment;
+    if (!CopyTextIn(comment, record.comment)) {
         return false;
     }
-    EscapeQuotes(signal.comment);
+    signal.comment = comment;
     return true;
 }
 
@@ -71,7 +72,7 @@ bool CANSignal::CopyToRecord(CanSignalRecord* record) const {
     record->offset = offset;
     record->minimum = minimum;
     record->maximum = maximum;
-    record->enumCount = static_cast<std::uint32_t>(enums.Sorted().size());
+    record->enumCount = static_cast<std::uint32_t>(enums.Count());
     record->startValue = startValue;
     record->inactiveValue = inactiveValue;
     return !isEmpty;

@@ -1,75 +1,80 @@
-// The value descriptions of a signal.
+// ValueDescriptions: adding, and looking at what several lists give together.
 // SPDX-License-Identifier: MIT
 #include "frame/value_descriptions.h"
 
-#include <algorithm>
-#include <iterator>
+#include <set>
 
 namespace vexil {
-namespace {
 
-using Entry = ValueDescriptions::Entry;
-
-bool IsLess(const Entry& a, const Entry& b) {
-    return a.first < b.first;
+void DescriptionLists::Append(std::shared_ptr<DescriptionList> list) {
+    merging.reset();
+    lists.push_back(std::move(list));
 }
 
-void Join(std::string& text, std::string_view more) {
-    text.append(" - ").append(more);
+const std::vector<DescriptionList::Entry>& DescriptionLists::SortedFrom(std::size_t start) {
+    if (start + 1 == lists.size()) {
+        return lists[start]->Sorted();
+    }
+    if (merging == nullptr) {
+        merging = std::make_unique<Merging>();
+    }
+    if (merging->start != start) {
+        DescriptionList list;
+        for (std::size_t at = start; at < lists.size(); ++at) {
+            list.AddAll(lists[at]->Sorted());
+        }
+        merging->list = std::move(list);
+        merging->start = start;
+    }
+    return merging->list.Sorted();
 }
 
-}  // namespace
+std::size_t DescriptionLists::CountFrom(std::size_t start) {
+    if (start + 1 == lists.size()) {
+        return lists[start]->Sorted().size();
+    }
+    if (merging == nullptr) {
+        merging = std::make_unique<Merging>();
+    }
+    if (merging->counts.empty()) {
+        std::vector<std::size_t> counts(lists.size());
+        std::set<std::int32_t> values;
+        for (std::size_t at = lists.size(); at-- > 0;) {
+            for (const auto& entry : lists[at]->Sorted()) {
+                values.insert(entry.first);
+            }
+            counts[at] = values.size();
+        }
+        merging->counts = std::move(counts);
+    }
+    return merging->counts[start];
+}
+
+DescriptionList* DescriptionLists::OwnList() const noexcept {
+    return lists.size() == 1 && lists.front().use_count() == 1 ? lists.front().get() : nullptr;
+}
 
 void ValueDescriptions::Add(std::int32_t value, std::string_view text) {
-    const auto sortedEnd = entries.begin() + static_cast<std::ptrdiff_t>(sortedCount);
-    const bool isSorted = sortedCount == entries.size();
-    if (isSorted && (entries.empty() || entries.back().first < value)) {
-        entries.emplace_back(value, text);
-        ++sortedCount;
+    DescriptionList* own = !tail.IsEmpty() && tail.IsAlone() ? tail.Present().OwnList() : nullptr;
+    if (own != nullptr) {
+        own->Add(value, text);
         return;
     }
-    const auto entry = std::lower_bound(
-        entries.begin(), sortedEnd, value,
-        [](const Entry& candidate, std::int32_t wanted) { return candidate.first < wanted; });
-    if (entry != sortedEnd && entry->first == value) {
-        Join(entry->second, text);
-        return;
-    }
-    entries.emplace_back(value, text);
-    // As many waiting as sorted: the work of sorting in is then spread over as many additions.
-    if (entries.size() - sortedCount > sortedCount) {
-        SortIn();
-    }
+    const auto list = std::make_shared<DescriptionList>();
+    list->AddAll(Sorted());
+    list->Add(value, text);
+    ValueDescriptions alone;
+    alone.Append(list);
+    *this = std::move(alone);
 }
 
-const std::vector<Entry>& ValueDescriptions::Sorted() const {
-    SortIn();
-    return entries;
+const std::vector<DescriptionList::Entry>& ValueDescriptions::Sorted() const {
+    static const std::vector<Entry> none;
+    return tail.IsEmpty() ? none : tail.Present().SortedFrom(tail.Start());
 }
 
-void ValueDescriptions::Clear() {
-    entries.clear();
-    sortedCount = 0;
-}
-
-void ValueDescriptions::SortIn() const {
-    if (sortedCount == entries.size()) {
-        return;
-    }
-    const auto sortedEnd = entries.begin() + static_cast<std::ptrdiff_t>(sortedCount);
-    std::stable_sort(sortedEnd, entries.end(), IsLess);
-    std::inplace_merge(entries.begin(), sortedEnd, entries.end(), IsLess);
-    // Equal values stand in the order of arrival now; the first takes the texts of the others.
-    auto last = entries.begin();
-    for (auto entry = std::next(last); entry != entries.end(); ++entry) {
-        if (entry->first == last->first) {
-            Join(last->second, entry->second);
-        } else if (++last != entry) {
-            *last = std::move(*entry);
-        }
-    }
-    entries.erase(std::next(last), entries.end());
-    sortedCount = entries.size();
+std::size_t ValueDescriptions::Count() const {
+    return tail.IsEmpty() ? 0 : tail.Present().CountFrom(tail.Start());
 }
 
 }  // namespace vexil

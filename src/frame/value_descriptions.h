@@ -1,40 +1,89 @@
-// The value descriptions of a signal: texts by raw value.
+// ValueDescriptions, what the raw values of a signal mean.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
+#include <memory>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "frame/description_list.h"
+#include "frame/shared_tail.h"
+#include "text/constants.h"
+
 namespace vexil {
 
-// Entries in ascending order of the value, each value once. They lie side by side, since nearly all
-// come in ascending order, are never taken out and are then walked; what comes out of order waits
-// at the end until somebody looks or until it is worth sorting in, so that no order of arrival is
-// slow.
-class ValueDescriptions {
+// Lists that came one after the other.
+class DescriptionLists {
   public:
-    using Entry = std::pair<std::int32_t, std::string>;
+    void Append(std::shared_ptr<DescriptionList> list);
 
-    // Adds a description; behind an earlier one of the same value with " - " between them.
-    void Add(std::int32_t value, std::string_view text);
+    // The entries of the lists from position start on as those of one list, valid until the next
+    // call. REQUIRES: start < size().
+    const std::vector<DescriptionList::Entry>& SortedFrom(std::size_t start);
 
-    // The entries, valid until the next Add.
-    const std::vector<Entry>& Sorted() const;
+    // How many these are.
+    std::size_t CountFrom(std::size_t start);
 
-    bool IsEmpty() const { return entries.empty(); }
-    void Clear();
-    void Reserve(std::size_t count) { entries.reserve(count); }
+    // The list, if it is the only one and nothing else holds it; null otherwise.
+    DescriptionList* OwnList() const noexcept;
+
+    // NOLINTNEXTLINE(readability-identifier-naming): as every container has it
+    std::size_t size() const noexcept { return lists.size(); }
 
   private:
-    void SortIn() const;
+    // What several lists give. Put together when somebody looks, which few do, and kept for the
+    // last start alone, since there may be as many starts as lists.
+    struct Merging {
+        std::size_t start = npos;
+        DescriptionList list;
+        std::vector<std::size_t> counts;  // of values, by start; empty until somebody asks
+    };
 
-    // Sorting is not seen from outside, and looking at entries changes nothing else.
-    mutable std::vector<Entry> entries;
-    mutable std::size_t sortedCount = 0;  // the entries behind wait in the order of arrival
+    std::vector<std::shared_ptr<DescriptionList>> lists;
+    std::unique_ptr<Merging> merging;  // null until somebody looks
 };
+
+// Signals of one id and name share what a file gives them.
+class ValueDescriptions {
+  public:
+    using Entry = DescriptionList::Entry;
+
+    // Adds a description, to this signal alone; behind an earlier one of the same value with " - "
+    // between them. Exhausted memory changes nothing.
+    void Add(std::int32_t value, std::string_view text);
+
+    // Adds the list, to all that share this one.
+    void Append(std::shared_ptr<DescriptionList> list) { tail.Whole().Append(std::move(list)); }
+
+    // Shares with other what is appended to it from now on. REQUIRES: HasNoList().
+    void Follow(ValueDescriptions& other) { tail.Follow(other.tail, other.tail.Whole().size()); }
+
+    // The entries in ascending order of the value, each value once. Valid until the next call of
+    // any that share them.
+    const std::vector<Entry>& Sorted() const;
+
+    // How many entries there are.
+    std::size_t Count() const;
+
+    bool HasNoList() const noexcept { return tail.IsEmpty(); }
+    void Clear() noexcept { tail.Clear(); }
+
+  private:
+    SharedTail<DescriptionLists> tail;
+};
+
+// Appends the list to the descriptions of each of the owners. REQUIRES: owners is not empty, and
+// holds those of all earlier calls with later ones behind them.
+template <typename Owners>
+void AppendDescriptions(const Owners& owners, std::shared_ptr<DescriptionList> list) {
+    const auto isNew = [](const auto& owner) { return owner.enums.HasNoList(); };
+    for (const auto& newcomer : Newcomers(owners, isNew)) {
+        newcomer->enums.Follow(owners[0]->enums);
+    }
+    owners[0]->enums.Append(std::move(list));
+}
 
 }  // namespace vexil

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "attributes/reserved_names.h"
 #include "frame/can_database.h"
@@ -123,19 +124,37 @@ void FoldProtocolType() {
     FoldProtocol(attribute::IsNMEA, ProtocolNmea);
 }
 
+// The names for display that values give, each made once, however many owners a value has.
+class LongNames {
+  public:
+    const SharedText& Of(const AttributeValue& value) {
+        const auto& values = database.attributes.values;
+        names.resize(values.size());
+        SharedText& name = names[static_cast<std::size_t>(&value - values.data())];
+        if (name.IsEmpty()) {
+            name = DisplayForm(SharedText(value.content.stringValue));
+        }
+        return name;
+    }
+
+  private:
+    std::vector<SharedText> names;  // by position of the value
+};
+
 // Only the name for display changes; a default is no name.
 template <typename Owner>
-void SetLongName(Owner& owner, const AttributeValue* value) {
-    if (value != nullptr) {
-        owner.longName = DisplayForm(SharedText(value->content.stringValue));
-    }
+auto SetLongName(LongNames& names) {
+    return [&names](Owner& owner, const Attribute&, const AttributeValue* value) {
+        if (value != nullptr) {
+            owner.longName = names.Of(*value);
+        }
+    };
 }
 
 void FoldMessageNames() {
+    LongNames names;
     ForEachMessage(attribute::Marrowby_Msg_Name, AttributeValueType::Str,
-                   [](CANMessage& message, const Attribute&, const AttributeValue* value) {
-                       SetLongName(message, value);
-                   });
+                   SetLongName<CANMessage>(names));
 }
 
 void FoldSendTypes() {
@@ -156,10 +175,9 @@ void FoldCycleTimes() {
 }
 
 void FoldSignalNames() {
+    LongNames names;
     ForEachSignal(attribute::Marrowby_Sig_Name, AttributeValueType::Str,
-                  [](CANSignal& signal, const Attribute&, const AttributeValue* value) {
-                      SetLongName(signal, value);
-                  });
+                  SetLongName<CANSignal>(names));
 }
 
 void FoldStartValues() {

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "frame/can_database.h"
-#include "frame/model_text.h"
+#include "frame/comment.h"
 #include "read/handlers.h"
 #include "text/keywords.h"
 #include "text/lexical.h"
@@ -43,14 +43,6 @@ CommentStatement ParseCommentStatement(std::string_view text, std::string_view k
     return comment;
 }
 
-// Appends the text to the field. Kept on purpose: a second comment lands behind the first, with
-// nothing between them. The field is escaped up to the seam already.
-void ApplyComment(std::string& commentField, std::string_view text) {
-    const std::size_t seam = commentField.size();
-    commentField += text;
-    EscapeQuotes(commentField, seam);
-}
-
 }  // namespace
 
 bool HandleMessageComment(std::string_view text) {
@@ -60,9 +52,7 @@ bool HandleMessageComment(std::string_view text) {
     }
     // A message has no owner name: nothing but white space may stand in front of the quote.
     if (!comment.text.empty() && comment.owner.empty()) {
-        for (const auto& message : comment.messages->Messages()) {
-            ApplyComment(message->comment, comment.text);
-        }
+        AppendComment(comment.messages->Messages(), comment.text);
     }
     return true;
 }
@@ -73,8 +63,8 @@ bool HandleSignalComment(std::string_view text) {
         return false;
     }
     if (!comment.text.empty()) {
-        comment.messages->ForEachSignalNamed(comment.owner, [&comment](CANSignal& signal) {
-            ApplyComment(signal.comment, comment.text);
+        comment.messages->FindSignalsNamed(comment.owner, [&comment](SignalsOfName found) {
+            AppendComment(found.signals, comment.text);
         });
     }
     return true;

@@ -6,12 +6,13 @@
 //
 // Both reach every signal of the name in every message of the id.
 // SPDX-License-Identifier: MIT
+#include <memory>
 #include <optional>
-#include <span>
+#include <string>
 #include <utility>
-#include <vector>
 
 #include "frame/can_database.h"
+#include "frame/value_descriptions.h"
 #include "read/handlers.h"
 #include "text/char_class.h"
 #include "text/keywords.h"
@@ -44,38 +45,23 @@ std::optional<std::uint32_t> ParseValueType(std::string_view text, Position from
     return number;
 }
 
-// Kept on purpose: any other pair changes nothing, so 0 does not turn a float back.
-void ApplyValueType(CANSignal& signal, std::uint32_t number) {
-    if (number == 1 && signal.bitLength == 32) {
-        signal.valueType = ValueFloat32;
-    } else if (number == 2 && signal.bitLength == 64) {
-        signal.valueType = ValueFloat64;
+// Sets the type of those signals that have not seen it yet. Kept on purpose: any other pair of
+// number and length changes nothing, so 0 does not turn a float back.
+void ApplyValueType(const SignalsOfName& found, std::uint32_t number) {
+    const bool isFloat32 = number == 1;
+    if (!isFloat32 && number != 2) {
+        return;
     }
-}
-
-constexpr std::size_t OrdinaryPairCount = 16;
-
-using DescriptionPairs = std::vector<std::pair<std::int32_t, std::string_view>>;
-
-// What stands behind the name of a VAL_ statement: pairs of a number and a quoted text. Kept on
-// purpose: a head that is no number does not end the statement. Its opening quote is where the
-// search goes on, so that the pairs shift by one quote for the rest.
-DescriptionPairs ParseValueDescriptions(std::string_view text, Position from) {
-    DescriptionPairs descriptions;
-    descriptions.reserve(OrdinaryPairCount);
-    Position pos = from - 1;
-    while (pos < text.size()) {
-        std::int32_t value = 0;
-        if (TryParseI32(TextUpToChar(text, pos + 1, '"', pos), value)) {
-            descriptions.emplace_back(value, TextUpToChar(text, pos + 1, '"', pos));
+    std::size_t& seen = isFloat32 ? found.progress.float32 : found.progress.float64;
+    for (; seen < found.signals.size(); ++seen) {
+        CANSignal& signal = *found.signals[seen];
+        if (signal.bitLength == (isFloat32 ? 32 : 64)) {
+            signal.valueType = isFloat32 ? ValueFloat32 : ValueFloat64;
         }
     }
-    return descriptions;
 }
 
-using SignalSpan = std::span<CANSignal* const>;
-
-// Calls take(signals, from) with the signals of each name that the statement means; from is the
+// Calls take(SignalsOfName, from) for each name that the statement means; from is the
 // position behind the name. Returns false when the statement is none of the keyword and a known id.
 template <typename Take>
 bool OfferToSignals(std::string_view text, std::string_view keyword, Take take) {
@@ -84,32 +70,40 @@ bool OfferToSignals(std::string_view text, std::string_view keyword, Take take) 
     if (owners == nullptr) {
         return false;
     }
-    owners->ForEachSignalAt(text, pos, take);
+    owners->FindSignalsAt(text, pos, take);
     return true;
 }
 
 }  // namespace
 
 bool HandleValueType(std::string_view text) {
-    return OfferToSignals(text, keyword::SIG_VALTYPE_, [text](SignalSpan signals, Position from) {
+    return OfferToSignals(text, keyword::SIG_VALTYPE_, [text](SignalsOfName found, Position from) {
         const std::optional<std::uint32_t> number = ParseValueType(text, from);
         if (number) {
-            for (CANSignal* signal : signals) {
-                ApplyValueType(*signal, *number);
-            }
+            ApplyValueType(found, *number);
         }
     });
 }
 
+// The pairs behind one name are taken apart at once. Where a statement reaches names that begin
+// each other they wait until somebody looks, since what they give together may be far longer than
+// it.
 bool HandleValueDescriptions(std::string_view text) {
-    return OfferToSignals(text, keyword::VAL_, [text](SignalSpan signals, Position from) {
-        const DescriptionPairs descriptions = ParseValueDescriptions(text, from);
-        for (CANSignal* signal : signals) {
-            signal->enums.Reserve(descriptions.size());
-            for (const auto& [value, description] : descriptions) {
-                signal->enums.Add(value, description);
+    std::shared_ptr<const std::string> kept;
+    bool isFirst = true;
+    return OfferToSignals(text, keyword::VAL_, [&](SignalsOfName found, Position from) {
+        auto list = std::make_shared<DescriptionList>();
+        if (std::exchange(isFirst, false)) {
+            if (!list->AddPairs(text, from)) {
+                return;
             }
+        } else {
+            if (kept == nullptr) {
+                kept = std::make_shared<const std::string>(text);
+            }
+            list->AddPairsLater(kept, from);
         }
+        AppendDescriptions(found.signals, std::move(list));
     });
 }
 

@@ -15,8 +15,8 @@ namespace vexil {
 namespace {
 
 // Appends the comment line of an owner; a message has no owner name.
-void AppendComment(std::string& line, std::string_view commentText, std::string_view kindKeyword,
-                   std::string_view ownerName, std::uint32_t id) {
+void AppendCommentLine(std::string& line, std::string_view commentText,
+                       std::string_view kindKeyword, std::string_view ownerName, std::uint32_t id) {
     line.append(keyword::CM_).append(" ").append(kindKeyword).append(" ");
     line.append(std::to_string(id));
     if (!ownerName.empty()) {
@@ -30,15 +30,15 @@ void AppendComment(std::string& line, std::string_view commentText, std::string_
 void WriteComments(StatementFile& file, const MessageList& messages) {
     std::string line;
     for (const auto& message : messages) {
-        if (!message->comment.empty() || message->name != message->longName) {
+        if (!message->comment.IsEmpty() || message->name != message->longName) {
             line.clear();
             line = message->FormatMessageComment(std::move(line));
             file.WriteLine(line);
         }
         for (const auto& signal : message->signals) {
-            if (!signal->comment.empty()) {
+            if (!signal->comment.IsEmpty()) {
                 line.clear();
-                AppendComment(line, signal->comment, keyword::SG_, signal->name, message->id);
+                AppendCommentLine(line, signal->comment, keyword::SG_, signal->name, message->id);
                 file.WriteLine(line);
             }
         }
@@ -46,8 +46,8 @@ void WriteComments(StatementFile& file, const MessageList& messages) {
 }
 
 std::string CANMessage::FormatMessageComment(std::string line) const {
-    if (!comment.empty()) {
-        AppendComment(line, comment, keyword::BO_, {}, id);
+    if (!comment.IsEmpty()) {
+        AppendCommentLine(line, comment, keyword::BO_, {}, id);
     }
     return line;
 }

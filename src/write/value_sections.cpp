@@ -19,7 +19,7 @@ bool IsFloat(const CANSignal& signal) {
 }
 
 bool HasValueDescription(const CANSignal& signal) {
-    return !signal.enums.IsEmpty() && !IsFloat(signal);
+    return !IsFloat(signal) && !signal.enums.Sorted().empty();
 }
 
 // keyword id name
@@ -37,7 +37,7 @@ void WriteValueSections(StatementFile& file, const MessageList& messages) {
         for (const auto& signal : message->signals) {
             if (IsFloat(*signal)) {
                 floats.emplace_back(message.get(), signal.get());
-            } else if (!signal->enums.IsEmpty()) {
+            } else if (HasValueDescription(*signal)) {
                 line.clear();
                 line = signal->FormatValueDescription(message->id, std::move(line));
                 file.WriteLine(line);

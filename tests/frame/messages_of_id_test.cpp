@@ -47,12 +47,13 @@ class Network {
             }
         }
         Found found;
-        lookup.ForEachSignalNamed(name,
-                                  [&found](const CANSignal& signal) { found.push_back(&signal); });
+        lookup.FindSignalsNamed(name, [&found](const SignalsOfName& signals) {
+            found.insert(found.end(), signals.signals.begin(), signals.signals.end());
+        });
         EXPECT_EQ(found, walked) << testing::PrintToString(name);
         FoundAt foundAt;
-        lookup.ForEachSignalAt(text, from, [&foundAt](auto signals, Position end) {
-            for (const CANSignal* signal : signals) {
+        lookup.FindSignalsAt(text, from, [&foundAt](const SignalsOfName& signals, Position end) {
+            for (const CANSignal* signal : signals.signals) {
                 foundAt.emplace_back(signal, end);
             }
         });

@@ -1,12 +1,13 @@
-// Tests of ValueDescriptions: texts by value, in whatever order they come.
+// Tests of ValueDescriptions: each owner has what it would have alone.
 // SPDX-License-Identifier: MIT
 #include "frame/value_descriptions.h"
 
 #include <gtest/gtest.h>
 
-#include <limits>
-#include <map>
+#include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "support/random_text.h"
 
@@ -15,75 +16,140 @@ namespace {
 
 using Entries = std::vector<ValueDescriptions::Entry>;
 
-constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
+struct Owner {
+    ValueDescriptions enums;
+};
 
-TEST(ValueDescriptions, AreEmptyWhenMade) {
+std::shared_ptr<DescriptionList> ListOf(const Entries& entries) {
+    auto list = std::make_shared<DescriptionList>();
+    list->AddAll(entries);
+    return list;
+}
+
+TEST(ValueDescriptions, AreNoneWhenMade) {
     const ValueDescriptions descriptions;
-    EXPECT_TRUE(descriptions.IsEmpty());
+    EXPECT_TRUE(descriptions.HasNoList());
+    EXPECT_EQ(descriptions.Count(), 0U);
     EXPECT_EQ(descriptions.Sorted(), Entries{});
 }
 
-TEST(ValueDescriptions, AreInTheOrderOfTheirSignedValues) {
-    ValueDescriptions descriptions;
-    for (const std::int32_t value : {0, 2, largest, -1, smallest, 1}) {
-        descriptions.Add(value, std::to_string(value));
-        EXPECT_FALSE(descriptions.IsEmpty());
-    }
-    EXPECT_EQ(descriptions.Sorted(), (Entries{{smallest, "-2147483648"},
-                                              {-1, "-1"},
-                                              {0, "0"},
-                                              {1, "1"},
-                                              {2, "2"},
-                                              {largest, "2147483647"}}));
-}
-
-TEST(ValueDescriptions, KeepEveryTextOfAValue) {
-    ValueDescriptions descriptions;
-    descriptions.Add(3, "on");
-    descriptions.Add(3, "an");
-    descriptions.Add(3, "");
-    descriptions.Add(1, "");
-    descriptions.Add(1, "off");
-    descriptions.Add(3, "say \"on\"");
-    EXPECT_EQ(descriptions.Sorted(), (Entries{{1, " - off"}, {3, "on - an -  - say \"on\""}}));
-}
-
-TEST(ValueDescriptions, AreEmptyWhenCleared) {
+TEST(ValueDescriptions, TakeOneAfterTheOther) {
     ValueDescriptions descriptions;
     descriptions.Add(2, "two");
+    EXPECT_FALSE(descriptions.HasNoList());
+    EXPECT_EQ(descriptions.Count(), 1U);
     descriptions.Add(1, "one");
-    descriptions.Clear();
-    EXPECT_TRUE(descriptions.IsEmpty());
-    EXPECT_EQ(descriptions.Sorted(), Entries{});
-    descriptions.Add(1, "eins");
-    EXPECT_EQ(descriptions.Sorted(), (Entries{{1, "eins"}}));
+    descriptions.Add(2, "zwei");
+    EXPECT_EQ(descriptions.Count(), 2U);
+    EXPECT_EQ(descriptions.Sorted(), (Entries{{1, "one"}, {2, "two - zwei"}}));
 }
 
-// Against a map, with looks at the entries in between.
-TEST(ValueDescriptions, AreThoseOfAMapWhateverTheOrder) {
-    for (std::uint32_t seed = 1; seed <= 2000 && !HasFailure(); ++seed) {
+TEST(ValueDescriptions, AreNoneWhenCleared) {
+    ValueDescriptions descriptions;
+    descriptions.Add(1, "one");
+    descriptions.Clear();
+    EXPECT_TRUE(descriptions.HasNoList());
+    EXPECT_EQ(descriptions.Count(), 0U);
+    EXPECT_EQ(descriptions.Sorted(), Entries{});
+}
+
+TEST(ValueDescriptions, JoinTheTextsOfSeveralLists) {
+    ValueDescriptions descriptions;
+    descriptions.Append(ListOf({{2, "a"}, {5, "b"}}));
+    EXPECT_EQ(descriptions.Sorted(), (Entries{{2, "a"}, {5, "b"}}));
+    descriptions.Append(ListOf({{1, "c"}, {2, "d"}}));
+    EXPECT_EQ(descriptions.Count(), 3U);
+    EXPECT_EQ(descriptions.Sorted(), (Entries{{1, "c"}, {2, "a - d"}, {5, "b"}}));
+    EXPECT_EQ(descriptions.Count(), 3U);
+    descriptions.Append(ListOf({{2, "e"}}));
+    EXPECT_EQ(descriptions.Sorted(), (Entries{{1, "c"}, {2, "a - d - e"}, {5, "b"}}));
+}
+
+TEST(ValueDescriptions, FollowFromTheNextListOn) {
+    ValueDescriptions first;
+    first.Append(ListOf({{1, "a"}}));
+    ValueDescriptions second;
+    second.Follow(first);
+    EXPECT_TRUE(second.HasNoList());
+    EXPECT_EQ(second.Count(), 0U);
+    first.Append(ListOf({{1, "b"}}));
+    ValueDescriptions third;
+    third.Follow(first);
+    first.Append(ListOf({{2, "c"}}));
+    // To and fro, since what several lists give is kept for the last look alone.
+    for (int look = 0; look < 2; ++look) {
+        EXPECT_EQ(first.Sorted(), (Entries{{1, "a - b"}, {2, "c"}}));
+        EXPECT_EQ(second.Sorted(), (Entries{{1, "b"}, {2, "c"}}));
+        EXPECT_EQ(third.Sorted(), (Entries{{2, "c"}}));
+        EXPECT_EQ(first.Count(), 2U);
+        EXPECT_EQ(second.Count(), 2U);
+        EXPECT_EQ(third.Count(), 1U);
+    }
+}
+
+TEST(ValueDescriptions, AreAddedToNoOtherThatSharesThem) {
+    ValueDescriptions first;
+    first.Append(ListOf({{1, "a"}}));
+    ValueDescriptions second;
+    second.Follow(first);
+    first.Append(ListOf({{3, "b"}}));
+    second.Add(3, "c");
+    first.Add(2, "d");
+    EXPECT_EQ(first.Sorted(), (Entries{{1, "a"}, {2, "d"}, {3, "b"}}));
+    EXPECT_EQ(second.Sorted(), (Entries{{3, "b - c"}}));
+}
+
+TEST(ValueDescriptions, AreAddedToNoListThatOthersHold) {
+    const std::shared_ptr<DescriptionList> list = ListOf({{1, "a"}});
+    ValueDescriptions first;
+    first.Append(list);
+    ValueDescriptions second;
+    second.Append(list);
+    first.Add(1, "b");
+    EXPECT_EQ(first.Sorted(), (Entries{{1, "a - b"}}));
+    EXPECT_EQ(second.Sorted(), (Entries{{1, "a"}}));
+}
+
+TEST(ValueDescriptions, AreNotAddedInFrontOfTheFirst) {
+    ValueDescriptions second;
+    {
+        ValueDescriptions first;
+        first.Append(ListOf({{1, "a"}}));
+        second.Follow(first);
+    }
+    second.Add(2, "b");
+    EXPECT_EQ(second.Sorted(), (Entries{{2, "b"}}));
+}
+
+TEST(AppendDescriptions, GivesEachOwnerWhatItWouldHaveAlone) {
+    for (std::uint32_t seed = 1; seed <= 500 && !HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         test::RandomText random(seed);
-        const bool isLong = random.Below(10) == 0;
-        const std::size_t values = 1 + random.Below(isLong ? 200 : 30);
-        const std::size_t looks = isLong ? 200 : 6;  // one in so many
-        ValueDescriptions descriptions;
-        std::map<std::int32_t, std::string> expected;
-        for (std::size_t count = random.Below(isLong ? 600 : 60); count > 0; --count) {
-            const std::int32_t value = static_cast<std::int32_t>(random.Below(values)) - 5;
-            const std::string text(1, static_cast<char>('a' + random.Below(26)));
-            const auto [entry, isNew] = expected.try_emplace(value, text);
-            if (!isNew) {
-                entry->second += " - " + text;
+        std::vector<std::unique_ptr<Owner>> owners;
+        std::vector<DescriptionList> expected;
+        for (std::size_t steps = 1 + random.Below(12); steps > 0; --steps) {
+            for (std::size_t more = random.Below(3) + (owners.empty() ? 1 : 0); more > 0; --more) {
+                owners.push_back(std::make_unique<Owner>());
+                expected.emplace_back();
             }
-            descriptions.Add(value, text);
-            if (random.Below(looks) == 0) {
-                EXPECT_EQ(descriptions.Sorted(), Entries(expected.begin(), expected.end()));
+            Entries entries;
+            for (std::size_t count = 1 + random.Below(4); count > 0; --count) {
+                entries.emplace_back(static_cast<std::int32_t>(random.Below(6)),
+                                     std::string(1, static_cast<char>('a' + random.Below(26))));
+            }
+            AppendDescriptions(owners, ListOf(entries));
+            for (DescriptionList& list : expected) {
+                list.AddAll(entries);
+            }
+            if (random.Below(3) == 0) {
+                const std::size_t owner = random.Below(owners.size());
+                EXPECT_EQ(owners[owner]->enums.Sorted(), expected[owner].Sorted());
             }
         }
-        EXPECT_EQ(descriptions.IsEmpty(), expected.empty());
-        EXPECT_EQ(descriptions.Sorted(), Entries(expected.begin(), expected.end()));
+        for (std::size_t owner = 0; owner < owners.size(); ++owner) {
+            EXPECT_EQ(owners[owner]->enums.Count(), expected[owner].Sorted().size());
+            EXPECT_EQ(owners[owner]->enums.Sorted(), expected[owner].Sorted()) << owner;
+        }
     }
 }
 

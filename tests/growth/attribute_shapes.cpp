@@ -153,6 +153,20 @@ Input ValuesOfNamesOfOneHash(std::size_t size) {
     return input;
 }
 
+// Messages of id 1 with a signal of one name each, and a long name for all messages and one for all
+// signals.
+Input LongNamesOfManyOwners(std::size_t size) {
+    Input input;
+    input.messages = FillUpTo(input.text, size / 2,
+                              [](std::size_t) { return MessageLine(1) + SignalLine("S"); });
+    input.signals = input.messages;
+    const std::string name = Quoted(std::string(size / 4, 'a'));
+    input.text += std::string(MessageNames) + "BA_ \"Marrowby_Msg_Name\" BO_ 1 " + name + ";\n";
+    input.text += "BA_DEF_ SG_ \"Marrowby_Sig_Name\" STRING ;\n";
+    input.text += "BA_ \"Marrowby_Sig_Name\" SG_ 1 S " + name + ";\n";
+    return input;
+}
+
 }  // namespace
 
 std::vector<Shape> AttributeShapes() {
@@ -164,6 +178,7 @@ std::vector<Shape> AttributeShapes() {
         {"LongDefaultAndValues", LongDefaultAndValues},
         {"DefinitionsAndDefaults", DefinitionsAndDefaults},
         {"SignalsAndValues", SignalsAndValues},
+        {"LongNamesOfManyOwners", LongNamesOfManyOwners, 2 * MiB, true},
         {"ValuesOfOneHash", ValuesOfOneHash},
         {"ValuesOfNamesOfOneHash", ValuesOfNamesOfOneHash},
         Statements("DefinitionsOfOneName", "", std::string(CycleTime)),

@@ -89,6 +89,14 @@ Input StatementsForSignals(std::size_t size, const NameOf& nameOf, const Stateme
     return input;
 }
 
+// The same for signals of one name, each of which has what the others have.
+Input DescriptionsForOneName(std::size_t size) {
+    const auto name = [](std::size_t) { return "S"; };
+    Input input = StatementsForSignals(size, name, Description, true);
+    input.enums = input.signals;
+    return input;
+}
+
 Shape Statements(std::string name, NameOf nameOf, StatementFor statementFor,
                  bool describes = false) {
     return {std::move(name), [=](std::size_t size) {
@@ -134,6 +142,32 @@ Input MessagesWithTheirStatements(std::size_t size) {
     input.signals = input.messages;
     input.enums = input.messages;
     return input;
+}
+
+// Messages of id 1 with a signal of one name each, and behind each the statement.
+Input MessagesOfOneNameAnd(const std::string& statement, std::size_t size) {
+    Input input;
+    input.messages = FillUpTo(input.text, size, [&](std::size_t) {
+        return MessageLine(1) + SignalLine("S") + statement;
+    });
+    input.signals = input.messages;
+    return input;
+}
+
+Input MessagesAndFloatsOfOneName(std::size_t size) {
+    return MessagesOfOneNameAnd(ValueType("S"), size);
+}
+
+Input MessagesAndStatementsOfOneName(std::size_t size) {
+    Input input = MessagesOfOneNameAnd(AllThree("S"), size);
+    input.enums = input.messages;
+    return input;
+}
+
+// What comes out of the shape may be far longer than what goes in.
+Shape ReadAlone(Shape shape) {
+    shape.isReadAlone = true;
+    return shape;
 }
 
 // -- Much text for one owner --
@@ -252,6 +286,12 @@ std::vector<Shape> OwnerShapes() {
         Statements(
             "NoDescriptionsForOneName", [](std::size_t) { return "S"; }, NoDescription),
         Statements(
+            "ValueTypesForOneName", [](std::size_t) { return "S"; }, ValueType),
+        ReadAlone(Statements(
+            "CommentsForOneName", [](std::size_t) { return "S"; }, Comment)),
+        {"DescriptionsForOneName", DescriptionsForOneName, 2 * MiB, true},
+        ReadAlone(Statements("DescriptionsForNestedNames", NestedName, Description, true)),
+        Statements(
             "EmptyCommentsForNoName", [](std::size_t) { return ""; }, EmptyComment),
         Statements(
             "ValueTypesForNoName", [](std::size_t) { return ""; }, ValueType),
@@ -272,6 +312,10 @@ std::vector<Shape> OwnerShapes() {
         MessagesAndStatements("OneIdAndDescriptionsOfOthers", Description("X")),
         MessagesAndStatements("OneIdAndEmptyComments", "CM_ BO_ 1 \"\";\n"),
         {"OneIdAndTheirStatements", MessagesWithTheirStatements},
+        ReadAlone(MessagesThenStatements("OneIdThenCommentsOfAll", "CM_ BO_ 1 \"t\";\n")),
+        ReadAlone(MessagesAndStatements("OneIdAndCommentsOfAll", "CM_ BO_ 1 \"t\";\n")),
+        {"OneIdAndFloatsOfOneName", MessagesAndFloatsOfOneName},
+        {"OneIdAndStatementsOfOneName", MessagesAndStatementsOfOneName, 2 * MiB, true},
         {"CollidingIds", CollidingIds},
     };
 }

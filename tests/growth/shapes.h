@@ -27,6 +27,9 @@ struct Shape {
     std::string name;
     std::function<Input(std::size_t size)> make;  // an input of about that many bytes
     std::size_t largest = 2 * MiB;                // the largest size that is tried
+    // Whether what comes out may be far longer than what goes in, so that the read alone is held to
+    // the size of the input.
+    bool isReadAlone = false;
 };
 
 // Long lines, hostile bytes and many statements without effect.

@@ -39,11 +39,11 @@ class CommentTest : public test::DatabaseTest {
     static std::string Comments() {
         std::string text;
         for (const auto& message : database.messages) {
-            if (!message->comment.empty()) {
+            if (!message->comment.IsEmpty()) {
                 text += Concat(std::to_string(message->id), "=", Quoted(message->comment), " ");
             }
             for (const auto& signal : message->signals) {
-                if (!signal->comment.empty()) {
+                if (!signal->comment.IsEmpty()) {
                     text += Concat(Quoted(signal->rawName), "=", Quoted(signal->comment), " ");
                 }
             }
@@ -90,7 +90,7 @@ TEST_F(HandleMessageComment, TakesOrRefuses) {
         {"", false, ""},
     };
     for (const Row& row : rows) {
-        database.messages[0]->comment.clear();
+        database.messages[0]->comment.Clear();
         EXPECT_EQ(vexil::HandleMessageComment(row.statement), row.claimed) << row.statement;
         EXPECT_EQ(Comments(), row.comments) << row.statement;
     }
@@ -139,7 +139,7 @@ TEST_F(HandleSignalComment, TakesOrRefuses) {
         {"SG_ 5 S \"text\";\n", false, ""},
     };
     for (const Row& row : rows) {
-        database.messages[0]->signals[0]->comment.clear();
+        database.messages[0]->signals[0]->comment.Clear();
         EXPECT_EQ(vexil::HandleSignalComment(row.statement), row.claimed) << row.statement;
         EXPECT_EQ(Comments(), row.comments) << row.statement;
     }
@@ -209,7 +209,7 @@ TEST_F(HandleSignalComment, EscapesTheQuotesThatAreNot) {
     };
     CANSignal& signal = *database.messages[0]->signals[0];
     for (const QuoteRow& row : rows) {
-        signal.comment.clear();
+        signal.comment.Clear();
         vexil::HandleSignalComment(Concat("CM_ SG_ 5 S \"", row.first, "\";\n"));
         if (!row.second.empty()) {
             vexil::HandleSignalComment(Concat("CM_ SG_ 5 S \"", row.second, "\";\n"));

@@ -124,8 +124,8 @@ TEST_F(WriteDbcFile, WritesEverySectionInItsPlace) {
 TEST_F(WriteDbcFile, LeavesNothingOfEmptySections) {
     AddSmallDatabase();
     CANMessage& message = *database.messages.front();
-    message.comment.clear();
-    message.signals[0]->comment.clear();
+    message.comment.Clear();
+    message.signals[0]->comment.Clear();
     message.signals[0]->enums.Clear();
     message.signals[1]->valueType = ValueSigned;
     EXPECT_EQ(WrittenFile(), Head() + Text({

@@ -1,0 +1,94 @@
+// Tests of SharedTail: where tails start, and what they share.
+// SPDX-License-Identifier: MIT
+#include "frame/shared_tail.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vexil {
+namespace {
+
+using Tail = SharedTail<std::string>;
+
+struct Owner {
+    bool isNew;
+};
+
+// The positions of the owners that Newcomers gives.
+std::vector<std::size_t> NewcomersOf(const std::vector<bool>& areNew) {
+    std::vector<std::unique_ptr<Owner>> owners;
+    for (const bool isNew : areNew) {
+        owners.push_back(std::make_unique<Owner>(isNew));
+    }
+    std::vector<std::size_t> positions;
+    for (const auto& owner : Newcomers(owners, [](const Owner& of) { return of.isNew; })) {
+        positions.push_back(static_cast<std::size_t>(&owner - owners.data()));
+    }
+    return positions;
+}
+
+TEST(SharedTail, IsEmptyWhenMade) {
+    const Tail tail;
+    EXPECT_TRUE(tail.IsEmpty());
+    EXPECT_EQ(tail.Start(), 0U);
+    EXPECT_FALSE(tail.IsAlone());
+}
+
+TEST(SharedTail, GrowsWithItsContainer) {
+    Tail tail;
+    EXPECT_EQ(tail.Whole(), "");
+    EXPECT_TRUE(tail.IsEmpty());
+    EXPECT_TRUE(tail.IsAlone());
+    tail.Whole() += "ab";
+    EXPECT_FALSE(tail.IsEmpty());
+    EXPECT_EQ(tail.Present(), "ab");
+    EXPECT_EQ(tail.Start(), 0U);
+}
+
+TEST(SharedTail, StartsWhereItFollows) {
+    Tail first;
+    first.Whole() = "ab";
+    Tail second;
+    second.Follow(first, 2);
+    EXPECT_TRUE(second.IsEmpty());
+    EXPECT_FALSE(first.IsAlone());
+    EXPECT_FALSE(second.IsAlone());
+    first.Whole() += "c";
+    EXPECT_FALSE(second.IsEmpty());
+    EXPECT_EQ(second.Start(), 2U);
+    EXPECT_EQ(&second.Present(), &first.Present());
+}
+
+TEST(SharedTail, GivesTheContainerToWhomItFollows) {
+    Tail first;
+    Tail second;
+    second.Follow(first, 0);
+    second.Whole() += "a";
+    EXPECT_EQ(first.Whole(), "a");
+}
+
+TEST(SharedTail, LeavesTheOthersWhenCleared) {
+    Tail first;
+    first.Whole() = "ab";
+    Tail second;
+    second.Follow(first, 1);
+    second.Clear();
+    EXPECT_TRUE(second.IsEmpty());
+    EXPECT_EQ(second.Start(), 0U);
+    EXPECT_EQ(first.Present(), "ab");
+    EXPECT_TRUE(first.IsAlone());
+}
+
+TEST(Newcomers, AreTheLastOfTheOwnersButNeverTheFirst) {
+    EXPECT_EQ(NewcomersOf({false}), std::vector<std::size_t>{});
+    EXPECT_EQ(NewcomersOf({true}), std::vector<std::size_t>{});
+    EXPECT_EQ(NewcomersOf({true, true}), (std::vector<std::size_t>{1}));
+    EXPECT_EQ(NewcomersOf({false, false, true, true}), (std::vector<std::size_t>{2, 3}));
+    EXPECT_EQ(NewcomersOf({false, true, false}), std::vector<std::size_t>{});
+}
+
+}  // namespace
+}  // namespace vexil
