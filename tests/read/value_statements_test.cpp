@@ -340,6 +340,44 @@ TEST_F(HandleValueDescriptions, OffersTheStatementToEverySignalWhoseNameBeginsIt
     }
 }
 
+// What the longer names get is taken apart when somebody looks, long after the statement has gone.
+TEST_F(HandleValueDescriptions, ReachesEachOfManyNamesThatBeginOneAnother) {
+    AddMessage("BO_ 7 M: 8 N\n");
+    for (const std::string_view name : {"A 1 2", "A", "A 1 2 3", "A 1"}) {
+        AddSignal(name);
+    }
+    {
+        const std::string statement = "VAL_ 7 A 1 2 3 \"x\" 0 \"y\" ;\n";
+        EXPECT_TRUE(vexil::HandleValueDescriptions(statement));
+    }
+    EXPECT_EQ(Enums(0), " enums={0:'y',3:'x'}");
+    EXPECT_EQ(Enums(1), " enums={0:'y',1:'x'}");
+    EXPECT_EQ(Enums(2), " enums={0:'y'}");
+    EXPECT_EQ(Enums(3), " enums={0:'y',2:'x'}");
+}
+
+TEST_F(HandleValueType, ReachesSignalsThatCameAfterAnEarlierStatement) {
+    AddMessage("BO_ 5 M: 8 N\n");
+    for (int messages = 0; messages < 3; ++messages) {
+        AddSignal("S", "0|32@1+");
+        AddSignal("S", "0|64@1+");
+        AddSignal("S", "0|32@1+");
+        vexil::HandleValueType("SIG_VALTYPE_ 5 S : 1;\n");
+        AddSignal("S", "0|64@1+");
+        AddSignal("S", "0|32@1+");
+        vexil::HandleValueType("SIG_VALTYPE_ 5 S : 2;\n");
+        AddMessage("BO_ 5 M: 8 N\n");
+    }
+    std::vector<std::uint32_t> types;
+    for (const auto& message : database.messages) {
+        for (const auto& signal : message->signals) {
+            types.push_back(signal->valueType);
+        }
+    }
+    // The last signal of 32 bits came after the last statement for such.
+    EXPECT_EQ(types, (std::vector<std::uint32_t>{2, 3, 2, 3, 2, 2, 3, 2, 3, 2, 2, 3, 2, 3, 0}));
+}
+
 TEST_F(HandleValueType, NeedsTheWholeNameBehindTheId) {
     struct Row {
         std::string_view name;
