@@ -235,6 +235,56 @@ TEST_F(AllocationFaultTest, EndsAnAppendOfAValueDescription) {
     }
 }
 
+TEST_F(AllocationFaultTest, ChangesNothingInAnAppendThatFails) {
+    const CanMessageRecord message = test::RecordOf(
+        test::MessageFields{.id = 7, .comment = "A comment that is long enough to be stored"});
+    const CanSignalRecord signal =
+        test::RecordOf(test::SignalFields{.comment = "A comment that is long enough to be stored"});
+    const CanEnumRecord description =
+        test::RecordOf(test::EnumFields{8, "A description that is long enough"});
+    const Call appends[] = {
+        [&] {
+            return Outcome{VexilAppendCanMessage(&message), 0};
+        },
+        [&] {
+            return Outcome{VexilAppendCanSignalToCanMessage(0, &signal), 0};
+        },
+        // To descriptions from the file, to those that wait for being sorted, and to sorted ones.
+        [&] {
+            return Outcome{VexilAppendEnumToCanSignal(1, 2, &description), 0};
+        },
+        [&] {
+            return Outcome{VexilAppendEnumToCanSignal(1, 0, &description), 0};
+        },
+        [&] {
+            return Outcome{VexilAppendEnumToCanSignal(0, 0, &description), 0};
+        }};
+    const auto prepare = [this] {
+        Refill();
+        for (const std::int32_t value : {9, 8, 8}) {
+            AppendEnum(1, 0, {value, "A description that comes out of order"});
+        }
+        AppendEnum(0, 0, {8, "A description in its place"});
+    };
+    prepare();
+    const std::string expected = Dump();
+    for (const Call& append : appends) {
+        std::size_t thrown = 1;
+        for (std::size_t n = 1; thrown != 0; ++n) {
+            prepare();
+            {
+                const FailingAllocations failing(n, Exhaustion::FromThere);
+                try {
+                    append();
+                } catch (const std::bad_alloc&) {
+                }
+                thrown = failing.Thrown();
+            }
+            EXPECT_EQ(Dump() == expected, thrown != 0) << "allocation " << n;
+        }
+    }
+}
+
 // A fetch may have to sort and to join what came out of order.
 TEST_F(AllocationFaultTest, EndsAFetch) {
     const Step prepare = [this] {
