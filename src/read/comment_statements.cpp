@@ -27,7 +27,7 @@ struct CommentStatement {
 
 CommentStatement ParseCommentStatement(std::string_view text, std::string_view kindKeyword) {
     CommentStatement comment;
-    Position pos = 0;
+    Position pos = npos;
     std::uint32_t id = 0;
     if (!MatchKeyword(text, keyword::CM_, pos, 0) || !MatchKeyword(text, kindKeyword, pos, pos) ||
         !ParseUnsignedToken(text, id, pos, pos)) {

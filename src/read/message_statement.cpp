@@ -32,7 +32,7 @@ bool HandleMessageStatement(std::string_view text, std::uint32_t line) {
 bool CANMessage::Parse(std::string_view text) {
     Reset();
     stepErrors.clear();
-    Position pos = 0;
+    Position pos = npos;
     if (!MatchKeyword(text, keyword::BO_, pos, 0)) {
         return false;
     }
@@ -71,7 +71,7 @@ bool CANMessage::ParseSize(std::string_view text, Position from, Position& next)
         return false;
     }
     next = text.find_first_not_of(Digits, digit);
-    return TryParseU32(text.substr(digit, next - digit), dlc);
+    return TryParseU32(text.substr(digit), dlc);
 }
 
 }  // namespace vexil

@@ -41,7 +41,7 @@ bool HandleSignalStatement(std::string_view text, std::uint32_t line) {
 bool CANSignal::Parse(std::string_view text) {
     Reset();
     stepErrors.clear();
-    Position pos = 0;
+    Position pos = npos;
     if (!MatchKeyword(text, keyword::SG_, pos, 0)) {
         return false;
     }

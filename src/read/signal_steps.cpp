@@ -97,7 +97,7 @@ bool CANSignal::ParseMultiplexIndicator(std::string_view head, Position& nameEnd
 bool CANSignal::ParseBitLayout(std::string_view text, Position from, Position& next) {
     Position bar = npos;
     const std::string_view start = TextUpToChar(text, from, '|', bar);
-    if (start.empty() || bar + 1 >= text.size() || !TryParseU32(start, startBit)) {
+    if (start.empty() || !TryParseU32(start, startBit)) {
         return false;
     }
     Position at = npos;

@@ -65,7 +65,7 @@ void ApplyValueType(const SignalsOfName& found, std::uint32_t number) {
 // position behind the name. Returns false when the statement is none of the keyword and a known id.
 template <typename Take>
 bool OfferToSignals(std::string_view text, std::string_view keyword, Take take) {
-    Position pos = 0;
+    Position pos = npos;
     MessagesOfId* owners = FindOwners(text, keyword, pos);
     if (owners == nullptr) {
         return false;

@@ -122,5 +122,14 @@ TEST(ParseDefaultStatement, TakesEveryNameWhenNoneIsReserved) {
     EXPECT_EQ(LinesOf(table.definitions), (Lines{"Gen Mine Int [0,1] = 1"}));
 }
 
+TEST(ParseDefaultStatement, DropsADefaultOfANameThatIsDefinedButNotReserved) {
+    ReservedTable table({});
+    table.AddDefinition(
+        test::MakeAttribute(AttributeObjectKind::Gen, "Mine", AttributeValueType::Int));
+    const Lines before = LinesOf(table.definitions);
+    ParseAttributeStatement(table, "BA_DEF_DEF_ \"Mine\" 1;");
+    EXPECT_EQ(LinesOf(table.definitions), before);
+}
+
 }  // namespace
 }  // namespace vexil

@@ -320,7 +320,7 @@ TEST_F(AllocationFaultTest, LosesNothingInAFetch) {
         "VAL_ 1 A 5 3 \"the third of the descriptions\" 2 \"the fourth of the descriptions\" ;\n");
     const Step prepare = [this] {
         Refill();
-        for (const std::int32_t value : {9, 8, 8}) {
+        for (const std::int32_t value : {5, 6, 7, 2, 2, 3, 3}) {
             AppendEnum(0, 2, {value, "A description that comes out of order"});
         }
     };

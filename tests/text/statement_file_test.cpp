@@ -378,6 +378,16 @@ TEST_F(FullDeviceTest, FailsBehindAReadAsItDoesWithoutOne) {
     EXPECT_EQ(file.parseState, StateStreamError);
 }
 
+TEST_F(FullDeviceTest, IsForgottenWhenTheNextFileIsNotThere) {
+    file.WriteLine("one");
+    file.Close();
+    ExpectClosed(StateStreamError);
+    Open(path + "/missing", OpenMode::Read);
+    EXPECT_EQ(file.parseState, StateOpenFailed);
+    file.Close();
+    ExpectClosed(StateClosed);
+}
+
 TEST_F(FullDeviceTest, WritesToTheNextFileAfterAFailure) {
     file.WriteLine("one");
     file.WriteLine("two");
