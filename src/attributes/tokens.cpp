@@ -27,8 +27,8 @@ std::size_t Find(std::string_view text, std::size_t from, const CharSet& set, bo
 StatementTokens SplitStatementTokens(std::string_view text, const CharSet& delimiters) {
     StatementTokens split;
     split.tokens.reserve(OrdinaryTokenCount);
-    bool open = false;    // the last token waits for its closing quote
-    bool joined = false;  // and has been joined from pieces
+    bool open = false;              // the last token waits for its closing quote
+    std::string* joined = nullptr;  // where it is joined from pieces, if it is
     std::size_t start = Find(text, 0, delimiters, false);
     while (start < text.size()) {
         const std::size_t end = Find(text, start, delimiters, true);
@@ -36,14 +36,13 @@ StatementTokens SplitStatementTokens(std::string_view text, const CharSet& delim
         if (!open) {
             split.tokens.push_back(piece);
             open = piece.front() == '"' && piece.back() != '"';
-            joined = false;
+            joined = nullptr;
         } else {
-            if (!joined) {
-                split.joined.emplace_front(split.tokens.back());
-                joined = true;
+            if (joined == nullptr) {
+                joined = &split.joined.emplace_front(split.tokens.back());
             }
-            split.joined.front().append(1, ' ').append(piece);
-            split.tokens.back() = split.joined.front();
+            joined->append(1, ' ').append(piece);
+            split.tokens.back() = *joined;
             open = piece.back() != '"';
         }
         start = Find(text, end, delimiters, false);

@@ -16,14 +16,14 @@ namespace {
 // Where no quotes hold a unit, the receivers may begin inside a character. What is left of it
 // counts as invalid bytes of a file do, as one "_" each.
 void ParseReceiversAt(CANSignal& signal, std::string_view list) {
+    std::string repaired;
     const bool beginsInsideCharacter = (static_cast<unsigned char>(list.front()) & 0xC0) == 0x80;
-    if (!beginsInsideCharacter) {
-        signal.ParseReceivers(list);
-        return;
+    if (beginsInsideCharacter) {
+        repaired = list;
+        ReplaceInvalidUtf8(repaired);
+        list = repaired;
     }
-    std::string repaired(list);
-    ReplaceInvalidUtf8(repaired);
-    signal.ParseReceivers(repaired);
+    signal.ParseReceivers(list);
 }
 
 }  // namespace

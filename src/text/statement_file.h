@@ -55,7 +55,10 @@ class StatementFile {
     // Finds the first line with a keyword and throws those in front of it away.
     bool FindFirstKeyword();
 
-    // Gives out buffer from the current keyword up to end.
+    // The buffer from the current keyword up to end.
+    std::string_view StatementUpTo(Position end) const;
+
+    // Gives that out.
     void TakeStatement(Position end);
 
     std::fstream stream;

@@ -7,6 +7,7 @@
 // whatever stands in front of it. SPDX-License-Identifier: MIT
 #include "text/char_class.h"
 #include "text/keywords.h"
+#include "text/lexical.h"
 #include "text/statement_file.h"
 #include "vexil64.h"
 
@@ -14,6 +15,10 @@ namespace vexil {
 namespace {
 
 constexpr Position StatementLimit = 4096;  // a longer statement is given out without its end
+
+bool EndsInSemicolon(std::string_view text) {
+    return Trimmed(text).ends_with(';');
+}
 
 }  // namespace
 
@@ -51,8 +56,12 @@ bool StatementFile::FindFirstKeyword() {
     return false;
 }
 
+std::string_view StatementFile::StatementUpTo(Position end) const {
+    return std::string_view(buffer).substr(keywordOffset, end - keywordOffset);
+}
+
 void StatementFile::TakeStatement(Position end) {
-    statement = std::string_view(buffer).substr(keywordOffset, end - keywordOffset);
+    statement = StatementUpTo(end);
     statementKeyword = keywordIndex;
 }
 
@@ -76,8 +85,7 @@ bool StatementFile::NextStatement() {
         if (FindKeyword(scanPosition, nextKeywordIndex, nextKeywordOffset, scanPosition)) {
             ++found;
         }
-        if (needsSemicolon && found == 1 &&
-            buffer[buffer.find_last_not_of(Whitespace, nextKeywordOffset - 1)] != ';') {
+        if (needsSemicolon && found == 1 && !EndsInSemicolon(StatementUpTo(nextKeywordOffset))) {
             needed = 2;
         } else if (found >= needed) {
             TakeStatement(nextKeywordOffset);

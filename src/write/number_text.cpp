@@ -16,11 +16,11 @@ constexpr int SignificantDigits = 10;
 
 // Appends a number that has at most four decimals and ten digits, as nearly all of a file have,
 // from its digits as an integer. The nearest double to such a decimal is written as that decimal.
-// Returns false with nothing appended for any other number; so for a negative zero, which keeps its
-// sign.
+// Returns false with nothing appended for any other number. Kept on purpose: a negative zero has
+// its sign.
 bool AppendShortDecimal(std::string& text, double number) {
     constexpr double Scale = 10000;
-    if (!(std::abs(number) < 1e6) || (number == 0 && std::signbit(number))) {
+    if (!(std::abs(number) < 1e6)) {
         return false;
     }
     const auto scaled = static_cast<std::int64_t>(std::round(number * Scale));
@@ -28,7 +28,7 @@ bool AppendShortDecimal(std::string& text, double number) {
         return false;
     }
     const std::int64_t digits = std::abs(scaled);
-    text += scaled < 0 ? "-" : "";
+    text += std::signbit(number) ? "-" : "";
     text += std::to_string(digits / 10000);
     std::int64_t decimals = digits % 10000;
     if (decimals != 0) {

@@ -55,6 +55,11 @@ Input StatementsInOneLine(std::size_t size) {
     return input;
 }
 
+// Comments in one line, behind as many blanks.
+Input BlanksBeforeStatementsInOneLine(std::size_t size) {
+    return {std::string(size / 2, ' ') + Repeated("CM_ ; ", size / 2) + "\n"};
+}
+
 // Keywords that end nothing, since no semicolon stands in front of them.
 Input StrayKeywordsInComments(std::size_t size) {
     return {Repeated("CM_ \"a\nBO_ BO_ BO_ BO_ \nCM_ b\";\n", size)};
@@ -74,6 +79,7 @@ std::vector<Shape> LineShapes() {
         Line("MixedKeywordsInOneLine", "CM_ VAL_ BA_ SG_ VERSION SIG_VALTYPE_ SG_MUL_VAL_ "),
         Line("ValuesInOneLine", "VAL_ 1 S 0 \"a\" CM_ BO_ 1 \"a\" "),
         {"StatementsInOneLine", StatementsInOneLine},
+        {"BlanksBeforeStatementsInOneLine", BlanksBeforeStatementsInOneLine},
         Line("ControlBytesInOneLine", "\x01", 16 * MiB),
         Line("ControlBytesBehindAKeyword", "VERSION \x01\x7f"),
         Line("InvalidBytesInOneLine", "\xff", 16 * MiB),
