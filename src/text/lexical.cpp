@@ -72,7 +72,7 @@ std::string_view TrimmedRange(std::string_view text, Position from, Position to)
     if (from >= text.size() || from >= to) {
         return {};
     }
-    return Trimmed(text.substr(from, std::min<Position>(to, text.size() - 1) - from + 1));
+    return Trimmed(text.substr(from, std::min<Position>(to, text.size()) - from + 1));
 }
 
 std::string_view Trimmed(std::string_view text) {

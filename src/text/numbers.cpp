@@ -84,7 +84,7 @@ bool TryParsePlainDouble(std::string_view text, double& value) {
     std::size_t decimals = 0;
     bool hasPoint = false;
     for (; at < text.size() && !IsSpace(text[at]); ++at) {
-        if (text[at] == '.' && !hasPoint && digitCount != 0) {
+        if (text[at] == '.' && !hasPoint) {
             hasPoint = true;
         } else if (IsDigit(text[at]) && digitCount < PowersOfTen.size() - 1) {
             digits = digits * 10 + (text[at] - '0');

@@ -46,12 +46,10 @@ class BaseNameGroups {
     }
 
     void AddSuffix(std::size_t at, std::uint32_t number) {
-        const std::string base(signals[at]->BaseName());
         signals[at]->AddUniqueSuffix(number);
-        if (signals[at]->BaseName() != base) {
-            groups[base].erase(at);
-            groups[std::string(signals[at]->BaseName())].insert(at);
-        }
+        // Where the name was cut it belongs to another group. That it stays in the first one does
+        // not show: all behind who asks are numbered, so nobody asks for a group twice.
+        groups[std::string(signals[at]->BaseName())].insert(at);
     }
 
   private:
