@@ -5,26 +5,22 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <variant>
 
 #include "frame/shared_tail.h"
 
 namespace vexil {
 
-// Each double quote of it stands behind a backslash. Owners of one id and name share what a file
-// gives them.
+// Each double quote of it stands behind a backslash. Nearly every comment has one owner; several of
+// one id and name share what a file gives them.
 class Comment {
   public:
-    Comment() = default;
-
     // Becomes text, with its quotes escaped. No other comment changes.
     Comment& operator=(std::string_view text);
 
-    operator std::string_view() const noexcept {
-        return IsEmpty() ? std::string_view()
-                         : std::string_view(tail.Present()).substr(tail.Start());
-    }
-    bool IsEmpty() const noexcept { return tail.IsEmpty(); }
-    void Clear() noexcept { tail.Clear(); }
+    operator std::string_view() const noexcept;
+    bool IsEmpty() const noexcept { return std::string_view(*this).empty(); }
+    void Clear() noexcept;
 
     // Appends text with its quotes escaped, to the comments of all that share this one. Kept on
     // purpose: a second comment lands behind the first, with nothing between them, and a backslash
@@ -42,7 +38,9 @@ class Comment {
     }
 
   private:
-    SharedTail<std::string> tail;
+    using Tail = SharedTail<std::string>;
+
+    std::variant<std::string, Tail> content;  // of its own, or shared
 };
 
 // Appends text to the comment of each of the owners. REQUIRES: neither owners nor text is empty,

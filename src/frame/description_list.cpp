@@ -67,7 +67,7 @@ void DescriptionList::AddAll(const std::vector<Entry>& others) {
     }
 }
 
-bool DescriptionList::AddPairs(std::string_view text, Position from) {
+void DescriptionList::AddPairs(std::string_view text, Position from) {
     std::vector<std::pair<std::int32_t, std::string_view>> found;
     found.reserve(OrdinaryPairCount);
     Position pos = from - 1;
@@ -77,28 +77,20 @@ bool DescriptionList::AddPairs(std::string_view text, Position from) {
             found.emplace_back(value, TextUpToChar(text, pos + 1, '"', pos));
         }
     }
-    entries.reserve(entries.size() + found.size());
+    entries.reserve(found.size());
     for (const auto& [value, description] : found) {
         Add(value, description);
     }
-    return !found.empty();
-}
-
-void DescriptionList::AddPairsLater(std::shared_ptr<const std::string> text, Position from) {
-    pairs = std::move(text);
-    pairsStart = from;
 }
 
 const std::vector<Entry>& DescriptionList::Sorted() const {
-    if (pairs != nullptr) {
-        DescriptionList list;
-        list.AddPairs(*pairs, pairsStart);
-        entries = std::move(list.entries);
-        sortedCount = list.sortedCount;
-        pairs = nullptr;
-    }
     SortIn();
     return entries;
+}
+
+void DescriptionList::Clear() noexcept {
+    entries.clear();
+    sortedCount = 0;
 }
 
 void DescriptionList::SortIn() const {

@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -30,25 +29,22 @@ class DescriptionList {
 
     // Adds the pairs of a number and a quoted text that stand in text from from on. Kept on
     // purpose: a head that is no number does not end the list. Its opening quote is where the
-    // search goes on, so that the pairs shift by one quote for the rest.
-    bool AddPairs(std::string_view text, Position from);
-
-    // The same once somebody looks. REQUIRES: the list is empty, and nothing else is added before
-    // that.
-    void AddPairsLater(std::shared_ptr<const std::string> text, Position from);
+    // search goes on, so that the pairs shift by one quote for the rest. REQUIRES: from > 0; a name
+    // stands in front of it.
+    void AddPairs(std::string_view text, Position from);
 
     // The entries, valid until the next addition.
     const std::vector<Entry>& Sorted() const;
 
+    bool IsEmpty() const noexcept { return entries.empty(); }
+    void Clear() noexcept;
+
   private:
     void SortIn() const;
 
-    // Neither parsing nor sorting is seen from outside, and looking at entries changes nothing
-    // else.
+    // Sorting is not seen from outside, and looking at entries changes nothing else.
     mutable std::vector<Entry> entries;
     mutable std::size_t sortedCount = 0;  // the entries behind wait in the order of arrival
-    mutable std::shared_ptr<const std::string> pairs;  // text that is still to be taken apart, ...
-    Position pairsStart = 0;                           // ... from here on
 };
 
 }  // namespace vexil

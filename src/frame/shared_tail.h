@@ -14,39 +14,23 @@ namespace vexil {
 template <typename Container>
 class SharedTail {
   public:
-    bool IsEmpty() const noexcept { return whole == nullptr || start == whole->size(); }
+    // The whole of a new container, which is empty.
+    SharedTail() : whole(std::make_shared<Container>()) {}
 
-    void Clear() noexcept {
-        whole.reset();
-        start = 0;
-    }
+    // The container of another, from position start on.
+    SharedTail(const SharedTail& other, std::size_t startPosition)
+        : whole(other.whole), start(startPosition) {}
 
-    // The container, made when there is none; what is put behind it is put behind every tail.
-    Container& Whole() {
-        if (whole == nullptr) {
-            whole = std::make_shared<Container>();
-        }
-        return *whole;
-    }
-
-    // The same for a look. REQUIRES: not IsEmpty().
-    Container& Present() const noexcept { return *whole; }
+    // The container; what is put behind it is put behind every tail.
+    Container& Whole() const noexcept { return *whole; }
 
     // Position in the container at which the tail starts.
     std::size_t Start() const noexcept { return start; }
 
-    // Whether the container is there and no other tail lies in it.
-    bool IsAlone() const noexcept { return whole.use_count() == 1; }
-
-    // Becomes a tail of the container of other, from position on.
-    void Follow(SharedTail& other, std::size_t position) {
-        other.Whole();
-        whole = other.whole;
-        start = position;
-    }
+    bool IsEmpty() const noexcept { return start == whole->size(); }
 
   private:
-    std::shared_ptr<Container> whole;
+    std::shared_ptr<Container> whole;  // never null
     std::size_t start = 0;
 };
 

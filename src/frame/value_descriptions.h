@@ -5,8 +5,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "frame/description_list.h"
@@ -18,22 +20,30 @@ namespace vexil {
 // Lists that came one after the other.
 class DescriptionLists {
   public:
-    void Append(std::shared_ptr<DescriptionList> list);
+    using Entry = DescriptionList::Entry;
+
+    void Append(DescriptionList list);
+
+    // Appends the list of the pairs that DescriptionList::AddPairs finds, once somebody looks.
+    void AppendPairs(std::shared_ptr<const std::string> text, Position from);
 
     // The entries of the lists from position start on as those of one list, valid until the next
     // call. REQUIRES: start < size().
-    const std::vector<DescriptionList::Entry>& SortedFrom(std::size_t start);
+    const std::vector<Entry>& SortedFrom(std::size_t start);
 
     // How many these are.
     std::size_t CountFrom(std::size_t start);
-
-    // The list, if it is the only one and nothing else holds it; null otherwise.
-    DescriptionList* OwnList() const noexcept;
 
     // NOLINTNEXTLINE(readability-identifier-naming): as every container has it
     std::size_t size() const noexcept { return lists.size(); }
 
   private:
+    struct Item {
+        DescriptionList list;
+        std::shared_ptr<const std::string> pairs = {};  // what is to be added to it, ...
+        Position from = npos;                           // ... and from where on; null when it is
+    };
+
     // What several lists give. Put together when somebody looks, which few do, and kept for the
     // last start alone, since there may be as many starts as lists.
     struct Merging {
@@ -42,11 +52,14 @@ class DescriptionLists {
         std::vector<std::size_t> counts;  // of values, by start; empty until somebody asks
     };
 
-    std::vector<std::shared_ptr<DescriptionList>> lists;
+    const std::vector<Entry>& SortedAt(std::size_t position);
+    Merging& MergingOfLists();
+
+    std::vector<Item> lists;
     std::unique_ptr<Merging> merging;  // null until somebody looks
 };
 
-// Signals of one id and name share what a file gives them.
+// Nearly every list has one owner; several signals of one id and name share what a file gives them.
 class ValueDescriptions {
   public:
     using Entry = DescriptionList::Entry;
@@ -55,11 +68,14 @@ class ValueDescriptions {
     // between them. Exhausted memory changes nothing.
     void Add(std::int32_t value, std::string_view text);
 
-    // Adds the list, to all that share this one.
-    void Append(std::shared_ptr<DescriptionList> list) { tail.Whole().Append(std::move(list)); }
+    // The list, if it is shared with nobody; null otherwise.
+    DescriptionList* OwnList() noexcept { return std::get_if<DescriptionList>(&content); }
 
-    // Shares with other what is appended to it from now on. REQUIRES: HasNoList().
-    void Follow(ValueDescriptions& other) { tail.Follow(other.tail, other.tail.Whole().size()); }
+    // The lists that this one shares with others, or may share from now on.
+    DescriptionLists& SharedLists();
+
+    // Shares with other what is appended to its lists from now on. REQUIRES: HasNone().
+    void Follow(ValueDescriptions& other);
 
     // The entries in ascending order of the value, each value once. Valid until the next call of
     // any that share them.
@@ -68,22 +84,25 @@ class ValueDescriptions {
     // How many entries there are.
     std::size_t Count() const;
 
-    bool HasNoList() const noexcept { return tail.IsEmpty(); }
-    void Clear() noexcept { tail.Clear(); }
+    // Whether nothing was given to it; pairs that nobody has looked at count as something.
+    bool HasNone() const noexcept;
+    void Clear() noexcept;
 
   private:
-    SharedTail<DescriptionLists> tail;
+    using Tail = SharedTail<DescriptionLists>;
+
+    std::variant<DescriptionList, Tail> content;  // of its own, or shared
 };
 
-// Appends the list to the descriptions of each of the owners. REQUIRES: owners is not empty, and
+// The lists that what is appended to reaches each of the owners. REQUIRES: owners is not empty, and
 // holds those of all earlier calls with later ones behind them.
 template <typename Owners>
-void AppendDescriptions(const Owners& owners, std::shared_ptr<DescriptionList> list) {
-    const auto isNew = [](const auto& owner) { return owner.enums.HasNoList(); };
+DescriptionLists& ListsOf(const Owners& owners) {
+    const auto isNew = [](const auto& owner) { return owner.enums.HasNone(); };
     for (const auto& newcomer : Newcomers(owners, isNew)) {
         newcomer->enums.Follow(owners[0]->enums);
     }
-    owners[0]->enums.Append(std::move(list));
+    return owners[0]->enums.SharedLists();
 }
 
 }  // namespace vexil

@@ -92,18 +92,24 @@ bool HandleValueDescriptions(std::string_view text) {
     std::shared_ptr<const std::string> kept;
     bool isFirst = true;
     return OfferToSignals(text, keyword::VAL_, [&](SignalsOfName found, Position from) {
-        auto list = std::make_shared<DescriptionList>();
-        if (std::exchange(isFirst, false)) {
-            if (!list->AddPairs(text, from)) {
-                return;
-            }
-        } else {
+        if (!std::exchange(isFirst, false)) {
             if (kept == nullptr) {
                 kept = std::make_shared<const std::string>(text);
             }
-            list->AddPairsLater(kept, from);
+            ListsOf(found.signals).AppendPairs(kept, from);
+            return;
         }
-        AppendDescriptions(found.signals, std::move(list));
+        DescriptionList* own =
+            found.signals.size() == 1 ? found.signals[0]->enums.OwnList() : nullptr;
+        if (own != nullptr) {
+            own->AddPairs(text, from);
+            return;
+        }
+        DescriptionList list;
+        list.AddPairs(text, from);
+        if (!list.IsEmpty()) {
+            ListsOf(found.signals).Append(std::move(list));
+        }
     });
 }
 

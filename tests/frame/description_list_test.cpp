@@ -6,7 +6,6 @@
 
 #include <limits>
 #include <map>
-#include <memory>
 #include <string>
 
 #include "support/random_text.h"
@@ -21,6 +20,7 @@ constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
 TEST(DescriptionList, IsEmptyWhenMade) {
     const DescriptionList descriptions;
+    EXPECT_TRUE(descriptions.IsEmpty());
     EXPECT_EQ(descriptions.Sorted(), Entries{});
 }
 
@@ -58,33 +58,34 @@ TEST(DescriptionList, TakesWhatAnotherHas) {
 TEST(DescriptionList, TakesPairsOfANumberAndAText) {
     DescriptionList descriptions;
     descriptions.Add(1, "a");
-    EXPECT_TRUE(descriptions.AddPairs("x 1 \"b\" 0 \"c\" ;", 1));
+    descriptions.AddPairs("x 1 \"b\" 0 \"c\" ;", 1);
     EXPECT_EQ(descriptions.Sorted(), (Entries{{0, "c"}, {1, "a - b"}}));
 }
 
 TEST(DescriptionList, ShiftsByAQuoteWhereNoNumberStands) {
     DescriptionList descriptions;
-    EXPECT_TRUE(descriptions.AddPairs("S x \"1\" 2 \"3\" 4 \"", 1));
+    descriptions.AddPairs("S x \"1\" 2 \"3\" 4 \"", 1);
     EXPECT_EQ(descriptions.Sorted(), (Entries{{1, " 2 "}, {3, " 4 "}}));
 }
 
-TEST(DescriptionList, TellsThatThereIsNoPair) {
+TEST(DescriptionList, TakesNothingWhereNoPairStands) {
     DescriptionList descriptions;
-    EXPECT_FALSE(descriptions.AddPairs("S x ;", 1));
-    EXPECT_FALSE(descriptions.AddPairs("S 1 ;", 1));
-    EXPECT_FALSE(descriptions.AddPairs("S", 1));
+    descriptions.AddPairs("S x ;", 1);
+    descriptions.AddPairs("S 1 ;", 1);
+    descriptions.AddPairs("S", 1);
     EXPECT_EQ(descriptions.Sorted(), Entries{});
 }
 
-TEST(DescriptionList, TakesPairsOnceSomebodyLooks) {
-    const auto text = std::make_shared<const std::string>("x 2 \"a\" 1 \"b\"");
+TEST(DescriptionList, IsEmptyWhenCleared) {
     DescriptionList descriptions;
-    descriptions.AddPairsLater(text, 1);
-    EXPECT_EQ(text.use_count(), 2);
-    EXPECT_EQ(descriptions.Sorted(), (Entries{{1, "b"}, {2, "a"}}));
-    EXPECT_EQ(text.use_count(), 1);
-    descriptions.Add(2, "c");
-    EXPECT_EQ(descriptions.Sorted(), (Entries{{1, "b"}, {2, "a - c"}}));
+    descriptions.Add(2, "two");
+    EXPECT_FALSE(descriptions.IsEmpty());
+    descriptions.Add(1, "one");
+    descriptions.Clear();
+    EXPECT_TRUE(descriptions.IsEmpty());
+    EXPECT_EQ(descriptions.Sorted(), Entries{});
+    descriptions.Add(1, "eins");
+    EXPECT_EQ(descriptions.Sorted(), (Entries{{1, "eins"}}));
 }
 
 // Against a map, with looks at the entries in between.

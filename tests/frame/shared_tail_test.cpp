@@ -30,56 +30,30 @@ std::vector<std::size_t> NewcomersOf(const std::vector<bool>& areNew) {
     return positions;
 }
 
-TEST(SharedTail, IsEmptyWhenMade) {
+TEST(SharedTail, IsAllOfANewContainerWhenMade) {
     const Tail tail;
     EXPECT_TRUE(tail.IsEmpty());
     EXPECT_EQ(tail.Start(), 0U);
-    EXPECT_FALSE(tail.IsAlone());
+    EXPECT_EQ(tail.Whole(), "");
 }
 
 TEST(SharedTail, GrowsWithItsContainer) {
-    Tail tail;
-    EXPECT_EQ(tail.Whole(), "");
-    EXPECT_TRUE(tail.IsEmpty());
-    EXPECT_TRUE(tail.IsAlone());
+    const Tail tail;
     tail.Whole() += "ab";
     EXPECT_FALSE(tail.IsEmpty());
-    EXPECT_EQ(tail.Present(), "ab");
+    EXPECT_EQ(tail.Whole(), "ab");
     EXPECT_EQ(tail.Start(), 0U);
 }
 
-TEST(SharedTail, StartsWhereItFollows) {
-    Tail first;
+TEST(SharedTail, StartsInsideTheContainerOfAnother) {
+    const Tail first;
     first.Whole() = "ab";
-    Tail second;
-    second.Follow(first, 2);
+    const Tail second(first, 2);
     EXPECT_TRUE(second.IsEmpty());
-    EXPECT_FALSE(first.IsAlone());
-    EXPECT_FALSE(second.IsAlone());
     first.Whole() += "c";
     EXPECT_FALSE(second.IsEmpty());
     EXPECT_EQ(second.Start(), 2U);
-    EXPECT_EQ(&second.Present(), &first.Present());
-}
-
-TEST(SharedTail, GivesTheContainerToWhomItFollows) {
-    Tail first;
-    Tail second;
-    second.Follow(first, 0);
-    second.Whole() += "a";
-    EXPECT_EQ(first.Whole(), "a");
-}
-
-TEST(SharedTail, LeavesTheOthersWhenCleared) {
-    Tail first;
-    first.Whole() = "ab";
-    Tail second;
-    second.Follow(first, 1);
-    second.Clear();
-    EXPECT_TRUE(second.IsEmpty());
-    EXPECT_EQ(second.Start(), 0U);
-    EXPECT_EQ(first.Present(), "ab");
-    EXPECT_TRUE(first.IsAlone());
+    EXPECT_EQ(&second.Whole(), &first.Whole());
 }
 
 TEST(Newcomers, AreTheLastOfTheOwnersButNeverTheFirst) {

@@ -20,15 +20,15 @@ struct Owner {
     ValueDescriptions enums;
 };
 
-std::shared_ptr<DescriptionList> ListOf(const Entries& entries) {
-    auto list = std::make_shared<DescriptionList>();
-    list->AddAll(entries);
+DescriptionList ListOf(const Entries& entries) {
+    DescriptionList list;
+    list.AddAll(entries);
     return list;
 }
 
 TEST(ValueDescriptions, AreNoneWhenMade) {
     const ValueDescriptions descriptions;
-    EXPECT_TRUE(descriptions.HasNoList());
+    EXPECT_TRUE(descriptions.HasNone());
     EXPECT_EQ(descriptions.Count(), 0U);
     EXPECT_EQ(descriptions.Sorted(), Entries{});
 }
@@ -36,7 +36,7 @@ TEST(ValueDescriptions, AreNoneWhenMade) {
 TEST(ValueDescriptions, TakeOneAfterTheOther) {
     ValueDescriptions descriptions;
     descriptions.Add(2, "two");
-    EXPECT_FALSE(descriptions.HasNoList());
+    EXPECT_FALSE(descriptions.HasNone());
     EXPECT_EQ(descriptions.Count(), 1U);
     descriptions.Add(1, "one");
     descriptions.Add(2, "zwei");
@@ -48,34 +48,34 @@ TEST(ValueDescriptions, AreNoneWhenCleared) {
     ValueDescriptions descriptions;
     descriptions.Add(1, "one");
     descriptions.Clear();
-    EXPECT_TRUE(descriptions.HasNoList());
+    EXPECT_TRUE(descriptions.HasNone());
     EXPECT_EQ(descriptions.Count(), 0U);
     EXPECT_EQ(descriptions.Sorted(), Entries{});
 }
 
 TEST(ValueDescriptions, JoinTheTextsOfSeveralLists) {
     ValueDescriptions descriptions;
-    descriptions.Append(ListOf({{2, "a"}, {5, "b"}}));
+    descriptions.SharedLists().Append(ListOf({{2, "a"}, {5, "b"}}));
     EXPECT_EQ(descriptions.Sorted(), (Entries{{2, "a"}, {5, "b"}}));
-    descriptions.Append(ListOf({{1, "c"}, {2, "d"}}));
+    descriptions.SharedLists().Append(ListOf({{1, "c"}, {2, "d"}}));
     EXPECT_EQ(descriptions.Count(), 3U);
     EXPECT_EQ(descriptions.Sorted(), (Entries{{1, "c"}, {2, "a - d"}, {5, "b"}}));
     EXPECT_EQ(descriptions.Count(), 3U);
-    descriptions.Append(ListOf({{2, "e"}}));
+    descriptions.SharedLists().Append(ListOf({{2, "e"}}));
     EXPECT_EQ(descriptions.Sorted(), (Entries{{1, "c"}, {2, "a - d - e"}, {5, "b"}}));
 }
 
 TEST(ValueDescriptions, FollowFromTheNextListOn) {
     ValueDescriptions first;
-    first.Append(ListOf({{1, "a"}}));
+    first.SharedLists().Append(ListOf({{1, "a"}}));
     ValueDescriptions second;
     second.Follow(first);
-    EXPECT_TRUE(second.HasNoList());
+    EXPECT_TRUE(second.HasNone());
     EXPECT_EQ(second.Count(), 0U);
-    first.Append(ListOf({{1, "b"}}));
+    first.SharedLists().Append(ListOf({{1, "b"}}));
     ValueDescriptions third;
     third.Follow(first);
-    first.Append(ListOf({{2, "c"}}));
+    first.SharedLists().Append(ListOf({{2, "c"}}));
     // To and fro, since what several lists give is kept for the last look alone.
     for (int look = 0; look < 2; ++look) {
         EXPECT_EQ(first.Sorted(), (Entries{{1, "a - b"}, {2, "c"}}));
@@ -89,39 +89,54 @@ TEST(ValueDescriptions, FollowFromTheNextListOn) {
 
 TEST(ValueDescriptions, AreAddedToNoOtherThatSharesThem) {
     ValueDescriptions first;
-    first.Append(ListOf({{1, "a"}}));
+    first.SharedLists().Append(ListOf({{1, "a"}}));
     ValueDescriptions second;
     second.Follow(first);
-    first.Append(ListOf({{3, "b"}}));
+    first.SharedLists().Append(ListOf({{3, "b"}}));
     second.Add(3, "c");
     first.Add(2, "d");
     EXPECT_EQ(first.Sorted(), (Entries{{1, "a"}, {2, "d"}, {3, "b"}}));
     EXPECT_EQ(second.Sorted(), (Entries{{3, "b - c"}}));
 }
 
-TEST(ValueDescriptions, AreAddedToNoListThatOthersHold) {
-    const std::shared_ptr<DescriptionList> list = ListOf({{1, "a"}});
-    ValueDescriptions first;
-    first.Append(list);
-    ValueDescriptions second;
-    second.Append(list);
-    first.Add(1, "b");
-    EXPECT_EQ(first.Sorted(), (Entries{{1, "a - b"}}));
-    EXPECT_EQ(second.Sorted(), (Entries{{1, "a"}}));
+TEST(ValueDescriptions, KeepTheirOwnListInFrontOfThoseThatTheyShare) {
+    ValueDescriptions descriptions;
+    ASSERT_NE(descriptions.OwnList(), nullptr);
+    descriptions.OwnList()->Add(1, "a");
+    descriptions.SharedLists().Append(ListOf({{1, "b"}}));
+    EXPECT_EQ(descriptions.OwnList(), nullptr);
+    EXPECT_EQ(descriptions.Sorted(), (Entries{{1, "a - b"}}));
+    descriptions.Clear();
+    EXPECT_TRUE(descriptions.HasNone());
+    EXPECT_NE(descriptions.OwnList(), nullptr);
+}
+
+TEST(ValueDescriptions, TakePairsOnceSomebodyLooks) {
+    const auto text = std::make_shared<const std::string>("x 2 \"a\" 1 \"b\"");
+    ValueDescriptions descriptions;
+    descriptions.SharedLists().AppendPairs(text, 1);
+    EXPECT_FALSE(descriptions.HasNone());
+    EXPECT_EQ(text.use_count(), 2);
+    EXPECT_EQ(descriptions.Count(), 2U);
+    EXPECT_EQ(text.use_count(), 1);
+    EXPECT_EQ(descriptions.Sorted(), (Entries{{1, "b"}, {2, "a"}}));
+    descriptions.SharedLists().AppendPairs(text, 5);
+    EXPECT_EQ(descriptions.Sorted(), (Entries{{1, "b - b"}, {2, "a"}}));
+    EXPECT_EQ(text.use_count(), 1);
 }
 
 TEST(ValueDescriptions, AreNotAddedInFrontOfTheFirst) {
     ValueDescriptions second;
     {
         ValueDescriptions first;
-        first.Append(ListOf({{1, "a"}}));
+        first.SharedLists().Append(ListOf({{1, "a"}}));
         second.Follow(first);
     }
     second.Add(2, "b");
     EXPECT_EQ(second.Sorted(), (Entries{{2, "b"}}));
 }
 
-TEST(AppendDescriptions, GivesEachOwnerWhatItWouldHaveAlone) {
+TEST(ListsOf, ReachEachOwnerAsItWouldBeAlone) {
     for (std::uint32_t seed = 1; seed <= 500 && !HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         test::RandomText random(seed);
@@ -137,7 +152,7 @@ TEST(AppendDescriptions, GivesEachOwnerWhatItWouldHaveAlone) {
                 entries.emplace_back(static_cast<std::int32_t>(random.Below(6)),
                                      std::string(1, static_cast<char>('a' + random.Below(26))));
             }
-            AppendDescriptions(owners, ListOf(entries));
+            ListsOf(owners).Append(ListOf(entries));
             for (DescriptionList& list : expected) {
                 list.AddAll(entries);
             }
