@@ -70,8 +70,6 @@ bool CANSignal::ParseNameAndMultiplex(std::string_view text, Position from, Posi
 // purpose: the last "m" or "M" decides, so "m0M" is part of a name, and a signal that is called M
 // or m1 has no name left.
 bool CANSignal::ParseMultiplexIndicator(std::string_view head, Position& nameEnd) {
-    multiplexType = MultiplexNone;
-    multiplexValue = 0;
     const Position at = FindLastM(head);
     if (at == npos || !IsSpace(head[at - 1])) {
         return false;

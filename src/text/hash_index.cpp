@@ -31,8 +31,7 @@ void HashIndex::Add(std::size_t hash, std::size_t position) {
 }
 
 void HashIndex::Clear() {
-    std::vector<Slot>().swap(slots);
-    count = 0;
+    *this = HashIndex();
 }
 
 void HashIndex::Place(Slot slot) {

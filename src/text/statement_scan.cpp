@@ -67,29 +67,23 @@ void StatementFile::TakeStatement(Position end) {
 
 bool StatementFile::NextStatement() {
     if (parseState != StateReading) {
-        buffer.clear();
         return false;
     }
     if (keywordPending) {
         keywordOffset = nextKeywordOffset;
         keywordIndex = nextKeywordIndex;
     } else if (!FindFirstKeyword()) {
-        buffer.clear();
         return false;
     }
 
-    const bool needsSemicolon = keywordTable[keywordIndex].needsSemicolon;
-    int needed = 1;
-    int found = 0;
+    bool wantsSemicolon = keywordTable[keywordIndex].needsSemicolon;
     for (;;) {
         if (FindKeyword(scanPosition, nextKeywordIndex, nextKeywordOffset, scanPosition)) {
-            ++found;
-        }
-        if (needsSemicolon && found == 1 && !EndsInSemicolon(StatementUpTo(nextKeywordOffset))) {
-            needed = 2;
-        } else if (found >= needed) {
-            TakeStatement(nextKeywordOffset);
-            return true;
+            if (!wantsSemicolon || EndsInSemicolon(StatementUpTo(nextKeywordOffset))) {
+                TakeStatement(nextKeywordOffset);
+                return true;
+            }
+            wantsSemicolon = false;
         }
         scanPosition = buffer.size();
         if (parseState != StateReading || buffer.size() - keywordOffset > StatementLimit) {
@@ -98,7 +92,6 @@ bool StatementFile::NextStatement() {
         // What stands in front of the statement has been given out: room for the next line.
         buffer.erase(0, keywordOffset);
         scanPosition -= keywordOffset;
-        nextKeywordOffset -= keywordOffset;
         keywordOffset = 0;
         ReadLine();
     }
