@@ -93,6 +93,20 @@ TEST(Comment, ChangesAloneWhenItIsSet) {
     EXPECT_EQ(second, "c");
 }
 
+TEST(Comment, LeavesTheOthersWhenCleared) {
+    Comment first;
+    first = "a";
+    Comment second;
+    second.Follow(first, "b");
+    first.Append("b");
+    first.Clear();
+    EXPECT_EQ(first, "");
+    EXPECT_EQ(second, "b");
+    first.Append("c");
+    EXPECT_EQ(first, "c");
+    EXPECT_EQ(second, "b");
+}
+
 TEST(AppendComment, GivesEachOwnerWhatItWouldHaveAlone) {
     for (std::uint32_t seed = 1; seed <= 500 && !HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
