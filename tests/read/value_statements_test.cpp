@@ -378,6 +378,19 @@ TEST_F(HandleValueType, ReachesSignalsThatCameAfterAnEarlierStatement) {
     EXPECT_EQ(types, (std::vector<std::uint32_t>{2, 3, 2, 3, 2, 2, 3, 2, 3, 2, 2, 3, 2, 3, 0}));
 }
 
+TEST(MatchSignalName, TellsWhereTheNameEndsAndForgetsItOtherwise) {
+    CANSignal signal;
+    signal.rawName = "A B";
+    Position end = 0;
+    EXPECT_TRUE(signal.MatchSignalName("7  A B 1", 1, end));
+    EXPECT_EQ(end, 6U);
+    EXPECT_FALSE(signal.MatchSignalName("7  A C 1", 1, end));
+    EXPECT_EQ(end, npos);
+    end = 0;
+    EXPECT_FALSE(signal.MatchSignalName("7 ", 1, end));
+    EXPECT_EQ(end, npos);
+}
+
 TEST_F(HandleValueType, NeedsTheWholeNameBehindTheId) {
     struct Row {
         std::string_view name;
