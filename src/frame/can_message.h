@@ -32,8 +32,8 @@ class CANMessage {
     std::vector<std::shared_ptr<CANSignal>> signals;  // at most MaxSignalsPerMessage
     SharedText rawName;                               // name as it stands in the file
     SharedText longName;                              // name for display
-    SharedText name;  // identifier form of longName, at most 32 bytes
-    Comment comment;
+    SharedText name;                        // identifier form of longName, at most 32 bytes
+    Comment comment;                        // shared by the messages of one id
     std::string transmitter;                // sending node, identifier form; may be empty
     std::string sendType;                   // GenMsgSendType, identifier form
     std::int32_t cycleTime = 0;             // GenMsgCycleTime

@@ -38,11 +38,11 @@ class CANSignal {
     SharedText rawName;              // name as it stands in the file
     SharedText longName;             // name for display
     SharedText name;                 // identifier form of longName, at most 32 bytes
-    Comment comment;
-    ValueDescriptions enums;
-    std::string unit;      // unit in ASCII
-    std::string unitUtf8;  // unit as given
-    NodeList receivers;    // receiving nodes, identifier form
+    Comment comment;                 // shared by the signals of one id and name
+    ValueDescriptions enums;         // likewise
+    std::string unit;                // unit in ASCII
+    std::string unitUtf8;            // unit as given
+    NodeList receivers;              // receiving nodes, identifier form
     std::uint32_t multiplexType = MultiplexNone;
     std::uint32_t multiplexValue = 0;  // value of the selector at which the signal is present
     std::uint32_t startBit = 0;
@@ -111,11 +111,11 @@ class CANSignal {
     // The steps of Parse. Each starts at from and sets next to the position behind what it took; a
     // step finds its separators by searching onward, wherever they stand.
     bool ParseNameAndMultiplex(std::string_view text, Position from, Position& next);
-    bool ParseMultiplexIndicator(std::string_view head, Position& nameEnd);
+    void ParseMultiplexIndicator(std::string_view head, Position& nameEnd);
     bool ParseBitLayout(std::string_view text, Position from, Position& next);
     bool ParseScaling(std::string_view text, Position from, Position& next);
     bool ParseRange(std::string_view text, Position from, Position& next);
-    bool ParseUnit(std::string_view text, Position from, Position& next);
+    void ParseUnit(std::string_view text, Position from, Position& next);
 };
 
 }  // namespace vexil

@@ -40,8 +40,8 @@ class DescriptionLists {
   private:
     struct Item {
         DescriptionList list;
-        std::shared_ptr<const std::string> pairs = {};  // what is to be added to it, ...
-        Position from = npos;                           // ... and from where on; null when it is
+        std::shared_ptr<const std::string> pairs = {};  // text still to be taken apart, or null
+        Position from = npos;                           // where its pairs start
     };
 
     // What several lists give. Put together when somebody looks, which few do, and kept for the
@@ -94,8 +94,8 @@ class ValueDescriptions {
     std::variant<DescriptionList, Tail> content;  // of its own, or shared
 };
 
-// The lists that what is appended to reaches each of the owners. REQUIRES: owners is not empty, and
-// holds those of all earlier calls with later ones behind them.
+// The lists that each of the owners shares: what is appended to them reaches all. REQUIRES: owners
+// is not empty, and holds those of all earlier calls with later ones behind them.
 template <typename Owners>
 DescriptionLists& ListsOf(const Owners& owners) {
     const auto isNew = [](const auto& owner) { return owner.enums.HasNone(); };

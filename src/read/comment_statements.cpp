@@ -7,8 +7,6 @@
 // The text is all between the first and the last quote of the statement, quotes inside it included.
 // Comments of anything else are nobody's and are dropped.
 // SPDX-License-Identifier: MIT
-#include <string>
-
 #include "frame/can_database.h"
 #include "frame/comment.h"
 #include "read/handlers.h"

@@ -69,27 +69,26 @@ bool CANSignal::ParseNameAndMultiplex(std::string_view text, Position from, Posi
 // the colon: " M", or " m" and a number. nameEnd: moved to the indicator when there is one. Kept on
 // purpose: the last "m" or "M" decides, so "m0M" is part of a name, and a signal that is called M
 // or m1 has no name left.
-bool CANSignal::ParseMultiplexIndicator(std::string_view head, Position& nameEnd) {
+void CANSignal::ParseMultiplexIndicator(std::string_view head, Position& nameEnd) {
     const Position at = FindLastM(head);
     if (at == npos || !IsSpace(head[at - 1])) {
-        return false;
+        return;
     }
     const std::string_view rest = head.substr(at + 1);
     if (head[at] == 'M') {
         if (FindNonSpace(rest, 0) != npos) {
-            return false;
+            return;
         }
         multiplexType = MultiplexSelector;
     } else {
         // The letters of hexadecimal numbers pass, but the number is read as a decimal one.
         if (rest.find_first_not_of("0123456789abcdefABCDEFx \t") != npos ||
             !TryParseU32(rest, multiplexValue)) {
-            return false;
+            return;
         }
         multiplexType = MultiplexSelected;
     }
     nameEnd = at;
-    return true;
 }
 
 bool CANSignal::ParseBitLayout(std::string_view text, Position from, Position& next) {
@@ -140,12 +139,12 @@ bool CANSignal::ParseRange(std::string_view text, Position from, Position& next)
     return true;
 }
 
-bool CANSignal::ParseUnit(std::string_view text, Position from, Position& next) {
+void CANSignal::ParseUnit(std::string_view text, Position from, Position& next) {
     // Without quotes the receivers start one character on, whatever that is.
     next = from + 1;
     const Position quote = text.find('"', from);
     if (quote == npos) {
-        return true;
+        return;
     }
     Position closing = npos;
     unitUtf8 = Trimmed(TextUpToChar(text, quote + 1, '"', closing));
@@ -153,7 +152,6 @@ bool CANSignal::ParseUnit(std::string_view text, Position from, Position& next) 
     if (closing != npos) {
         next = closing + 1;
     }
-    return true;
 }
 
 void CANSignal::ParseReceivers(std::string_view list) {
