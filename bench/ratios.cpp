@@ -6,38 +6,23 @@
 //   vexil64_ratios --hostile  the table of the hostile inputs
 //   vexil64_ratios --smoke    a table of small inputs, measured once, to see that all of it works
 //   vexil64_ratios --peak F   reads the file F and prints the bytes of memory that it took
+//   vexil64_ratios --measure  for the table of the hostile inputs, see hostile.h
 // SPDX-License-Identifier: MIT
-#include <algorithm>
-#include <chrono>
 #include <cstdio>
-#include <fstream>
-#include <functional>
 #include <iomanip>
 #include <iostream>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "figures.h"
+#include "hostile.h"
 #include "inputs.h"
 #include "support/files.h"
 #include "work.h"
 
 namespace vexil::bench {
 namespace {
-
-using Clock = std::chrono::steady_clock;
-using Work = std::function<void()>;
-
-double Seconds(const Work& work) {
-    const auto start = Clock::now();
-    work();
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 struct Comparison {
     double seconds = 0;      // of the work
@@ -79,18 +64,6 @@ void PrintNumber(const std::string& name, double number) {
 }
 
 // -- Memory --
-
-// The greatest number of bytes that this process has had in memory.
-std::uint64_t PeakMemory() {
-    std::ifstream status("/proc/self/status");
-    std::string word;
-    while (status >> word && word != "VmHWM:") {
-    }
-    std::uint64_t kilobytes = 0;
-    status >> kilobytes;
-    Check(!status.fail(), "the system does not tell the memory in use");
-    return kilobytes * 1024;
-}
 
 int PrintPeak(const std::string& path) {
     const std::uint64_t before = PeakMemory();
@@ -200,28 +173,25 @@ int PrintTable(Table&& table, const std::vector<NamedDatabase>& databases) {
     return 0;
 }
 
-int PrintHostileTable(Table&& table, std::size_t size) {
-    PrintHead();
-    for (const NamedDatabase& named : HostileDatabases(size)) {
-        table.Load(named);
-        table.Read();
-    }
-    return 0;
-}
-
 int Run(const std::vector<std::string>& arguments) {
     const std::string mode = arguments.size() > 1 ? arguments[1] : "";
     if (mode == "--peak" && arguments.size() == 3) {
         return PrintPeak(arguments[2]);
     }
+    if (mode == "--measure" && arguments.size() == 5) {
+        PrintMeasurement(arguments[2], arguments[3], std::stoi(arguments[4]));
+        return 0;
+    }
     if (mode == "--smoke" && arguments.size() == 2) {
-        return PrintTable({arguments[0], 1}, {{"wide", [] { return WideDatabase(MiB / 8); }},
-                                              {"tall", [] { return TallDatabase(100); }},
-                                              {"names", [] { return NamesDatabase(100); }}}) +
-               PrintHostileTable({arguments[0], 1}, 4096);
+        PrintTable({arguments[0], 1}, {{"wide", [] { return WideDatabase(MiB / 8); }},
+                                       {"tall", [] { return TallDatabase(100); }},
+                                       {"names", [] { return NamesDatabase(100); }}});
+        PrintHostileTable(arguments[0], 4096, 1);
+        return 0;
     }
     if (mode == "--hostile" && arguments.size() == 2) {
-        return PrintHostileTable({arguments[0], 5}, MiB);
+        PrintHostileTable(arguments[0], MiB, 3);
+        return 0;
     }
     if (mode.empty()) {
         return PrintTable({arguments[0], 9}, PlainDatabases());

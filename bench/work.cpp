@@ -71,6 +71,10 @@ void CheckDatabase(const Database& expected) {
 
 std::uint64_t FetchRecords() {
     std::uint64_t records = 0;
+    ParseError error;
+    for (std::uint32_t index = 0; VexilGetErrorData(index, &error) == 1; ++index) {
+        ++records;
+    }
     ForEachMessage([&](std::uint32_t messageIndex, const CanMessageRecord& message) {
         ++records;
         ForEachSignal(
@@ -85,6 +89,23 @@ std::uint64_t FetchRecords() {
             });
     });
     return records;
+}
+
+std::uint64_t FetchFirstDescriptions() {
+    std::uint64_t signals = 0;
+    ForEachMessage([&](std::uint32_t messageIndex, const CanMessageRecord& message) {
+        ForEachSignal(
+            messageIndex, message, [&](std::uint32_t signalIndex, const CanSignalRecord&) {
+                std::uint32_t count = 0;
+                CanEnumRecord record;
+                Check(VexilGetNumEnumsInCanSignal(messageIndex, signalIndex, &count) == 1 &&
+                          (count == 0 ||
+                           VexilGetCanSignalEnumData(messageIndex, signalIndex, 0, &record) == 1),
+                      "the first value description was not fetched");
+                ++signals;
+            });
+    });
+    return signals;
 }
 
 void WriteDatabase(const std::string& path) {

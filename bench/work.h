@@ -29,6 +29,10 @@ void CheckDatabase(const Database& expected);
 // Fetches all records. Returns their number.
 std::uint64_t FetchRecords();
 
+// Fetches of each signal its record, the number of its value descriptions and the first of them, as
+// a host does that shows a list. Returns the number of signals.
+std::uint64_t FetchFirstDescriptions();
+
 void WriteDatabase(const std::string& path);
 
 // -- The bare loops --

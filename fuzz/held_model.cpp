@@ -15,17 +15,25 @@
 namespace vexil::fuzz {
 namespace {
 
+std::string WholeComment(const Notes& notes) {
+    LineBuffer comment;
+    notes.AppendComment(comment);
+    return std::string(comment.Text());
+}
+
 test::ModelSignal ModelOf(const CANSignal& signal) {
-    Expect(!signal.isEmpty, "no signal of the database is empty");
     test::ModelSignal model;
     model.name = signal.name;
     model.hasNameSuffix = signal.hasNameSuffix;
     model.longName = signal.longName;
     model.unit = signal.unit;
     model.unitUtf8 = signal.unitUtf8;
-    signal.receivers.ForEach(
-        [&model](std::string_view node) { model.receivers.emplace_back(node); });
-    model.comment = signal.comment;
+    for (std::string_view rest = signal.receivers; !rest.empty();) {
+        const std::size_t comma = std::min(rest.find(','), rest.size());
+        model.receivers.emplace_back(rest.substr(0, comma));
+        rest.remove_prefix(std::min(comma + 1, rest.size()));
+    }
+    model.comment = WholeComment(signal.notes);
     model.multiplexType = signal.multiplexType;
     model.multiplexValue = signal.multiplexValue;
     model.startBit = signal.startBit;
@@ -38,24 +46,31 @@ test::ModelSignal ModelOf(const CANSignal& signal) {
     model.maximum = signal.maximum;
     model.startValue = signal.startValue;
     model.inactiveValue = signal.inactiveValue;
-    for (const auto& [value, text] : signal.enums.Sorted()) {
-        Expect(model.enums.emplace(value, text).second, "each value is described once");
+    // Those that the database looked at last stay as they are.
+    Descriptions descriptions;
+    descriptions.LookAt(signal.notes);
+    LineBuffer scratch;
+    for (std::size_t at = 0; at < descriptions.Count(); ++at) {
+        const std::string text(descriptions.Text(at, scratch, npos));
+        Expect(model.enums.emplace(descriptions.ValueAt(at), text).second,
+               "each value is described once");
     }
     return model;
 }
 
 test::ModelMessage ModelOf(const CANMessage& message) {
-    Expect(!message.isEmpty, "no message of the database is empty");
+    Expect(database.owners.FindMessage(message.id) == nullptr,
+           "a call leaves no messages under their ids");
     test::ModelMessage model;
     model.id = message.id;
     model.dlc = message.dlc;
     model.name = message.name;
     model.longName = message.longName;
     model.transmitter = message.transmitter;
-    model.comment = message.comment;
+    model.comment = WholeComment(message.notes);
     model.sendType = message.sendType;
     model.cycleTime = message.cycleTime;
-    for (const auto& signal : message.signals) {
+    for (const CANSignal* const signal : message.signals) {
         model.signals.push_back(ModelOf(*signal));
     }
     return model;
@@ -143,16 +158,15 @@ void TellSignal(Lines& lines, const test::ModelSignal& signal) {
 }  // namespace
 
 test::Model HeldModel() {
-    Expect(database.messagesById.Size() == 0, "a call leaves no messages under their ids");
-    Expect(database.attributes.definitions.empty() && database.attributes.values.empty(),
+    Expect(database.attributes.definitions.empty() && database.attributes.values.Size() == 0,
            "a call leaves no attributes");
     test::Model model;
     model.info = database.info;
-    for (const auto& message : database.messages) {
-        model.messages.push_back(ModelOf(*message));
+    for (std::size_t at = 0; at < database.messages.Size(); ++at) {
+        model.messages.push_back(ModelOf(database.messages[at]));
     }
-    for (const ParseError& error : database.parseErrors) {
-        model.errorCodes.push_back(error.code);
+    for (std::size_t at = 0; at < database.parseErrors.Size(); ++at) {
+        model.errorCodes.push_back(database.parseErrors[at].code);
     }
     return model;
 }

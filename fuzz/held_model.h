@@ -10,7 +10,7 @@
 namespace vexil::fuzz {
 
 // The model of what the library has now. Ends the process when the library holds what no call may
-// leave: an empty message or signal, or the tables of a read.
+// leave: the tables of a read.
 test::Model HeldModel();
 
 // Every member, line by line. Numbers are told to the bit, so -0 and 0 differ.

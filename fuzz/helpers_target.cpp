@@ -15,6 +15,7 @@
 #include "attributes/tokens.h"
 #include "expect.h"
 #include "frame/model_text.h"
+#include "frame/notes.h"
 #include "frame/record_text.h"
 #include "property/text_rules.h"
 #include "scratch_file.h"
@@ -22,8 +23,10 @@
 #include "support/reference_text.h"
 #include "support/token_twin.h"
 #include "target.h"
+#include "text/keyed_hash.h"
 #include "text/keywords.h"
 #include "text/lexical.h"
+#include "text/line_buffer.h"
 #include "text/statement_file.h"
 #include "text/utf8_text.h"
 #include "vexil64.h"
@@ -79,7 +82,7 @@ void CheckKeywords(const Input& input) {
                                       [&](const auto& entry) { return entry.text == token; });
         ExpectSame(KeywordRowOf(token), static_cast<std::size_t>(row - reference::Keywords.begin()),
                    "KeywordRowOf");
-        Expect(row == reference::Keywords.end() || BeginsKeyword(token.front()), "BeginsKeyword");
+        Expect(row == reference::Keywords.end() || MayEndKeyword(token.back()), "MayEndKeyword");
     }
 }
 
@@ -104,7 +107,7 @@ void CheckUtf8(const Input& input, const std::string& valid) {
             return reference::Utf8FitLength(input.text, bufferSize, length);
         },
         "Utf8FitLength");
-    std::string out = "before";
+    std::string_view out = "before";
     std::string expected = "before";
     const std::vector<char> buffer(input.text.begin(),
                                    input.text.begin() + static_cast<std::ptrdiff_t>(bufferSize));
@@ -117,7 +120,7 @@ void CheckUtf8(const Input& input, const std::string& valid) {
     CheckArray<LongTextSize>(oneText);
 }
 
-// -- Ranges and identifiers ---------------------------------------------------------------------
+// -- Ranges and forms ----------------------------------------------------------------------------
 
 void CheckRanges(const Input& input) {
     std::uint32_t value = 99;
@@ -141,16 +144,17 @@ void CheckRanges(const Input& input) {
     ExpectSame(std::string(Trimmed(input.text)), reference::Trimmed(input.text), "Trimmed");
 }
 
-void CheckIdentifiers(const std::string& text, const std::string& valid) {
+void CheckForms(const std::string& text, const std::string& valid) {
     ExpectSame(IsValidCIdentifier(text), reference::IsValidCIdentifier(text), "IsValidCIdentifier");
     ExpectSame(MakeCIdentifier(valid), reference::MakeCIdentifier(valid), "MakeCIdentifier");
-    ExpectSame(IdentifierForm(valid), reference::MakeCIdentifier(valid), "IdentifierForm");
-    std::string cleaned = text;
-    CleanControlChars(cleaned);
-    ExpectSame(cleaned, test::WithoutLineControls(text), "CleanControlChars");
-    std::string escaped = text;
-    EscapeQuotes(escaped);
-    ExpectSame(escaped, test::WithEscapedQuotes(text), "EscapeQuotes");
+    Arena arena;
+    ExpectSame(IdentifierForm(arena, valid), reference::MakeCIdentifier(valid), "IdentifierForm");
+    ExpectSame(DisplayForm(arena, text), test::WithoutLineControls(text), "DisplayForm");
+    Notes notes;
+    notes.SetComment(arena, arena.Keep(text));
+    LineBuffer line;
+    notes.AppendComment(line);
+    ExpectSame(line.Text(), test::WithEscapedQuotes(text), "AppendComment");
 }
 
 // -- Numbers ------------------------------------------------------------------------------------
@@ -177,8 +181,10 @@ void CheckNumberText(const std::string& text) {
     double read = 0;
     numbers[1] = TryParseDouble(text, read) ? read : numbers[1];
     char expected[80];
-    std::snprintf(expected, sizeof expected, "(%.10g,%.10g)", numbers[0], numbers[1]);
-    ExpectSame(NumberPairText("(,)", numbers[0], numbers[1]), expected, "NumberPairText");
+    std::snprintf(expected, sizeof expected, " (%.10g,%.10g)", numbers[0], numbers[1]);
+    LineBuffer line;
+    NumberText().AppendPair(line, " (,)", numbers[0], numbers[1]);
+    ExpectSame(line.Text(), expected, "AppendPair");
 }
 
 // -- Tokens of attributes -----------------------------------------------------------------------
@@ -206,19 +212,26 @@ TokenClass TwinClass(const std::string& token) {
 }
 
 void CheckTokens(const std::string& text) {
-    for (const std::string_view delimiters : {" \f\n\r\t\v;,", ",", " \f\n\r\t\v;"}) {
-        const StatementTokens split = SplitStatementTokens(text, CharSet(delimiters));
-        const std::vector<std::string> expected = test::TwinTokens(text, delimiters);
-        Expect(
-            std::equal(split.tokens.begin(), split.tokens.end(), expected.begin(), expected.end()),
-            "SplitStatementTokens");
-        const std::vector<TokenClass> classes = ClassifyTokens(split.tokens);
-        ExpectSame(classes.size(), expected.size(), "ClassifyTokens");
-        for (std::size_t at = 0; at < expected.size(); ++at) {
-            ExpectSame(std::string(QuotedContent(split.tokens[at])),
-                       TwinQuotedContent(expected[at]), "QuotedContent");
-            Expect(classes[at] == TwinClass(expected[at]), "ClassifyToken");
-        }
+    const StatementTokens tokens(text);
+    const std::vector<std::string> expected = test::TwinTokens(text, " \f\n\r\t\v;,");
+    ExpectSame(tokens.Size(), expected.size(), "StatementTokens");
+    for (std::size_t at = 0; at < expected.size(); ++at) {
+        ExpectSame(tokens[at], expected[at], "StatementTokens");
+        ExpectSame(std::string(QuotedContent(tokens[at])), TwinQuotedContent(expected[at]),
+                   "QuotedContent");
+        Expect(ClassifyToken(tokens[at]) == TwinClass(expected[at]), "ClassifyToken");
+    }
+}
+
+// -- Hashes -------------------------------------------------------------------------------------
+
+void CheckHashes(const Input& input) {
+    const std::size_t second = std::min<std::size_t>(input.to, input.text.size());
+    const std::size_t first = std::min<std::size_t>(input.from, second);
+    PrefixHash hash(input.choice, input.text);
+    for (const std::size_t size : {first, second}) {
+        ExpectSame(hash.UpTo(size), KeyedHash(input.choice, input.text.substr(0, size)),
+                   "PrefixHash");
     }
 }
 
@@ -254,10 +267,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CheckKeywords(input);
     CheckUtf8(input, valid);
     CheckRanges(input);
-    CheckIdentifiers(input.text, valid);
+    CheckForms(input.text, valid);
     CheckNumbers(input.text);
     CheckNumberText(input.text);
     CheckTokens(input.text);
+    CheckHashes(input);
     CheckStatements(input.text);
     return 0;
 }

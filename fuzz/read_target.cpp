@@ -55,7 +55,7 @@ void ExpectNoWrite() {
     Expect(!std::filesystem::exists(path), "no message, no file touched");
 }
 
-// REQUIRES: the text was written of the model in the order.
+// Precondition: the text was written of the model in the order.
 void CheckTrip(const std::string& text, const test::Model& model, std::uint32_t order) {
     test::Model again = Read(text);
     if (!test::HoldsStrayKeyword(model) && !HoldsLongStatement(model)) {

@@ -10,7 +10,7 @@ namespace vexil::fuzz {
 
 // The model in the order of an Order constant, with what a file does not tell at its default and
 // the rest as a file tells it: of two models with one written form the library writes one text.
-// REQUIRES: the model was read from a file.
+// Precondition: the model was read from a file.
 test::Model WrittenForm(test::Model model, std::uint32_t order);
 
 // Whether the file of the model has a statement of several lines that is so long that a reader may

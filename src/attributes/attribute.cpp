@@ -11,7 +11,7 @@
 namespace vexil {
 namespace {
 
-bool IsInside(std::int32_t index, const std::vector<std::string>& list) {
+bool IsInside(std::int32_t index, const std::vector<std::string_view>& list) {
     return index >= 0 && static_cast<std::size_t>(index) < list.size();
 }
 
@@ -51,7 +51,7 @@ bool Attribute::SetValueFromText(AttributeContent& content, std::string_view tok
 }
 
 std::optional<std::int32_t> Attribute::FindEnumText(std::string_view text) const {
-    const auto textAt = [this](std::int32_t position) -> std::string_view {
+    const auto textAt = [this](std::int32_t position) {
         return enumValues[static_cast<std::size_t>(position)];
     };
     if (positionsByText.size() != enumValues.size()) {
@@ -69,10 +69,11 @@ std::optional<std::int32_t> Attribute::FindEnumText(std::string_view text) const
     return *entry;
 }
 
-const std::string* Attribute::EnumText(const AttributeContent& content) const {
-    return IsInside(content.enumIndex, enumValues)
-               ? &enumValues[static_cast<std::size_t>(content.enumIndex)]
-               : nullptr;
+std::optional<std::string_view> Attribute::EnumText(const AttributeContent& content) const {
+    if (!IsInside(content.enumIndex, enumValues)) {
+        return std::nullopt;
+    }
+    return enumValues[static_cast<std::size_t>(content.enumIndex)];
 }
 
 }  // namespace vexil

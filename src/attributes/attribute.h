@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,8 +15,8 @@ enum class AttributeObjectKind : std::uint32_t { Gen = 0, Msg = 1, Sig = 2 };
 
 enum class AttributeValueType : std::uint32_t { Unsup = 0, Int = 1, Enum = 2, Str = 3 };
 
-// A value or a default. The type of the attribute tells which member counts. The text is a view;
-// what stands in a table belongs to the table.
+// A value or a default. The type of the attribute says which member counts. All texts of
+// attributes are views.
 struct AttributeContent {
     std::int32_t intValue = 0;
     std::int32_t enumIndex = 0;  // position in the enumValues of the definition
@@ -26,13 +25,14 @@ struct AttributeContent {
 
 // The definition of an attribute.
 struct Attribute {
-    std::string name;
+    std::string_view name;
     AttributeObjectKind objectKind = AttributeObjectKind::Gen;
     AttributeValueType valueType = AttributeValueType::Int;
     // Bounds of an Int, kept to be written and never checked.
     std::int32_t minValue = std::numeric_limits<std::int32_t>::min();
     std::int32_t maxValue = std::numeric_limits<std::int32_t>::max();
-    std::vector<std::string> enumValues;  // the texts of an Enum, in the order of the statement
+    std::vector<std::string_view>
+        enumValues;  // the texts of an Enum, in the order of the statement
     AttributeContent defaultContent;
 
     // Sets content from a token, with its quotes if it has any: an Int from its leading number, an
@@ -44,8 +44,8 @@ struct Attribute {
     // The position of the first of enumValues that is the text; nothing when there is none.
     std::optional<std::int32_t> FindEnumText(std::string_view text) const;
 
-    // The text that an Enum's content means, owned by enumValues, or null when there is none.
-    const std::string* EnumText(const AttributeContent& content) const;
+    // The text that an Enum's content means; nothing when there is none.
+    std::optional<std::string_view> EnumText(const AttributeContent& content) const;
 
   private:
     // Positions in enumValues by text, for a list that many statements search. Made when first
@@ -53,13 +53,12 @@ struct Attribute {
     mutable std::vector<std::int32_t> positionsByText;
 };
 
-// The value that one owner has of an attribute. Definition and texts of one that stands in a table
-// belong to the table.
+// The value that one owner has of an attribute.
 struct AttributeValue {
     const Attribute* definition = nullptr;  // never null in a table
-    std::uint32_t messageId = 0;
     std::string_view signalName = {};
     AttributeContent content;
+    std::uint32_t messageId = 0;
 };
 
 }  // namespace vexil

@@ -3,8 +3,6 @@
 // SPDX-License-Identifier: MIT
 #include "attributes/attribute_section.h"
 
-#include <string>
-
 #include "attributes/attribute_text.h"
 #include "attributes/reserved_names.h"
 #include "frame/can_database.h"
@@ -48,7 +46,7 @@ const Attribute* DefineName(AttributeTable& table, std::string_view name,
 
 void AddMessageNames(AttributeTable& table, const MessageList& messages) {
     const Attribute* definition = nullptr;
-    for (const auto& message : messages) {
+    for (const CANMessage* message : messages) {
         if (message->longName == message->name) {
             continue;
         }
@@ -65,8 +63,8 @@ void AddMessageNames(AttributeTable& table, const MessageList& messages) {
 
 void AddSignalNames(AttributeTable& table, const MessageList& messages) {
     const Attribute* definition = nullptr;
-    for (const auto& message : messages) {
-        for (const auto& signal : message->signals) {
+    for (const CANMessage* message : messages) {
+        for (const CANSignal* signal : message->signals) {
             if (signal->longName == signal->name) {
                 continue;
             }
@@ -92,8 +90,9 @@ void WriteAttributeSection(StatementFile& file, const MessageList& messages) {
     DefineProtocol(table);
     AddMessageNames(table, messages);
     AddSignalNames(table, messages);
-    const std::string text = AttributeSectionText(table);
-    if (!text.empty()) {
+    LineBuffer text;
+    AppendAttributeSection(text, table);
+    if (text.Size() != 0) {
         file.WriteLine(text);
     }
 }

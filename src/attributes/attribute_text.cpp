@@ -2,17 +2,17 @@
 // SPDX-License-Identifier: MIT
 #include "attributes/attribute_text.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
-#include <utility>
 
 #include "text/constants.h"
 
 namespace vexil {
 namespace {
 
-void AppendQuoted(std::string& line, std::string_view text) {
-    line.append("\"").append(text).append("\"");
+void AppendQuoted(LineBuffer& line, std::string_view text) {
+    line.Append("\"", text, "\"");
 }
 
 // The keyword of the owner kind with a blank behind it; nothing for the network.
@@ -28,11 +28,13 @@ std::string_view OwnerKeyword(AttributeObjectKind kind) {
     return {};
 }
 
-void AppendEnumType(std::string& line, const Attribute& definition) {
-    line.append("ENUM");
-    for (const std::string& entry : definition.enumValues) {
-        line.append(&entry == &definition.enumValues.front() ? " " : ",");
+void AppendEnumType(LineBuffer& line, const Attribute& definition) {
+    line.Append("ENUM");
+    std::string_view separator = " ";
+    for (const std::string_view entry : definition.enumValues) {
+        line.Append(separator);
         AppendQuoted(line, entry);
+        separator = ",";
     }
 }
 
@@ -43,14 +45,13 @@ bool HasType(const Attribute& definition) {
            definition.valueType == AttributeValueType::Str;
 }
 
-void AppendType(std::string& line, const Attribute& definition) {
+void AppendType(LineBuffer& line, const Attribute& definition) {
     if (definition.valueType == AttributeValueType::Int) {
-        line.append("INT ").append(std::to_string(definition.minValue)).append(" ");
-        line.append(std::to_string(definition.maxValue));
+        line.Append("INT ", definition.minValue, " ", definition.maxValue);
     } else if (definition.valueType == AttributeValueType::Enum) {
         AppendEnumType(line, definition);
     } else {
-        line.append("STRING ");
+        line.Append("STRING ");
     }
 }
 
@@ -59,100 +60,82 @@ enum class EnumForm { Text, Number };
 // Whether the content has a text: an Enum may mean none of its list.
 bool HasText(const Attribute& definition, const AttributeContent& content) {
     return HasType(definition) && (definition.valueType != AttributeValueType::Enum ||
-                                   definition.EnumText(content) != nullptr);
+                                   definition.EnumText(content).has_value());
 }
 
-// Appends the content as it stands in a line. REQUIRES: it has a text.
-void AppendContent(std::string& line, const Attribute& definition, const AttributeContent& content,
+// Appends the content in the form of a line. Precondition: it has a text.
+void AppendContent(LineBuffer& line, const Attribute& definition, const AttributeContent& content,
                    EnumForm enumForm) {
     if (definition.valueType == AttributeValueType::Int) {
-        line.append(std::to_string(content.intValue));
+        line.Append(content.intValue);
     } else if (definition.valueType == AttributeValueType::Str) {
         AppendQuoted(line, content.stringValue);
     } else if (enumForm == EnumForm::Text) {
         AppendQuoted(line, *definition.EnumText(content));
     } else {
-        line.append(std::to_string(content.enumIndex));
+        line.Append(content.enumIndex);
     }
 }
 
 // Appends: keyword owner "name" and a blank.
-void AppendLineHead(std::string& line, std::string_view keyword, std::string_view owner,
+void AppendLineHead(LineBuffer& line, std::string_view keyword, std::string_view owner,
                     const Attribute& definition) {
-    line.append(keyword).append(" ").append(owner);
+    line.Append(keyword, " ", owner);
     AppendQuoted(line, definition.name);
-    line.append(" ");
+    line.Append(" ");
 }
 
-// The lines of a text with a line feed between each two.
-class Lines {
-  public:
-    // Adds the line that format puts behind a text; none when it puts nothing there.
-    template <typename Format>
-    void Add(Format format) {
-        const std::size_t start = text.size();
-        text.append(start == 0 ? "" : "\n");
-        const std::size_t lineStart = text.size();
-        text = format(std::move(text));
-        if (text.size() == lineStart) {
-            text.resize(start);
-        }
-    }
-
-    std::string Text() && { return std::move(text); }
-
-  private:
-    std::string text;
-};
+// Appends the line that append makes, with its end; nothing when append makes none.
+template <typename Append>
+void AppendLine(LineBuffer& text, Append append) {
+    const std::size_t start = text.Size();
+    append(text);
+    text.Append(text.Size() > start ? "\n" : "");
+}
 
 }  // namespace
 
-std::string AttributeSectionText(const AttributeTable& table) {
-    Lines lines;
+void AppendAttributeSection(LineBuffer& text, AttributeTable& table) {
     for (const Attribute& definition : table.definitions) {
-        lines.Add([&](std::string text) { return DefinitionText(definition, std::move(text)); });
+        AppendLine(text, [&](LineBuffer& line) { AppendDefinition(line, definition); });
     }
     for (const Attribute& definition : table.definitions) {
-        lines.Add([&](std::string text) { return DefaultText(definition, std::move(text)); });
+        AppendLine(text, [&](LineBuffer& line) { AppendDefault(line, definition); });
     }
-    for (const AttributeValue& value : table.values) {
-        lines.Add([&](std::string text) { return ValueText(value, std::move(text)); });
+    for (std::size_t at = 0; at < table.values.Size(); ++at) {
+        AppendLine(text, [&](LineBuffer& line) { AppendValue(line, table.values[at]); });
     }
-    return std::move(lines).Text();
+    text.Cut(text.Size() - std::min<std::size_t>(text.Size(), 1));
 }
 
-std::string DefinitionText(const Attribute& definition, std::string line) {
+void AppendDefinition(LineBuffer& line, const Attribute& definition) {
     if (HasType(definition)) {
         AppendLineHead(line, keyword::BA_DEF_, OwnerKeyword(definition.objectKind), definition);
         AppendType(line, definition);
-        line.append(";");
+        line.Append(";");
     }
-    return line;
 }
 
-std::string DefaultText(const Attribute& definition, std::string line) {
+void AppendDefault(LineBuffer& line, const Attribute& definition) {
     if (HasText(definition, definition.defaultContent)) {
         AppendLineHead(line, keyword::BA_DEF_DEF_, {}, definition);
         AppendContent(line, definition, definition.defaultContent, EnumForm::Text);
-        line.append(";");
+        line.Append(";");
     }
-    return line;
 }
 
-std::string ValueText(const AttributeValue& value, std::string line) {
+void AppendValue(LineBuffer& line, const AttributeValue& value) {
     const Attribute& definition = *value.definition;
     if (definition.objectKind == AttributeObjectKind::Gen || !HasText(definition, value.content)) {
-        return line;
+        return;
     }
     AppendLineHead(line, keyword::BA_, {}, definition);
-    line.append(OwnerKeyword(definition.objectKind)).append(std::to_string(value.messageId));
-    line.append(" ");
+    line.Append(OwnerKeyword(definition.objectKind), value.messageId, " ");
     if (definition.objectKind == AttributeObjectKind::Sig) {
-        line.append(value.signalName).append(" ");
+        line.Append(value.signalName, " ");
     }
     AppendContent(line, definition, value.content, EnumForm::Number);
-    line.append(";");
-    return line;
+    line.Append(";");
 }
 
 }  // namespace vexil

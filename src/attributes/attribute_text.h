@@ -2,27 +2,25 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
-
 #include "attributes/attribute_table.h"
+#include "text/line_buffer.h"
 
 namespace vexil {
 
-// Returns the lines of the table with a line feed between each two: all definitions, then all
-// defaults, then all values. Empty when the table has no definition.
-std::string AttributeSectionText(const AttributeTable& table);
+// Appends the lines of the table with a line feed between each two: all definitions, then all
+// defaults, then all values. Nothing when the table has no definition.
+void AppendAttributeSection(LineBuffer& text, AttributeTable& table);
 
-// Each returns line with a line behind it, without a line end; line as it is when the attribute has
-// no such line.
+// Each appends a line without its end; nothing when the attribute has no such line.
 
 // The BA_DEF_ line.
-std::string DefinitionText(const Attribute& definition, std::string line = {});
+void AppendDefinition(LineBuffer& line, const Attribute& definition);
 
 // The BA_DEF_DEF_ line; an Enum is given by its text.
-std::string DefaultText(const Attribute& definition, std::string line = {});
+void AppendDefault(LineBuffer& line, const Attribute& definition);
 
 // The BA_ line; an Enum is given by its number. The network has none: its attributes reach a file
 // only through their defaults.
-std::string ValueText(const AttributeValue& value, std::string line = {});
+void AppendValue(LineBuffer& line, const AttributeValue& value);
 
 }  // namespace vexil

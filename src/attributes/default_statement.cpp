@@ -2,24 +2,28 @@
 //
 //   BA_DEF_DEF_ "name" value ;
 //
-// A default is kept in the definition itself, so the definition has to stand in front of it.
+// A default is kept in the definition itself, so the definition must come before it.
 // SPDX-License-Identifier: MIT
 #include "attributes/attribute_statements.h"
+#include "attributes/reserved_names.h"
 #include "attributes/tokens.h"
 
 namespace vexil {
 
-void ParseDefaultStatement(AttributeTable& table, const std::vector<std::string_view>& tokens) {
-    if (tokens.size() < 3 || !BeginWith(tokens, {TokenClass::Other, TokenClass::QuotedString})) {
+void ParseDefaultStatement(AttributeTable& table, Arena& arena, std::string_view text) {
+    const StatementTokens tokens(text);
+    if (tokens.Size() < 3 || !tokens.BeginWith({TokenClass::Other, TokenClass::QuotedString})) {
         return;
     }
     const std::string_view name = QuotedContent(tokens[1]);
-    if (table.IsUnrecognised(name)) {
+    if (!IsReservedAttribute(name)) {
         return;
     }
     for (Attribute& definition : table.definitions) {
-        if (definition.name == name) {
-            table.SetDefault(definition, tokens[2]);
+        AttributeContent content = definition.defaultContent;
+        if (definition.name == name && definition.SetValueFromText(content, tokens[2])) {
+            content.stringValue = arena.Keep(content.stringValue);
+            definition.defaultContent = content;
         }
     }
 }

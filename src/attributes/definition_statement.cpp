@@ -4,10 +4,11 @@
 //   BA_DEF_ [BO_|SG_] "name" ENUM "text","text",... ;
 //   BA_DEF_ [BO_|SG_] "name" STRING ;
 // SPDX-License-Identifier: MIT
-#include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "attributes/attribute_statements.h"
+#include "attributes/reserved_names.h"
 #include "attributes/tokens.h"
 #include "text/constants.h"
 #include "text/lexical.h"
@@ -29,9 +30,8 @@ std::optional<AttributeObjectKind> OwnerKind(std::string_view token) {
 
 // Takes kind and name. Returns the position of the type token, or nothing when the statement has
 // another shape or an owner that the model does not know.
-std::optional<std::size_t> TakeShape(const std::vector<std::string_view>& tokens,
-                                     Attribute& definition) {
-    if (BeginWith(tokens, {Other, Other, QuotedString, Other})) {
+std::optional<std::size_t> TakeShape(const StatementTokens& tokens, Attribute& definition) {
+    if (tokens.BeginWith({Other, Other, QuotedString, Other})) {
         const std::optional<AttributeObjectKind> kind = OwnerKind(tokens[1]);
         if (!kind) {
             return std::nullopt;
@@ -40,7 +40,7 @@ std::optional<std::size_t> TakeShape(const std::vector<std::string_view>& tokens
         definition.name = QuotedContent(tokens[2]);
         return 3;
     }
-    if (BeginWith(tokens, {Other, QuotedString, Other})) {
+    if (tokens.BeginWith({Other, QuotedString, Other})) {
         definition.objectKind = AttributeObjectKind::Gen;
         definition.name = QuotedContent(tokens[1]);
         return 2;
@@ -48,11 +48,10 @@ std::optional<std::size_t> TakeShape(const std::vector<std::string_view>& tokens
     return std::nullopt;
 }
 
-// Kept on purpose: one number of the two is enough; the bound that is none becomes 0.
-bool TakeBounds(const std::vector<std::string_view>& tokens, const std::vector<TokenClass>& classes,
-                std::size_t typeAt, Attribute& definition) {
-    if (tokens.size() != typeAt + 3 ||
-        (classes[typeAt + 1] != Number && classes[typeAt + 2] != Number)) {
+// Intentional: one number of the two is enough; the bound that is none becomes 0.
+bool TakeBounds(const StatementTokens& tokens, std::size_t typeAt, Attribute& definition) {
+    if (tokens.Size() != typeAt + 3 || (ClassifyToken(tokens[typeAt + 1]) != Number &&
+                                        ClassifyToken(tokens[typeAt + 2]) != Number)) {
         return false;
     }
     TryParseI32(tokens[typeAt + 1], definition.minValue);
@@ -60,42 +59,41 @@ bool TakeBounds(const std::vector<std::string_view>& tokens, const std::vector<T
     return true;
 }
 
-bool TakeEnumValues(const std::vector<std::string_view>& tokens,
-                    const std::vector<TokenClass>& classes, std::size_t typeAt,
+bool TakeEnumValues(const StatementTokens& tokens, std::size_t typeAt, Arena& arena,
                     Attribute& definition) {
-    if (tokens.size() < typeAt + 2 ||
-        !std::all_of(classes.begin() + static_cast<std::ptrdiff_t>(typeAt) + 1, classes.end(),
-                     [](TokenClass tokenClass) { return tokenClass == QuotedString; })) {
-        return false;
+    for (std::size_t at = typeAt + 1; at < tokens.Size(); ++at) {
+        if (ClassifyToken(tokens[at]) != QuotedString) {
+            return false;
+        }
+        definition.enumValues.push_back(arena.Keep(QuotedContent(tokens[at])));
     }
-    for (std::size_t at = typeAt + 1; at < tokens.size(); ++at) {
-        definition.enumValues.emplace_back(QuotedContent(tokens[at]));
-    }
-    return true;
+    return !definition.enumValues.empty();
 }
 
-bool TakeType(const std::vector<std::string_view>& tokens, const std::vector<TokenClass>& classes,
-              std::size_t typeAt, Attribute& definition) {
+bool TakeType(const StatementTokens& tokens, std::size_t typeAt, Arena& arena,
+              Attribute& definition) {
     if (tokens[typeAt] == "INT") {
         definition.valueType = AttributeValueType::Int;
-        return TakeBounds(tokens, classes, typeAt, definition);
+        return TakeBounds(tokens, typeAt, definition);
     }
     if (tokens[typeAt] == "ENUM") {
         definition.valueType = AttributeValueType::Enum;
-        return TakeEnumValues(tokens, classes, typeAt, definition);
+        return TakeEnumValues(tokens, typeAt, arena, definition);
     }
     definition.valueType = AttributeValueType::Str;
-    return tokens[typeAt] == "STRING" && tokens.size() == typeAt + 1;
+    return tokens[typeAt] == "STRING" && tokens.Size() == typeAt + 1;
 }
 
 }  // namespace
 
-void ParseDefinitionStatement(AttributeTable& table, const std::vector<std::string_view>& tokens) {
+void ParseDefinitionStatement(AttributeTable& table, Arena& arena, std::string_view text) {
+    const StatementTokens tokens(text);
     Attribute definition;
     const std::optional<std::size_t> typeAt = TakeShape(tokens, definition);
-    if (typeAt && !table.IsUnrecognised(definition.name) &&
-        TakeType(tokens, ClassifyTokens(tokens), *typeAt, definition)) {
-        table.AddDefinition(definition);
+    if (typeAt && IsReservedAttribute(definition.name) &&
+        TakeType(tokens, *typeAt, arena, definition)) {
+        definition.name = arena.Keep(definition.name);
+        table.AddDefinition(std::move(definition));
     }
 }
 

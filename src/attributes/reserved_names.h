@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 
@@ -26,5 +27,10 @@ inline constexpr std::array<std::string_view, 9> ReservedAttributeNames = {
     attribute::BusType,           attribute::J1939PGN,         attribute::IsNMEA,
     attribute::Marrowby_Msg_Name, attribute::GenMsgSendType,   attribute::GenMsgCycleTime,
     attribute::Marrowby_Sig_Name, attribute::GenSigStartValue, attribute::GenSigInactiveValue};
+
+constexpr bool IsReservedAttribute(std::string_view name) {
+    return std::find(ReservedAttributeNames.begin(), ReservedAttributeNames.end(), name) !=
+           ReservedAttributeNames.end();
+}
 
 }  // namespace vexil

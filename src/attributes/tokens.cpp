@@ -3,7 +3,6 @@
 #include "attributes/tokens.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "text/char_class.h"
 #include "text/lexical.h"
@@ -13,41 +12,50 @@ namespace {
 
 constexpr std::size_t OrdinaryTokenCount = 8;
 
-// The first character of text at or behind from that is, or is not, in the set; the size of the
-// text when there is none.
-std::size_t Find(std::string_view text, std::size_t from, const CharSet& set, bool isMember) {
-    while (from < text.size() && set.Contains(text[from]) != isMember) {
-        ++from;
-    }
-    return from;
+constexpr std::array<bool, 256> separatorTable = [] {
+    std::array<bool, 256> table = spaceTable;
+    table[';'] = true;
+    table[','] = true;
+    return table;
+}();
+
+bool IsSeparator(char ch) {
+    return separatorTable[static_cast<unsigned char>(ch)];
 }
 
 }  // namespace
 
-StatementTokens SplitStatementTokens(std::string_view text, const CharSet& delimiters) {
-    StatementTokens split;
-    split.tokens.reserve(OrdinaryTokenCount);
-    bool open = false;              // the last token waits for its closing quote
-    std::string* joined = nullptr;  // where it is joined from pieces, if it is
-    std::size_t start = Find(text, 0, delimiters, false);
-    while (start < text.size()) {
-        const std::size_t end = Find(text, start, delimiters, true);
-        const std::string_view piece = text.substr(start, end - start);
-        if (!open) {
-            split.tokens.push_back(piece);
-            open = piece.front() == '"' && piece.back() != '"';
-            joined = nullptr;
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): space is room and has no value
+StatementTokens::StatementTokens(std::string_view text) {
+    tokens.reserve(OrdinaryTokenCount);
+    bool isOpen = false;           // the last token waits for its closing quote
+    std::string* whole = nullptr;  // where it is joined from pieces, if it is
+    const auto* at = std::find_if_not(text.begin(), text.end(), IsSeparator);
+    while (at != text.end()) {
+        const auto* const end = std::find_if(at, text.end(), IsSeparator);
+        const std::string_view piece(at, end);
+        if (!isOpen) {
+            tokens.push_back(piece);
+            isOpen = piece.front() == '"' && piece.back() != '"';
+            whole = nullptr;
         } else {
-            if (joined == nullptr) {
-                joined = &split.joined.emplace_front(split.tokens.back());
+            if (whole == nullptr) {
+                whole = &joined.emplace_front(tokens.back());
             }
-            joined->append(1, ' ').append(piece);
-            split.tokens.back() = *joined;
-            open = piece.back() != '"';
+            whole->append(1, ' ').append(piece);
+            tokens.back() = *whole;
+            isOpen = piece.back() != '"';
         }
-        start = Find(text, end, delimiters, false);
+        at = std::find_if_not(end, text.end(), IsSeparator);
     }
-    return split;
+}
+
+bool StatementTokens::BeginWith(std::initializer_list<TokenClass> classes) const {
+    return tokens.size() >= classes.size() &&
+           std::equal(classes.begin(), classes.end(), tokens.begin(),
+                      [](TokenClass tokenClass, std::string_view token) {
+                          return ClassifyToken(token) == tokenClass;
+                      });
 }
 
 std::string_view QuotedContent(std::string_view token) {
@@ -67,22 +75,6 @@ TokenClass ClassifyToken(std::string_view token) {
     const bool isNumber =
         (IsDigit(token.front()) || token.front() == '-') && TryParseI64(token, number);
     return isNumber ? TokenClass::Number : TokenClass::Other;
-}
-
-std::vector<TokenClass> ClassifyTokens(const std::vector<std::string_view>& tokens) {
-    std::vector<TokenClass> classes;
-    classes.reserve(tokens.size());
-    std::transform(tokens.begin(), tokens.end(), std::back_inserter(classes), ClassifyToken);
-    return classes;
-}
-
-bool BeginWith(const std::vector<std::string_view>& tokens,
-               std::initializer_list<TokenClass> classes) {
-    return tokens.size() >= classes.size() &&
-           std::equal(classes.begin(), classes.end(), tokens.begin(),
-                      [](TokenClass tokenClass, std::string_view token) {
-                          return ClassifyToken(token) == tokenClass;
-                      });
 }
 
 }  // namespace vexil

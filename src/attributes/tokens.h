@@ -3,8 +3,10 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <forward_list>
 #include <initializer_list>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,54 +15,36 @@ namespace vexil {
 
 enum class TokenClass { Other = 0, QuotedString = 1, Number = 2 };
 
-// The tokens of a statement: views into it, or into the texts that had to be joined. May be moved,
-// not copied, and lives no longer than the statement.
-struct StatementTokens {
-    StatementTokens() = default;
-    StatementTokens(const StatementTokens&) = delete;
-    StatementTokens(StatementTokens&&) = default;
-    StatementTokens& operator=(const StatementTokens&) = delete;
-    StatementTokens& operator=(StatementTokens&&) = default;
-    ~StatementTokens() = default;
+// The tokens of a statement: views into it, or into texts of this object that had to be joined.
+// White space, ";" and "," separate them. What double quotes hold together is one token, with a
+// blank in place of each run of separators. So a quote that a separator follows directly opens
+// nothing, and an opening quote without a closing one takes the rest of the text.
+class StatementTokens {
+  public:
+    // text: lives as long as the object.
+    explicit StatementTokens(std::string_view text);
 
-    std::vector<std::string_view> tokens;
+    std::size_t Size() const { return tokens.size(); }
+    std::string_view operator[](std::size_t position) const { return tokens[position]; }
+
+    // Whether there are at least as many tokens as classes, and each of the first is of its class.
+    bool BeginWith(std::initializer_list<TokenClass> classes) const;
+
+  private:
+    // Ordinary statements need no other memory than this.
+    std::array<std::byte, 256> space;
+    std::pmr::monotonic_buffer_resource memory{space.data(), space.size(),
+                                               std::pmr::new_delete_resource()};
+    std::pmr::vector<std::string_view> tokens{&memory};
     std::forward_list<std::string> joined;
 };
 
-// A set of characters that is quick to ask.
-class CharSet {
-  public:
-    explicit constexpr CharSet(std::string_view chars) {
-        for (const char ch : chars) {
-            members[static_cast<unsigned char>(ch)] = true;
-        }
-    }
-
-    constexpr bool Contains(char ch) const { return members[static_cast<unsigned char>(ch)]; }
-
-  private:
-    std::array<bool, 256> members{};
-};
-
-// Cuts text at every run of delimiters and joins again, with one blank, what double quotes hold
-// together. So a run of delimiters inside quotes becomes one blank, a quote that a delimiter
-// follows directly opens nothing, and an opening quote without a closing one takes the rest of the
-// text.
-StatementTokens SplitStatementTokens(std::string_view text, const CharSet& delimiters);
-
-// Returns what stands between the first and the last double quote of token, a view into it; empty
-// when there are not two.
+// Returns what is between the first and the last double quote of token, a view into it; empty when
+// there are not two.
 std::string_view QuotedContent(std::string_view token);
 
-// Tells what a token is: QuotedString when QuotedContent of it is not empty, Number when it begins
-// with a digit or "-" and with a number of 64 bits. Kept on purpose: "" is Other.
+// Returns what a token is: QuotedString when QuotedContent of it is not empty, Number when it
+// begins with a digit or "-" and with a number of 64 bits. Intentional: "" is Other.
 TokenClass ClassifyToken(std::string_view token);
-
-// The classes of all tokens, in their order.
-std::vector<TokenClass> ClassifyTokens(const std::vector<std::string_view>& tokens);
-
-// Whether there are at least as many tokens as classes, and each of the first is of its class.
-bool BeginWith(const std::vector<std::string_view>& tokens,
-               std::initializer_list<TokenClass> classes);
 
 }  // namespace vexil

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "attributes/attribute_statements.h"
+#include "attributes/reserved_names.h"
 #include "attributes/tokens.h"
 #include "text/constants.h"
 #include "text/lexical.h"
@@ -34,7 +35,7 @@ std::pair<AttributeObjectKind, int> SearchRank(const Attribute& definition) {
     return {definition.objectKind, 3};
 }
 
-// Kept on purpose: the first definition in the order of the search is the only one that counts, so
+// Intentional: the first definition in the order of the search is the only one that counts, so
 // a name that is defined for messages and signals is always that of the messages.
 const Attribute* FindDefinitionOfName(const AttributeTable& table, std::string_view name) {
     const Attribute* first = nullptr;
@@ -60,35 +61,34 @@ std::size_t ValueAt(AttributeObjectKind kind) {
     return 2;
 }
 
-// Whether the tokens have the shape that the definition demands. Kept on purpose: an Enum is given
+// Whether the tokens have the shape that the definition demands. Intentional: an Enum is given
 // by number only, and "" is no text.
-bool HasShape(const std::vector<std::string_view>& tokens, const Attribute& definition) {
+bool HasShape(const StatementTokens& tokens, const Attribute& definition) {
     const TokenClass value =
         definition.valueType == AttributeValueType::Str ? QuotedString : Number;
     switch (definition.objectKind) {
         case AttributeObjectKind::Msg:
-            return BeginWith(tokens, {Other, QuotedString, Other, Number, value}) &&
+            return tokens.BeginWith({Other, QuotedString, Other, Number, value}) &&
                    tokens[2] == keyword::BO_;
         case AttributeObjectKind::Sig:
-            return BeginWith(tokens, {Other, QuotedString, Other, Number, Other, value}) &&
+            return tokens.BeginWith({Other, QuotedString, Other, Number, Other, value}) &&
                    tokens[2] == keyword::SG_;
         case AttributeObjectKind::Gen:
             break;
     }
-    return BeginWith(tokens, {Other, QuotedString, value});
+    return tokens.BeginWith({Other, QuotedString, value});
 }
 
 }  // namespace
 
-void ParseValueStatement(AttributeTable& table, const std::vector<std::string_view>& tokens) {
-    if (tokens.size() < 2) {
+void ParseValueStatement(AttributeTable& table, Arena& arena, std::string_view text) {
+    const StatementTokens tokens(text);
+    if (tokens.Size() < 2) {
         return;
     }
     const std::string_view name = QuotedContent(tokens[1]);
-    if (table.IsUnrecognised(name)) {
-        return;
-    }
-    const Attribute* definition = FindDefinitionOfName(table, name);
+    const Attribute* definition =
+        IsReservedAttribute(name) ? FindDefinitionOfName(table, name) : nullptr;
     if (definition == nullptr || !HasShape(tokens, *definition)) {
         return;
     }
@@ -98,9 +98,10 @@ void ParseValueStatement(AttributeTable& table, const std::vector<std::string_vi
         TryParseU32(tokens[3], value.messageId);
     }
     if (definition->objectKind == AttributeObjectKind::Sig) {
-        value.signalName = tokens[4];
+        value.signalName = arena.Keep(tokens[4]);
     }
     if (definition->SetValueFromText(value.content, tokens[ValueAt(definition->objectKind)])) {
+        value.content.stringValue = arena.Keep(value.content.stringValue);
         table.AddValue(value);
     }
 }

@@ -2,22 +2,38 @@
 // SPDX-License-Identifier: MIT
 #include "frame/can_database.h"
 
-#include "attributes/reserved_names.h"
+#include <algorithm>
 
 namespace vexil {
 
 CANDatabase database;
 
-CANDatabase::CANDatabase() {
-    Reset();
-}
-
 void CANDatabase::Reset() {
     info.protocolType = ProtocolPlainCan;
-    messages.clear();
-    parseErrors.clear();
+    messages.Clear();
+    parseErrors.Clear();
+    EndRead();
+    for (Descriptions& look : looks) {
+        look.Clear();
+    }
+    arena.Release();
+}
+
+void CANDatabase::EndRead() {
+    owners.Clear();
     attributes.ClearEntries();
-    attributes.reservedAttributeNames = ReservedAttributeNames;
+}
+
+const Descriptions& CANDatabase::DescriptionsOf(const CANSignal& signal) {
+    auto* look = std::find_if(looks.begin(), looks.end(), [&](const Descriptions& candidate) {
+        return candidate.IsOf(signal.notes);
+    });
+    if (look == looks.end()) {
+        look = &looks[oldestLook];
+        oldestLook = (oldestLook + 1) % looks.size();
+    }
+    look->LookAt(signal.notes);
+    return *look;
 }
 
 }  // namespace vexil

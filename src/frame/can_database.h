@@ -2,39 +2,51 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
-#include <vector>
+#include <array>
+#include <cstddef>
 
 #include "attributes/attribute_table.h"
 #include "frame/can_message.h"
-#include "frame/messages_of_id.h"
+#include "frame/descriptions.h"
+#include "frame/owner_index.h"
+#include "frame/parse_errors.h"
+#include "text/arena.h"
+#include "text/arena_list.h"
 #include "vexil64.h"
 
 namespace vexil {
 
 class CANDatabase {
   public:
-    CANDatabase();
-    CANDatabase(const CANDatabase&) = delete;
-    CANDatabase& operator=(const CANDatabase&) = delete;
-    virtual ~CANDatabase() = default;
-
     DatabaseInfo info{};
 
-    // The messages read so far under their id, several of which may share one; empty outside a
-    // read.
-    MessagesById messagesById;
+    // All texts, messages, signals and errors until the next reset.
+    Arena arena;
 
-    MessageList messages;                 // all messages in the order of reading or appending
-    std::vector<ParseError> parseErrors;  // refused statements, in the order of the file
-    AttributeTable attributes;            // those of the file; without entries outside a read
+    PagedList<CANMessage> messages;           // in the order of reading or appending
+    PagedList<RefusedStatement> parseErrors;  // in the order of the file
 
-    // Empties the database. Kept on purpose: busType stays, so a file that does not tell it leaves
-    // the value of the file before.
+    OwnerIndex owners;          // messages and signals of the file; empty outside a read
+    AttributeTable attributes;  // those of the file; without entries outside a read
+
+    // Empties the database and gives its memory back. Intentional: busType stays, so a file without
+    // it leaves the value of the file before.
     void Reset();
+
+    // Empties what serves a read alone.
+    void EndRead();
+
+    // The value descriptions of the signal, valid until the next call.
+    const Descriptions& DescriptionsOf(const CANSignal& signal);
+
+  private:
+    // Of the signals that were looked at last: hosts may go back and forth among a few.
+    std::array<Descriptions, 4> looks;
+    std::size_t oldestLook = 0;
 };
 
-// The one instance, made when the library is loaded and destroyed when it is unloaded.
+// The one instance, made when the library is loaded and destroyed when it is unloaded. Making it
+// needs no memory, so that a load cannot fail for want of it.
 extern CANDatabase database;
 
 }  // namespace vexil

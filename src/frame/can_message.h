@@ -1,87 +1,84 @@
-// CANMessage, one message of the network with its signals. Its operations stand with what they
-// serve: records in frame/message_record.cpp, reading in read/message_statement.cpp, writing in
-// write/message_section.cpp, write/comment_section.cpp and write/unique_names.cpp.
+// CANMessage, one message of the network with its signals. Its operations are implemented with what
+// they serve: records in frame/message_record.cpp, reading in read/message_statement.cpp, writing
+// in write/message_section.cpp, write/comment_section.cpp and write/unique_names.cpp.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <cstdint>
-#include <memory>
-#include <string>
+#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "frame/can_signal.h"
-#include "frame/comment.h"
+#include "frame/notes.h"
+#include "text/arena.h"
+#include "text/arena_list.h"
 #include "text/constants.h"
-#include "text/shared_text.h"
+#include "text/line_buffer.h"
 #include "vexil64.h"
 
 namespace vexil {
 
-// Every parse and every fill starts with Reset and ends with it on failure, so a message is either
-// valid or empty. Texts are UTF-8 of any length.
+// Texts are UTF-8 of any length, in the arena of the database.
 class CANMessage {
   public:
-    CANMessage() = default;
-    CANMessage(const CANMessage&) = delete;
-    CANMessage& operator=(const CANMessage&) = delete;
-    virtual ~CANMessage() = default;
+    std::uint32_t id = 0;           // as in the file, with the extended-frame bit
+    std::uint32_t dlc = 0;          // size in bytes
+    std::int32_t cycleTime = 0;     // GenMsgCycleTime
+    ArenaList<CANSignal*> signals;  // at most MaxSignalsPerMessage, in the arena
+    std::string_view longName;      // name for display
+    std::string_view name;          // identifier form of longName, at most 32 bytes
+    std::string_view transmitter;   // sending node, identifier form; may be empty
+    std::string_view sendType;      // GenMsgSendType, identifier form
+    Notes notes;                    // its comment
 
-    bool isEmpty = true;
-    std::uint32_t id = 0;                             // as in the file, with the extended-frame bit
-    std::vector<std::shared_ptr<CANSignal>> signals;  // at most MaxSignalsPerMessage
-    SharedText rawName;                               // name as it stands in the file
-    SharedText longName;                              // name for display
-    SharedText name;                        // identifier form of longName, at most 32 bytes
-    Comment comment;                        // shared by the messages of one id
-    std::string transmitter;                // sending node, identifier form; may be empty
-    std::string sendType;                   // GenMsgSendType, identifier form
-    std::int32_t cycleTime = 0;             // GenMsgCycleTime
-    std::uint32_t dlc = 0;                  // size in bytes
-    std::vector<std::uint32_t> stepErrors;  // Step constants of a failed parse, at most one
+    // Whether it takes no more signals.
+    bool IsFull() const noexcept { return signals.Size() >= MaxSignalsPerMessage; }
 
-    // Gives every member but stepErrors its default, so that the cause of a failure survives.
-    void Reset();
-
-    // Sets name to the identifier form of longName.
-    void UpdateName();
-
-    // Appends the signal. Kept on purpose: a full message drops it without notice.
-    void AddSignal(std::shared_ptr<CANSignal> signal);
+    // Appends the signal and returns the message's own. Intentional: a full message drops it
+    // without notice and returns null.
+    CANSignal* AddSignal(Arena& arena, const CANSignal& signal) {
+        if (IsFull()) {
+            return nullptr;
+        }
+        auto* const added = arena.New<CANSignal>(signal);
+        signals.Add(arena, added);
+        return added;
+    }
 
     // -- Records --
 
-    // Copies the message out. False with the record untouched when it is null, and false when the
-    // message is empty. Texts are cut to their arrays at a character.
+    // Copies the message out. False with the record untouched when it is null. Texts are cut to
+    // their arrays at a character.
     bool CopyToRecord(CanMessageRecord* record) const;
 
-    // Takes the message from a record. False, with the message reset, when the record is null or
-    // one of its texts is not valid UTF-8.
-    bool FillFromRecord(const CanMessageRecord* record);
+    // Takes the message from a record. False with nothing kept when the record is null or one of
+    // its texts is not valid UTF-8. Precondition: the message is new.
+    bool FillFromRecord(Arena& arena, const CanMessageRecord* record);
 
     // -- Reading --
 
-    // Takes a BO_ statement. False, with the message reset, when a step fails: stepErrors then
-    // holds its code, or nothing when the text does not begin with the keyword.
-    bool Parse(std::string_view text);
+    // Takes a whole BO_ statement. Returns the Step constant of the step that failed, or nothing on
+    // success. Precondition: the message is new.
+    std::optional<std::uint32_t> Parse(Arena& arena, std::string_view text);
 
-    // -- Writing -- each returns line with a line behind it, without a line end; line as it is when
-    // there is nothing to write.
+    // -- Writing -- each appends a line without its end.
 
-    std::string FormatMessageLine(std::string line = {}) const;
-    std::string FormatMessageComment(std::string line = {}) const;
+    void AppendMessageLine(LineBuffer& line) const;
+    void AppendMessageComment(LineBuffer& line) const;
 
     // Gives the signals that share a base name numbered suffixes: 0 to the first, 1, 2 and so on to
     // the others. Returns whether there were any.
-    bool MakeSignalNamesUnique();
+    bool MakeSignalNamesUnique(Arena& arena);
 
   private:
-    // The steps of Parse behind the id. Each starts at from and sets next to the position behind
-    // what it took.
-    bool ParseName(std::string_view text, Position from, Position& next);
+    // The steps of Parse after the id. Each starts at from and sets next to the position after what
+    // it took.
+    bool ParseName(Arena& arena, std::string_view text, Position from, Position& next);
     bool ParseSize(std::string_view text, Position from, Position& next);
 };
 
-using MessageList = std::vector<std::shared_ptr<CANMessage>>;
+// Messages in the order in which a section writes them.
+using MessageList = std::vector<CANMessage*>;
 
 }  // namespace vexil

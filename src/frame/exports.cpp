@@ -3,8 +3,6 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <cstring>
-#include <memory>
-#include <utility>
 
 #include "frame/can_database.h"
 #include "frame/record_text.h"
@@ -20,14 +18,14 @@ namespace {
 
 // The message at an index, or null when the index is too large.
 CANMessage* MessageAt(std::uint32_t index) {
-    return index < database.messages.size() ? database.messages[index].get() : nullptr;
+    return index < database.messages.Size() ? &database.messages[index] : nullptr;
 }
 
 // The signal at a pair of indexes, or null when one of them is too large.
 CANSignal* SignalAt(std::uint32_t messageIndex, std::uint32_t signalIndex) {
     const CANMessage* message = MessageAt(messageIndex);
-    return message != nullptr && signalIndex < message->signals.size()
-               ? message->signals[signalIndex].get()
+    return message != nullptr && signalIndex < message->signals.Size()
+               ? message->signals[signalIndex]
                : nullptr;
 }
 
@@ -61,7 +59,7 @@ void VexilSetDatabaseInfo(const void* source, uint64_t size) {
 }
 
 uint64_t VexilGetNumCanMessages(void) {
-    return database.messages.size();
+    return database.messages.Size();
 }
 
 uint8_t VexilGetCanMessageData(uint32_t messageIndex, CanMessageRecord* record) {
@@ -74,7 +72,7 @@ uint8_t VexilGetNumCanSignalsInCanMessage(uint32_t messageIndex, uint32_t* count
     if (message == nullptr) {
         return 0;
     }
-    *count = static_cast<uint32_t>(message->signals.size());
+    *count = static_cast<uint32_t>(message->signals.Size());
     return 1;
 }
 
@@ -89,30 +87,34 @@ uint8_t VexilGetNumEnumsInCanSignal(uint32_t messageIndex, uint32_t signalIndex,
     if (signal == nullptr) {
         return 0;
     }
-    *count = static_cast<uint32_t>(signal->enums.Count());
+    *count = static_cast<uint32_t>(database.DescriptionsOf(*signal).Count());
     return 1;
 }
 
 uint8_t VexilGetCanSignalEnumData(uint32_t messageIndex, uint32_t signalIndex, uint32_t enumIndex,
                                   CanEnumRecord* record) {
     const CANSignal* signal = SignalAt(messageIndex, signalIndex);
-    if (signal == nullptr || enumIndex >= signal->enums.Count()) {
+    if (signal == nullptr) {
         return 0;
     }
-    const auto& [value, text] = signal->enums.Sorted()[enumIndex];
-    if (!vexil::CopyTextOut(text, record->text)) {
+    const vexil::Descriptions& descriptions = database.DescriptionsOf(*signal);
+    if (enumIndex >= descriptions.Count()) {
         return 0;
     }
-    record->value = value;
+    vexil::LineBuffer scratch;
+    if (!vexil::CopyTextOut(descriptions.Text(enumIndex, scratch, LongTextSize), record->text)) {
+        return 0;
+    }
+    record->value = descriptions.ValueAt(enumIndex);
     return 1;
 }
 
 uint8_t VexilAppendCanMessage(const CanMessageRecord* record) {
-    auto message = std::make_shared<CANMessage>();
-    if (!message->FillFromRecord(record)) {
+    CANMessage message;
+    if (!message.FillFromRecord(database.arena, record)) {
         return 0;
     }
-    database.messages.push_back(std::move(message));
+    database.messages.Add(database.arena, message);
     return 1;
 }
 
@@ -121,29 +123,31 @@ uint8_t VexilAppendCanSignalToCanMessage(uint32_t messageIndex, const CanSignalR
     if (message == nullptr) {
         return 0;
     }
-    auto signal = std::make_shared<CANSignal>();
-    if (!signal->FillFromRecord(record)) {
+    // A full message checks the signal and keeps nothing of it.
+    vexil::Arena scratch;
+    CANSignal signal;
+    if (!signal.FillFromRecord(message->IsFull() ? scratch : database.arena, record)) {
         return 0;
     }
-    message->AddSignal(std::move(signal));
+    message->AddSignal(database.arena, signal);
     return 1;
 }
 
 uint8_t VexilAppendEnumToCanSignal(uint32_t messageIndex, uint32_t signalIndex,
                                    const CanEnumRecord* record) {
     CANSignal* signal = SignalAt(messageIndex, signalIndex);
-    return signal != nullptr && signal->AddEnum(record);
+    return signal != nullptr && signal->AddEnum(database.arena, record);
 }
 
 uint64_t VexilGetNumCanErrors(void) {
-    return database.parseErrors.size();
+    return database.parseErrors.Size();
 }
 
 uint8_t VexilGetErrorData(uint32_t errorIndex, ParseError* record) {
-    if (record == nullptr || errorIndex >= database.parseErrors.size()) {
+    if (record == nullptr || errorIndex >= database.parseErrors.Size()) {
         return 0;
     }
-    const ParseError& error = database.parseErrors[errorIndex];
+    const vexil::RefusedStatement& error = database.parseErrors[errorIndex];
     if (!vexil::CopyTextOut(error.text, record->text)) {
         return 0;
     }

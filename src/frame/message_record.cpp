@@ -5,55 +5,37 @@
 #include "frame/record_text.h"
 
 namespace vexil {
-namespace {
-
-bool TakeRecord(CANMessage& message, const CanMessageRecord& record) {
-    std::string longName;
-    if (!CopyTextIn(longName, record.longName)) {
-        return false;
-    }
-    CleanControlChars(longName);
-    message.longName = longName;
-    message.UpdateName();
-    if (!CopyTextIn(message.transmitter, record.transmitter)) {
-        return false;
-    }
-    message.transmitter = IdentifierForm(message.transmitter);
-    std::string comment;
-    if (!CopyTextIn(comment, record.comment)) {
-        return false;
-    }
-    message.comment = comment;
-    message.id = record.id;
-    message.dlc = record.dlc;
-    message.isEmpty = false;
-    return true;
-}
-
-}  // namespace
 
 bool CANMessage::CopyToRecord(CanMessageRecord* record) const {
     if (record == nullptr || !CopyTextOut(name, record->name) ||
         !CopyTextOut(longName, record->longName) ||
-        !CopyTextOut(transmitter, record->transmitter) || !CopyTextOut(comment, record->comment)) {
+        !CopyTextOut(transmitter, record->transmitter) || !CopyCommentOut(notes, record->comment)) {
         return false;
     }
     record->id = id;
     record->dlc = dlc;
-    record->signalCount = signals.size();
+    record->signalCount = signals.Size();
     if (!CopyTextOut(sendType, record->sendType)) {
         return false;
     }
     record->cycleTime = cycleTime;
-    return !isEmpty;
+    return true;
 }
 
-bool CANMessage::FillFromRecord(const CanMessageRecord* record) {
-    Reset();
-    if (record == nullptr || !TakeRecord(*this, *record)) {
-        Reset();
+bool CANMessage::FillFromRecord(Arena& arena, const CanMessageRecord* record) {
+    std::string_view longNameIn;
+    std::string_view transmitterIn;
+    std::string_view commentIn;
+    if (record == nullptr || !CopyTextIn(longNameIn, record->longName) ||
+        !CopyTextIn(transmitterIn, record->transmitter) ||
+        !CopyTextIn(commentIn, record->comment)) {
         return false;
     }
+    MakeNames(arena, arena.Keep(longNameIn), longName, name);
+    transmitter = IdentifierForm(arena, arena.Keep(transmitterIn));
+    notes.SetComment(arena, commentIn);
+    id = record->id;
+    dlc = record->dlc;
     return true;
 }
 

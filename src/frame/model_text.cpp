@@ -1,55 +1,38 @@
-// What the texts of the model go through on their way in.
+// The forms of a text that the model keeps.
 // SPDX-License-Identifier: MIT
 #include "frame/model_text.h"
 
 #include <algorithm>
 
 #include "text/lexical.h"
+#include "text/utf8_text.h"
 
 namespace vexil {
-namespace {
 
-bool IsCleaned(char ch) {
-    return ch >= '\t' && ch <= '\r';
-}
-
-}  // namespace
-
-void CleanControlChars(std::string& text) {
-    std::replace_if(text.begin(), text.end(), IsCleaned, ' ');
-}
-
-void EscapeQuotes(std::string& text, std::size_t from) {
-    std::size_t quote = text.find('"', from);
-    if (quote == std::string::npos) {
-        return;
-    }
-    const std::string tail = text.substr(quote);
-    text.resize(quote);
-    for (const char ch : tail) {
-        if (ch == '"' && (text.empty() || text.back() != '\\')) {
-            text += '\\';
-        }
-        text += ch;
-    }
-}
-
-std::string IdentifierForm(std::string_view text) {
-    return IsValidCIdentifier(text) ? std::string(text) : MakeCIdentifier(text);
-}
-
-SharedText IdentifierForm(const SharedText& text) {
-    return IsValidCIdentifier(text) ? text : SharedText(MakeCIdentifier(text));
-}
-
-SharedText DisplayForm(const SharedText& text) {
-    const std::string_view characters = text;
-    if (std::none_of(characters.begin(), characters.end(), IsCleaned)) {
+std::string_view DisplayForm(Arena& arena, std::string_view text) {
+    const auto isReplaced = [](char ch) { return ch >= '\t' && ch <= '\r'; };
+    if (std::none_of(text.begin(), text.end(), isReplaced)) {
         return text;
     }
-    std::string cleaned(characters);
-    CleanControlChars(cleaned);
-    return SharedText(cleaned);
+    const std::string_view copy = arena.Keep(text);
+    char* const characters = Arena::Characters(copy);
+    std::replace_if(characters, characters + copy.size(), isReplaced, ' ');
+    return copy;
+}
+
+std::string_view IdentifierForm(Arena& arena, std::string_view text) {
+    return IsValidCIdentifier(text) ? text : arena.Keep(MakeCIdentifier(text));
+}
+
+std::string_view AsciiForm(Arena& arena, std::string_view text) {
+    return IsAscii(text) ? text : arena.Keep(FoldToAscii(text));
+}
+
+void MakeNames(Arena& arena, std::string_view text, std::string_view& longName,
+               std::string_view& name) {
+    const bool isIdentifier = IsValidCIdentifier(text);
+    longName = isIdentifier ? text : DisplayForm(arena, text);
+    name = isIdentifier ? text : arena.Keep(MakeCIdentifier(longName));
 }
 
 }  // namespace vexil

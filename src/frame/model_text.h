@@ -1,30 +1,27 @@
-// What the texts of the model go through on their way in.
+// The forms of a text that the model keeps. Each returns the text itself where nothing changes, and
+// otherwise a new one in the arena.
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
 #include <string_view>
 
-#include "text/shared_text.h"
+#include "text/arena.h"
 
 namespace vexil {
 
-// Replaces each tab, line feed, vertical tab, form feed and carriage return by one blank.
-void CleanControlChars(std::string& text);
+// The text with one blank in place of each tab, line feed, vertical tab, form feed and carriage
+// return.
+std::string_view DisplayForm(Arena& arena, std::string_view text);
 
-// Puts a backslash in front of every double quote that has none. Only the one character in front of
-// a quote is looked at, so a quote behind two backslashes counts as escaped. Running it twice
-// changes nothing.
-//   from  where to start; what stands in front of it is known to be escaped.
-void EscapeQuotes(std::string& text, std::size_t from = 0);
+// The text if it is an identifier, else what MakeCIdentifier makes of it.
+std::string_view IdentifierForm(Arena& arena, std::string_view text);
 
-// The identifier form of a text: the text itself if it is an identifier, else MakeCIdentifier of
-// it.
-std::string IdentifierForm(std::string_view text);
+// The text with "_" in place of every character beyond ASCII.
+std::string_view AsciiForm(Arena& arena, std::string_view text);
 
-// The same for names that the model keeps, which are shared where nothing changes: the identifier
-// form, and the text with control characters cleaned.
-SharedText IdentifierForm(const SharedText& text);
-SharedText DisplayForm(const SharedText& text);
+// Sets the two forms of a name in the arena: longName, the display form, and name, the
+// identifier form of that.
+void MakeNames(Arena& arena, std::string_view text, std::string_view& longName,
+               std::string_view& name);
 
 }  // namespace vexil

@@ -9,19 +9,12 @@
 
 namespace vexil {
 
-void RecordParseErrors(std::string_view statementText, std::uint32_t line,
-                       const std::vector<std::uint32_t>& stepErrors) {
-    for (const std::uint32_t code : stepErrors) {
-        ParseError record{};
-        record.code = code;
-        record.line = line;
-        const std::size_t limit = std::min<std::size_t>(statementText.size(), LongTextSize - 1);
-        std::uint64_t length = 0;
-        if (Utf8FitLength(statementText, limit, length)) {
-            std::copy_n(statementText.begin(), length, record.text);
-        }
-        database.parseErrors.push_back(record);
-    }
+void RecordParseError(std::string_view text, std::uint32_t line, std::uint32_t code) {
+    const std::size_t limit = std::min<std::size_t>(text.size(), LongTextSize - 1);
+    std::uint64_t length = 0;
+    Utf8FitLength(text, limit, length);
+    database.parseErrors.Add(database.arena,
+                             {code, line, database.arena.Keep(text.substr(0, length))});
 }
 
 }  // namespace vexil

@@ -4,16 +4,21 @@
 
 #include <cstdint>
 #include <string_view>
-#include <vector>
+
+#include "vexil64.h"
 
 namespace vexil {
 
-// Appends one ParseError per code to the database, in the order of the codes.
-//   statementText  the refused statement. Kept on purpose: its text is cut twice, so that at most
-//                  254 bytes arrive and always one less than the statement has.
-//   line           number of its line, counted from 1.
-//   stepErrors     Step constants.
-void RecordParseErrors(std::string_view statementText, std::uint32_t line,
-                       const std::vector<std::uint32_t>& stepErrors);
+// A refused statement. The record of a host is made from it when it is fetched.
+struct RefusedStatement {
+    std::uint32_t code = 0;  // a Step constant
+    std::uint32_t line = 0;  // counted from 1
+    std::string_view text;   // its front, at most 254 bytes, in the arena of the database
+};
+
+// Appends a refused statement to those of the database.
+//   text  the statement. Intentional: it is cut twice, so that at most 254 bytes arrive and always
+//         one less than the statement has.
+void RecordParseError(std::string_view text, std::uint32_t line, std::uint32_t code);
 
 }  // namespace vexil

@@ -1,12 +1,12 @@
-// Text between a string of the model and the fixed array of a record.
+// Text from the model to the fixed array of a record.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <algorithm>
 #include <cstddef>
-#include <string>
 #include <string_view>
 
+#include "frame/notes.h"
 #include "text/utf8_text.h"
 
 namespace vexil {
@@ -23,10 +23,18 @@ bool CopyTextOut(std::string_view text, char (&array)[Size]) {
     return fits;
 }
 
-// Sets text to what the array holds. False with an empty text when that is not valid UTF-8.
+// Sets text to what the array holds, as a view into it. False with an empty text when that is not
+// valid UTF-8.
 template <std::size_t Size>
-bool CopyTextIn(std::string& text, const char (&array)[Size]) {
+bool CopyTextIn(std::string_view& text, const char (&array)[Size]) {
     return CopyUtf8Text(text, array, Size);
+}
+
+// Copies the comment of the notes into the array, as CopyTextOut does.
+template <std::size_t Size>
+bool CopyCommentOut(const Notes& notes, char (&array)[Size]) {
+    LineBuffer scratch;
+    return CopyTextOut(notes.Comment(scratch, Size), array);
 }
 
 }  // namespace vexil

@@ -1,37 +1,11 @@
 // CANSignal: out to a record and in from one, and value descriptions in from theirs.
 // SPDX-License-Identifier: MIT
-#include "frame/can_signal.h"
+#include "frame/can_database.h"
 #include "frame/model_text.h"
 #include "frame/record_text.h"
-#include "text/utf8_text.h"
 
 namespace vexil {
 namespace {
-
-bool TakeTexts(CANSignal& signal, const CanSignalRecord& record) {
-    std::string longName;
-    if (!CopyTextIn(longName, record.longName)) {
-        return false;
-    }
-    CleanControlChars(longName);
-    signal.longName = longName;
-    signal.UpdateName();
-    if (!CopyTextIn(signal.unitUtf8, record.unit)) {
-        return false;
-    }
-    signal.unit = FoldToAscii(signal.unitUtf8);
-    std::string receiverList;
-    if (!CopyTextIn(receiverList, record.receiverList)) {
-        return false;
-    }
-    signal.ParseReceivers(receiverList);
-    std::string comment;
-    if (!CopyTextIn(comment, record.comment)) {
-        return false;
-    }
-    signal.comment = comment;
-    return true;
-}
 
 void TakeNumbers(CANSignal& signal, const CanSignalRecord& record) {
     signal.multiplexType = record.multiplexType;
@@ -57,9 +31,8 @@ void TakeNumbers(CANSignal& signal, const CanSignalRecord& record) {
 bool CANSignal::CopyToRecord(CanSignalRecord* record) const {
     if (record == nullptr || !CopyTextOut(name, record->name) ||
         !CopyTextOut(longName, record->longName) || !CopyTextOut(unit, record->unit) ||
-        !CopyTextOut(unitUtf8, record->unitUtf8) ||
-        !CopyTextOut(ReceiverList(), record->receiverList) ||
-        !CopyTextOut(comment, record->comment)) {
+        !CopyTextOut(unitUtf8, record->unitUtf8) || !CopyTextOut(receivers, record->receiverList) ||
+        !CopyCommentOut(notes, record->comment)) {
         return false;
     }
     record->multiplexType = multiplexType;
@@ -72,30 +45,38 @@ bool CANSignal::CopyToRecord(CanSignalRecord* record) const {
     record->offset = offset;
     record->minimum = minimum;
     record->maximum = maximum;
-    record->enumCount = static_cast<std::uint32_t>(enums.Count());
+    record->enumCount = static_cast<std::uint32_t>(database.DescriptionsOf(*this).Count());
     record->startValue = startValue;
     record->inactiveValue = inactiveValue;
-    return !isEmpty;
-}
-
-bool CANSignal::FillFromRecord(const CanSignalRecord* record) {
-    Reset();
-    if (record == nullptr || !TakeTexts(*this, *record)) {
-        Reset();
-        return false;
-    }
-    TakeNumbers(*this, *record);
-    rawName = longName;
-    isEmpty = false;
     return true;
 }
 
-bool CANSignal::AddEnum(const CanEnumRecord* record) {
-    std::string text;
+bool CANSignal::FillFromRecord(Arena& arena, const CanSignalRecord* record) {
+    std::string_view longNameIn;
+    std::string_view unitIn;
+    std::string_view receiversIn;
+    std::string_view commentIn;
+    if (record == nullptr || !CopyTextIn(longNameIn, record->longName) ||
+        !CopyTextIn(unitIn, record->unit) || !CopyTextIn(receiversIn, record->receiverList) ||
+        !CopyTextIn(commentIn, record->comment)) {
+        return false;
+    }
+    MakeNames(arena, arena.Keep(longNameIn), longName, name);
+    unitUtf8 = arena.Keep(unitIn);
+    unit = AsciiForm(arena, unitUtf8);
+    ParseReceivers(arena, receiversIn);
+    notes.SetComment(arena, commentIn);
+    TakeNumbers(*this, *record);
+    rawName = longName;
+    return true;
+}
+
+bool CANSignal::AddEnum(Arena& arena, const CanEnumRecord* record) {
+    std::string_view text;
     if (!CopyTextIn(text, record->text)) {
         return false;
     }
-    enums.Add(record->value, text);
+    notes.added = arena.New<AddedDescription>(record->value, arena.Keep(text), notes.added);
     return true;
 }
 

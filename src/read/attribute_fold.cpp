@@ -1,21 +1,15 @@
-// The end of a read: one step per reserved attribute.
+// The end of a read: one row or step per reserved attribute.
 //
 // An attribute is looked up under one kind and one type; a file that defines it otherwise does not
 // reach the model. Attributes of messages and signals count only where they are defined.
 // SPDX-License-Identifier: MIT
 #include "read/attribute_fold.h"
 
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <string_view>
-#include <vector>
+#include <array>
 
 #include "attributes/reserved_names.h"
 #include "frame/can_database.h"
 #include "frame/model_text.h"
-#include "text/lexical.h"
 
 namespace vexil {
 namespace {
@@ -25,79 +19,10 @@ const AttributeContent& ContentOf(const AttributeValue* value, const Attribute& 
     return value != nullptr ? value->content : definition.defaultContent;
 }
 
-// Finds the values that one definition has for the owners of the model. Most files give them in the
-// order of the model, so a look at the next value spares most searches.
-class ValuesOfOwners {
-  public:
-    ValuesOfOwners(const AttributeTable& attributes, const Attribute& attributeDefinition)
-        : table(attributes), definition(attributeDefinition) {}
-
-    // As AttributeTable::FindValue.
-    const AttributeValue* Find(std::uint32_t messageId, std::string_view signalName) {
-        const AttributeValue* value = Next();
-        if (value == nullptr || value->messageId != messageId || value->signalName != signalName) {
-            value = table.FindValue(definition, messageId, signalName);
-        }
-        if (value != nullptr) {
-            next = static_cast<std::size_t>(value - table.values.data()) + 1;
-        }
-        return value;
-    }
-
-  private:
-    // The first value of the definition behind the last one found, if it is near.
-    const AttributeValue* Next() {
-        const std::size_t end = std::min(next + LookAhead, table.values.size());
-        for (std::size_t at = next; at < end; ++at) {
-            if (table.values[at].definition == &definition) {
-                return &table.values[at];
-            }
-        }
-        return nullptr;
-    }
-
-    static constexpr std::size_t LookAhead = 32;  // entries; values of other owners stand between
-
-    const AttributeTable& table;
-    const Attribute& definition;
-    std::size_t next = 0;  // position in the values of the table
-};
-
-// Calls fold(message, definition, value) for each message, if the attribute is defined; value is
-// null where the message has none.
-template <typename Fold>
-void ForEachMessage(std::string_view name, AttributeValueType type, Fold fold) {
-    const AttributeTable& table = database.attributes;
-    const Attribute* definition = table.FindDefinition(name, AttributeObjectKind::Msg, type);
-    if (definition == nullptr) {
-        return;
-    }
-    ValuesOfOwners values(table, *definition);
-    for (const auto& message : database.messages) {
-        fold(*message, *definition, values.Find(message->id, {}));
-    }
-}
-
-// The same for each signal of each message. A signal is known by its identifier.
-template <typename Fold>
-void ForEachSignal(std::string_view name, AttributeValueType type, Fold fold) {
-    const AttributeTable& table = database.attributes;
-    const Attribute* definition = table.FindDefinition(name, AttributeObjectKind::Sig, type);
-    if (definition == nullptr) {
-        return;
-    }
-    ValuesOfOwners values(table, *definition);
-    for (const auto& message : database.messages) {
-        for (const auto& signal : message->signals) {
-            fold(*signal, *definition, values.Find(message->id, signal->name));
-        }
-    }
-}
-
 // What the network has of the attribute, or null when it is not defined: a value needs a
 // definition.
 const AttributeContent* NetworkContent(std::string_view name, AttributeValueType type) {
-    const AttributeTable& table = database.attributes;
+    AttributeTable& table = database.attributes;
     const Attribute* definition = table.FindDefinition(name, AttributeObjectKind::Gen, type);
     return definition == nullptr ? nullptr
                                  : &ContentOf(table.FindValue(*definition, 0, {}), *definition);
@@ -110,7 +35,7 @@ void FoldBusType() {
     }
 }
 
-// Kept on purpose: a value other than 1 means no, and the default is not asked then.
+// Intentional: a value other than 1 means no, and the default does not count then.
 void FoldProtocol(std::string_view name, std::uint32_t protocol) {
     const AttributeContent* number = NetworkContent(name, AttributeValueType::Int);
     if (number != nullptr && number->intValue == 1) {
@@ -118,93 +43,79 @@ void FoldProtocol(std::string_view name, std::uint32_t protocol) {
     }
 }
 
-// NMEA comes last, so it wins when a file claims both.
-void FoldProtocolType() {
-    FoldProtocol(attribute::J1939PGN, ProtocolJ1939);
-    FoldProtocol(attribute::IsNMEA, ProtocolNmea);
-}
-
-// The names for display that values give, each made once, however many owners a value has.
-class LongNames {
-  public:
-    const SharedText& Of(const AttributeValue& value) {
-        const auto& values = database.attributes.values;
-        names.resize(values.size());
-        SharedText& name = names[static_cast<std::size_t>(&value - values.data())];
-        if (name.IsEmpty()) {
-            name = DisplayForm(SharedText(value.content.stringValue));
-        }
-        return name;
-    }
-
-  private:
-    std::vector<SharedText> names;  // by position of the value
+// An attribute of messages or signals. fold takes what the definition and the value, null where
+// there is none, say about an owner.
+template <typename Owner>
+struct OwnerAttribute {
+    std::string_view name;
+    AttributeValueType type = AttributeValueType::Unsup;
+    void (*fold)(Owner& owner, const Attribute& definition, const AttributeValue* value) = nullptr;
 };
 
-// Only the name for display changes; a default is no name.
+// Only the name for display changes; a default is no name. A value has no control characters: its
+// statement was cut at all of them.
 template <typename Owner>
-auto SetLongName(LongNames& names) {
-    return [&names](Owner& owner, const Attribute&, const AttributeValue* value) {
-        if (value != nullptr) {
-            owner.longName = names.Of(*value);
+void FoldLongName(Owner& owner, const Attribute& /*definition*/, const AttributeValue* value) {
+    owner.longName = value != nullptr ? value->content.stringValue : owner.longName;
+}
+
+void FoldSendType(CANMessage& message, const Attribute& definition, const AttributeValue* value) {
+    message.sendType = IdentifierForm(
+        database.arena, definition.EnumText(ContentOf(value, definition)).value_or(""));
+}
+
+template <auto number, typename Owner>
+void FoldNumber(Owner& owner, const Attribute& definition, const AttributeValue* value) {
+    owner.*number = ContentOf(value, definition).intValue;
+}
+
+constexpr std::array<OwnerAttribute<CANMessage>, 3> messageAttributes = {{
+    {attribute::Marrowby_Msg_Name, AttributeValueType::Str, FoldLongName},
+    {attribute::GenMsgSendType, AttributeValueType::Enum, FoldSendType},
+    {attribute::GenMsgCycleTime, AttributeValueType::Int, FoldNumber<&CANMessage::cycleTime>},
+}};
+
+constexpr std::array<OwnerAttribute<CANSignal>, 3> signalAttributes = {{
+    {attribute::Marrowby_Sig_Name, AttributeValueType::Str, FoldLongName},
+    {attribute::GenSigStartValue, AttributeValueType::Int, FoldNumber<&CANSignal::startValue>},
+    {attribute::GenSigInactiveValue, AttributeValueType::Int,
+     FoldNumber<&CANSignal::inactiveValue>},
+}};
+
+void FoldMessages() {
+    AttributeTable& table = database.attributes;
+    for (const auto& [name, type, fold] : messageAttributes) {
+        const Attribute* definition = table.FindDefinition(name, AttributeObjectKind::Msg, type);
+        for (std::size_t at = 0; definition != nullptr && at < database.messages.Size(); ++at) {
+            CANMessage& message = database.messages[at];
+            fold(message, *definition, table.FindValue(*definition, message.id, {}));
         }
-    };
+    }
 }
 
-void FoldMessageNames() {
-    LongNames names;
-    ForEachMessage(attribute::Marrowby_Msg_Name, AttributeValueType::Str,
-                   SetLongName<CANMessage>(names));
-}
-
-void FoldSendTypes() {
-    ForEachMessage(
-        attribute::GenMsgSendType, AttributeValueType::Enum,
-        [](CANMessage& message, const Attribute& definition, const AttributeValue* value) {
-            const std::string* text = definition.EnumText(ContentOf(value, definition));
-            message.sendType = text != nullptr ? MakeCIdentifier(*text) : std::string();
-        });
-}
-
-void FoldCycleTimes() {
-    ForEachMessage(
-        attribute::GenMsgCycleTime, AttributeValueType::Int,
-        [](CANMessage& message, const Attribute& definition, const AttributeValue* value) {
-            message.cycleTime = ContentOf(value, definition).intValue;
-        });
-}
-
-void FoldSignalNames() {
-    LongNames names;
-    ForEachSignal(attribute::Marrowby_Sig_Name, AttributeValueType::Str,
-                  SetLongName<CANSignal>(names));
-}
-
-void FoldStartValues() {
-    ForEachSignal(attribute::GenSigStartValue, AttributeValueType::Int,
-                  [](CANSignal& signal, const Attribute& definition, const AttributeValue* value) {
-                      signal.startValue = ContentOf(value, definition).intValue;
-                  });
-}
-
-void FoldInactiveValues() {
-    ForEachSignal(attribute::GenSigInactiveValue, AttributeValueType::Int,
-                  [](CANSignal& signal, const Attribute& definition, const AttributeValue* value) {
-                      signal.inactiveValue = ContentOf(value, definition).intValue;
-                  });
+// A signal is known by its identifier.
+void FoldSignals() {
+    AttributeTable& table = database.attributes;
+    for (const auto& [name, type, fold] : signalAttributes) {
+        const Attribute* definition = table.FindDefinition(name, AttributeObjectKind::Sig, type);
+        for (std::size_t at = 0; definition != nullptr && at < database.messages.Size(); ++at) {
+            const CANMessage& message = database.messages[at];
+            for (CANSignal* signal : message.signals) {
+                fold(*signal, *definition, table.FindValue(*definition, message.id, signal->name));
+            }
+        }
+    }
 }
 
 }  // namespace
 
 void FoldReservedAttributes() {
     FoldBusType();
-    FoldProtocolType();
-    FoldMessageNames();
-    FoldSendTypes();
-    FoldCycleTimes();
-    FoldSignalNames();
-    FoldStartValues();
-    FoldInactiveValues();
+    // NMEA comes last, so it wins when a file claims both.
+    FoldProtocol(attribute::J1939PGN, ProtocolJ1939);
+    FoldProtocol(attribute::IsNMEA, ProtocolNmea);
+    FoldMessages();
+    FoldSignals();
 }
 
 }  // namespace vexil

@@ -5,67 +5,37 @@
 //   CM_ SG_ id name "text";
 //
 // The text is all between the first and the last quote of the statement, quotes inside it included.
-// Comments of anything else are nobody's and are dropped.
+// Comments of anything else are dropped.
 // SPDX-License-Identifier: MIT
 #include "frame/can_database.h"
-#include "frame/comment.h"
 #include "read/handlers.h"
 #include "text/keywords.h"
 #include "text/lexical.h"
 
 namespace vexil {
-namespace {
 
-// A comment statement of a known message id, taken apart.
-struct CommentStatement {
-    MessagesOfId* messages = nullptr;  // of the id; null when the statement is no such comment
-    std::string_view owner;            // what stands between the id and the first quote
-    std::string_view text;             // empty when there are not two quotes
-};
-
-CommentStatement ParseCommentStatement(std::string_view text, std::string_view kindKeyword) {
-    CommentStatement comment;
+void HandleComment(std::string_view text) {
     Position pos = npos;
+    MatchKeyword(text, keyword::CM_, pos, 0);
+    const Position kind = pos;
+    const bool isOfMessage = MatchKeyword(text, keyword::BO_, pos, kind);
     std::uint32_t id = 0;
-    if (!MatchKeyword(text, keyword::CM_, pos, 0) || !MatchKeyword(text, kindKeyword, pos, pos) ||
+    if ((!isOfMessage && !MatchKeyword(text, keyword::SG_, pos, kind)) ||
         !ParseUnsignedToken(text, id, pos, pos)) {
-        return comment;
+        return;
     }
-    comment.messages = database.messagesById.Find(id);
     Position quote = npos;
-    comment.owner = Trimmed(TextUpToChar(text, pos, '"', quote));
+    const std::string_view name = Trimmed(TextUpToChar(text, pos, '"', quote));
     const Position lastQuote = text.rfind('"');
-    if (quote < lastQuote) {
-        comment.text = text.substr(quote + 1, lastQuote - quote - 1);
+    if (quote >= lastQuote || quote + 1 == lastQuote || (isOfMessage && !name.empty())) {
+        return;
     }
-    return comment;
-}
-
-}  // namespace
-
-bool HandleMessageComment(std::string_view text) {
-    const CommentStatement comment = ParseCommentStatement(text, keyword::BO_);
-    if (comment.messages == nullptr) {
-        return false;
+    OwnerIndex& owners = database.owners;
+    Owner* const owner = isOfMessage ? owners.FindMessage(id) : owners.FindSignal(id, name);
+    if (owner != nullptr) {
+        const std::string_view comment = text.substr(quote + 1, lastQuote - quote - 1);
+        owners.AddComment(database.arena, *owner, database.arena.Keep(comment));
     }
-    // A message has no owner name: nothing but white space may stand in front of the quote.
-    if (!comment.text.empty() && comment.owner.empty()) {
-        AppendComment(comment.messages->Messages(), comment.text);
-    }
-    return true;
-}
-
-bool HandleSignalComment(std::string_view text) {
-    const CommentStatement comment = ParseCommentStatement(text, keyword::SG_);
-    if (comment.messages == nullptr) {
-        return false;
-    }
-    if (!comment.text.empty()) {
-        comment.messages->FindSignalsNamed(comment.owner, [&comment](SignalsOfName found) {
-            AppendComment(found.signals, comment.text);
-        });
-    }
-    return true;
 }
 
 }  // namespace vexil

@@ -1,5 +1,5 @@
-// The handlers of the statement kinds. Each takes the text of a whole statement, as StatementFile
-// assembled it, matches the keywords itself and works on the database.
+// The handlers of the statement kinds. Each takes a whole statement, as StatementFile cut it, and
+// works on the database. What cannot be used is dropped; only BO_ and SG_ leave a record of it.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -17,24 +17,17 @@ bool HandleMessageStatement(std::string_view text, std::uint32_t line);
 // Adds a signal to the last message and returns true, or records why the statement was refused and
 // returns false. True also when a full message dropped the signal.
 //   line  number of the statement's line, for the record.
-// REQUIRES: the database has a message.
+// Precondition: the database has a message.
 bool HandleSignalStatement(std::string_view text, std::uint32_t line);
 
 // CM_ BO_ id "text";
-// Returns true when the statement is a comment of a known message id, whether or not it was used.
-bool HandleMessageComment(std::string_view text);
-
 // CM_ SG_ id name "text";
-// Returns true when the statement is a signal comment of a known message id, whether or not a
-// signal of that name exists.
-bool HandleSignalComment(std::string_view text);
+void HandleComment(std::string_view text);
 
 // SIG_VALTYPE_ id name : number;
-// Returns true when the message id is known, whether or not a signal took the statement.
-bool HandleValueType(std::string_view text);
+void HandleValueType(std::string_view text);
 
 // VAL_ id name number "text" number "text" ... ;
-// Returns true when the message id is known, whether or not a signal took the statement.
-bool HandleValueDescriptions(std::string_view text);
+void HandleValueDescriptions(std::string_view text);
 
 }  // namespace vexil

@@ -2,14 +2,10 @@
 //
 //   BO_ id name: size transmitter
 //
-// There is no terminator: the transmitter is all that stands behind the size.
+// There is no terminator: the transmitter is all that follows the size.
 // SPDX-License-Identifier: MIT
-#include <memory>
-#include <string>
-
 #include "frame/can_database.h"
 #include "frame/model_text.h"
-#include "frame/parse_errors.h"
 #include "read/handlers.h"
 #include "text/char_class.h"
 #include "text/keywords.h"
@@ -18,59 +14,52 @@
 namespace vexil {
 
 bool HandleMessageStatement(std::string_view text, std::uint32_t line) {
-    auto message = std::make_shared<CANMessage>();
-    if (!message->Parse(text)) {
-        RecordParseErrors(text, line, message->stepErrors);
+    CANMessage message;
+    if (const auto failedStep = message.Parse(database.arena, text)) {
+        RecordParseError(text, line, *failedStep);
         return false;
     }
     // Not checked: an id may come twice. Later statements then reach all messages of that id.
-    database.messages.push_back(message);
-    database.messagesById.Add(std::move(message));
+    database.owners.AddMessage(database.messages.Add(database.arena, message));
     return true;
 }
 
-bool CANMessage::Parse(std::string_view text) {
-    Reset();
-    stepErrors.clear();
+std::optional<std::uint32_t> CANMessage::Parse(Arena& arena, std::string_view text) {
     Position pos = npos;
-    if (!MatchKeyword(text, keyword::BO_, pos, 0)) {
-        return false;
-    }
+    MatchKeyword(text, keyword::BO_, pos, 0);
     if (!ParseUnsignedToken(text, id, pos, pos)) {
-        stepErrors.push_back(StepMessageId);
-    } else if (!ParseName(text, pos, pos)) {
-        stepErrors.push_back(StepMessageName);
-    } else if (!ParseSize(text, pos, pos)) {
-        stepErrors.push_back(StepMessageSize);
+        return StepMessageId;
     }
-    if (!stepErrors.empty()) {
-        Reset();
-        return false;
+    if (!ParseName(arena, text, pos, pos)) {
+        return StepMessageName;
     }
-    transmitter = IdentifierForm(TrimmedRange(text, pos, text.size() - 1));
-    isEmpty = false;
-    return true;
+    if (!ParseSize(text, pos, pos)) {
+        return StepMessageSize;
+    }
+    transmitter = IdentifierForm(arena, arena.Keep(TrimmedRange(text, pos, text.size() - 1)));
+    return std::nullopt;
 }
 
-bool CANMessage::ParseName(std::string_view text, Position from, Position& next) {
+bool CANMessage::ParseName(Arena& arena, std::string_view text, Position from, Position& next) {
     Position colon = npos;
-    rawName = Trimmed(TextUpToChar(text, from, ':', colon));
-    if (rawName.IsEmpty()) {
+    const std::string_view rawName = Trimmed(TextUpToChar(text, from, ':', colon));
+    if (rawName.empty()) {
         return false;
     }
-    longName = DisplayForm(rawName);
-    UpdateName();
+    MakeNames(arena, arena.Keep(rawName), longName, name);
     next = colon + 1;
     return true;
 }
 
 bool CANMessage::ParseSize(std::string_view text, Position from, Position& next) {
-    constexpr std::string_view Digits = "0123456789";
-    const Position digit = text.find_first_of(Digits, from);
-    if (digit == npos || digit != FindNonSpace(text, from)) {
+    const Position digit = FindNonSpace(text, from);
+    if (digit == npos || !IsDigit(text[digit])) {
         return false;
     }
-    next = text.find_first_not_of(Digits, digit);
+    next = digit;
+    while (next < text.size() && IsDigit(text[next])) {
+        ++next;
+    }
     return TryParseU32(text.substr(digit), dlc);
 }
 

@@ -1,6 +1,8 @@
-// The reading of a file: the loop over its statements, and which handler sees which.
+// Reading a file: the loop over its statements, and the handler of each kind.
 // SPDX-License-Identifier: MIT
 #include "read/read_driver.h"
+
+#include <array>
 
 #include "attributes/attribute_statements.h"
 #include "frame/can_database.h"
@@ -12,41 +14,63 @@
 namespace vexil {
 namespace {
 
-// Hands the statement of the file to the handler of its kind. A kind without a handler is dropped,
-// and so is what a handler cannot use. Returns whether an SG_ statement right behind belongs to the
-// last message: Kept on purpose: a statement of any other kind ends the signals of a message, and
-// those behind it are dropped without a record.
-bool HandleStatement(const StatementFile& file, bool signalOwnerOpen) {
-    const std::string_view statement = file.statement;
-    const std::uint32_t line = file.lineNumber - 1;
-    switch (file.statementKeyword) {
-        case RowOf(keyword::BO_):
-            return HandleMessageStatement(statement, line);
-        case RowOf(keyword::SG_):
-            return signalOwnerOpen && HandleSignalStatement(statement, line);
-        case RowOf(keyword::CM_):
-            if (!HandleMessageComment(statement)) {
-                HandleSignalComment(statement);
-            }
-            return false;
-        case RowOf(keyword::SIG_VALTYPE_):
-            HandleValueType(statement);
-            return false;
-        case RowOf(keyword::VAL_):
-            HandleValueDescriptions(statement);
-            return false;
-        default:
-            if (IsAttributeStatement(statement)) {
-                ParseAttributeStatement(database.attributes, statement);
-            }
-            return false;
-    }
+// Handles the statement that the file found last. Returns whether an SG_ statement that follows
+// directly belongs to the last message. Intentional: a statement of any other kind ends the signals
+// of a message, and later ones are dropped without a record.
+//   ownsSignals  whether that held for this statement.
+using Handler = bool (*)(const StatementFile& file, bool ownsSignals);
+
+bool HandleMessage(const StatementFile& file, bool /*ownsSignals*/) {
+    return HandleMessageStatement(file.statement, file.lineNumber - 1);
 }
 
+bool HandleSignal(const StatementFile& file, bool ownsSignals) {
+    return ownsSignals && HandleSignalStatement(file.statement, file.lineNumber - 1);
+}
+
+template <void (*handle)(std::string_view text)>
+bool Handle(const StatementFile& file, bool /*ownsSignals*/) {
+    handle(file.statement);
+    return false;
+}
+
+template <void (*parse)(AttributeTable& table, Arena& arena, std::string_view text)>
+bool HandleAttribute(const StatementFile& file, bool /*ownsSignals*/) {
+    parse(database.attributes, database.arena, file.statement);
+    return false;
+}
+
+struct StatementKind {
+    std::string_view keyword;
+    Handler handler;
+};
+
+// The kinds that are read. All others are dropped.
+constexpr std::array statementKinds = {
+    StatementKind{keyword::BO_, HandleMessage},
+    StatementKind{keyword::SG_, HandleSignal},
+    StatementKind{keyword::CM_, Handle<HandleComment>},
+    StatementKind{keyword::SIG_VALTYPE_, Handle<HandleValueType>},
+    StatementKind{keyword::VAL_, Handle<HandleValueDescriptions>},
+    StatementKind{keyword::BA_DEF_, HandleAttribute<ParseDefinitionStatement>},
+    StatementKind{keyword::BA_DEF_DEF_, HandleAttribute<ParseDefaultStatement>},
+    StatementKind{keyword::BA_, HandleAttribute<ParseValueStatement>},
+};
+
+// By the row of the keyword; null where the kind is dropped.
+constexpr std::array<Handler, KeywordCount> handlers = [] {
+    std::array<Handler, KeywordCount> byRow{};
+    for (const StatementKind& kind : statementKinds) {
+        byRow[RowOf(kind.keyword)] = kind.handler;
+    }
+    return byRow;
+}();
+
 void ReadStatements(StatementFile& file) {
-    bool signalOwnerOpen = false;
+    bool ownsSignals = false;
     while (file.NextStatement()) {
-        signalOwnerOpen = HandleStatement(file, signalOwnerOpen);
+        const Handler handler = handlers[file.statementKeyword];
+        ownsSignals = handler != nullptr && handler(file, ownsSignals);
     }
 }
 
@@ -54,7 +78,6 @@ void ReadStatements(StatementFile& file) {
 
 bool ReadDbcFile(const char* path, std::uint32_t pathBufferSize, std::uint32_t& resultCode) {
     database.Reset();
-    database.messagesById.Clear();  // a read that ran out of memory left it as it was
     StatementFile file;
     file.Open(path, pathBufferSize, OpenMode::Read);
     resultCode = file.parseState;
@@ -63,8 +86,7 @@ bool ReadDbcFile(const char* path, std::uint32_t pathBufferSize, std::uint32_t& 
     }
     ReadStatements(file);
     FoldReservedAttributes();
-    database.messagesById.Clear();
-    database.attributes.ClearEntries();
+    database.EndRead();
     resultCode = file.parseState;
     file.Close();
     if (resultCode != StateEndOfFile) {

@@ -1,11 +1,9 @@
-// SG_ statements: each one makes a signal of the message in front of it. The steps stand in
+// SG_ statements: each one makes a signal of the message before it. The steps are in
 // signal_steps.cpp; the lines are written by write/message_section.cpp.
 // SPDX-License-Identifier: MIT
-#include <memory>
 #include <string>
 
 #include "frame/can_database.h"
-#include "frame/parse_errors.h"
 #include "read/handlers.h"
 #include "text/keywords.h"
 #include "text/utf8_text.h"
@@ -15,7 +13,7 @@ namespace {
 
 // Where no quotes hold a unit, the receivers may begin inside a character. What is left of it
 // counts as invalid bytes of a file do, as one "_" each.
-void ParseReceiversAt(CANSignal& signal, std::string_view list) {
+void ParseReceiversAt(Arena& arena, CANSignal& signal, std::string_view list) {
     std::string repaired;
     const bool beginsInsideCharacter = (static_cast<unsigned char>(list.front()) & 0xC0) == 0x80;
     if (beginsInsideCharacter) {
@@ -23,47 +21,44 @@ void ParseReceiversAt(CANSignal& signal, std::string_view list) {
         ReplaceInvalidUtf8(repaired);
         list = repaired;
     }
-    signal.ParseReceivers(list);
+    signal.ParseReceivers(arena, list);
 }
 
 }  // namespace
 
 bool HandleSignalStatement(std::string_view text, std::uint32_t line) {
-    auto signal = std::make_shared<CANSignal>();
-    if (!signal->Parse(text)) {
-        RecordParseErrors(text, line, signal->stepErrors);
+    CANSignal signal;
+    if (const auto failedStep = signal.Parse(database.arena, text)) {
+        RecordParseError(text, line, *failedStep);
         return false;
     }
-    database.messages.back()->AddSignal(std::move(signal));
+    CANMessage& message = database.messages[database.messages.Size() - 1];
+    if (CANSignal* const added = message.AddSignal(database.arena, signal)) {
+        database.owners.AddSignal(message.id, *added);
+    }
     return true;
 }
 
-bool CANSignal::Parse(std::string_view text) {
-    Reset();
-    stepErrors.clear();
+std::optional<std::uint32_t> CANSignal::Parse(Arena& arena, std::string_view text) {
     Position pos = npos;
-    if (!MatchKeyword(text, keyword::SG_, pos, 0)) {
-        return false;
+    MatchKeyword(text, keyword::SG_, pos, 0);
+    if (!ParseNameAndMultiplex(arena, text, pos, pos)) {
+        return StepSignalName;
     }
-    if (!ParseNameAndMultiplex(text, pos, pos)) {
-        stepErrors.push_back(StepSignalName);
-    } else if (!ParseBitLayout(text, pos, pos)) {
-        stepErrors.push_back(StepSignalLayout);
-    } else if (!ParseScaling(text, pos, pos)) {
-        stepErrors.push_back(StepSignalScaling);
-    } else if (!ParseRange(text, pos, pos)) {
-        stepErrors.push_back(StepSignalRange);
+    if (!ParseBitLayout(text, pos, pos)) {
+        return StepSignalLayout;
     }
-    if (!stepErrors.empty()) {
-        Reset();
-        return false;
+    if (!ParseScaling(text, pos, pos)) {
+        return StepSignalScaling;
     }
-    ParseUnit(text, pos, pos);
+    if (!ParseRange(text, pos, pos)) {
+        return StepSignalRange;
+    }
+    ParseUnit(arena, text, pos, pos);
     if (pos < text.size()) {
-        ParseReceiversAt(*this, text.substr(pos));
+        ParseReceiversAt(arena, *this, text.substr(pos));
     }
-    isEmpty = false;
-    return true;
+    return std::nullopt;
 }
 
 }  // namespace vexil

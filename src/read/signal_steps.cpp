@@ -2,7 +2,7 @@
 //
 //   SG_ name [M|m number] : start|length@order sign (factor,offset) [min|max] "unit" receivers
 //
-// Kept on purpose: a separator is searched for, not expected at a place, so a step may find its own
+// Intentional: a separator is searched for, not expected at a place, so a step may find its own
 // in a later field.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
@@ -13,7 +13,6 @@
 #include "frame/model_text.h"
 #include "text/char_class.h"
 #include "text/lexical.h"
-#include "text/utf8_text.h"
 
 namespace vexil {
 namespace {
@@ -50,7 +49,8 @@ Position FindLastM(std::string_view text) {
 
 }  // namespace
 
-bool CANSignal::ParseNameAndMultiplex(std::string_view text, Position from, Position& next) {
+bool CANSignal::ParseNameAndMultiplex(Arena& arena, std::string_view text, Position from,
+                                      Position& next) {
     Position colon = npos;
     const std::string_view head = TextUpToChar(text, from, ':', colon);
     if (head.empty() || colon == text.size() - 1) {
@@ -58,9 +58,8 @@ bool CANSignal::ParseNameAndMultiplex(std::string_view text, Position from, Posi
     }
     Position nameEnd = head.size();
     ParseMultiplexIndicator(head, nameEnd);
-    rawName = Trimmed(head.substr(0, nameEnd));
-    longName = DisplayForm(rawName);
-    UpdateName();
+    rawName = arena.Keep(Trimmed(head.substr(0, nameEnd)));
+    MakeNames(arena, rawName, longName, name);
     next = colon + 1;
     return true;
 }
@@ -104,7 +103,7 @@ bool CANSignal::ParseBitLayout(std::string_view text, Position from, Position& n
         if (!TryParseU32(text.substr(bar + 1), bitLength)) {
             return false;
         }
-        next = bar + 1 + std::to_string(bitLength).size();
+        next = bar + 1 + DigitCount(bitLength);
         return true;
     }
     if (!TryParseU32(length, bitLength)) {
@@ -139,7 +138,7 @@ bool CANSignal::ParseRange(std::string_view text, Position from, Position& next)
     return true;
 }
 
-void CANSignal::ParseUnit(std::string_view text, Position from, Position& next) {
+void CANSignal::ParseUnit(Arena& arena, std::string_view text, Position from, Position& next) {
     // Without quotes the receivers start one character on, whatever that is.
     next = from + 1;
     const Position quote = text.find('"', from);
@@ -147,23 +146,25 @@ void CANSignal::ParseUnit(std::string_view text, Position from, Position& next) 
         return;
     }
     Position closing = npos;
-    unitUtf8 = Trimmed(TextUpToChar(text, quote + 1, '"', closing));
-    unit = FoldToAscii(unitUtf8);
+    unitUtf8 = arena.Keep(Trimmed(TextUpToChar(text, quote + 1, '"', closing)));
+    unit = AsciiForm(arena, unitUtf8);
     if (closing != npos) {
         next = closing + 1;
     }
 }
 
-void CANSignal::ParseReceivers(std::string_view list) {
-    receivers.Clear();
+void CANSignal::ParseReceivers(Arena& arena, std::string_view list) {
+    std::string joined;
     while (!list.empty()) {
         const std::size_t comma = std::min(list.find(','), list.size());
-        const std::string receiver = IdentifierForm(Trimmed(list.substr(0, comma)));
+        const std::string_view receiver = Trimmed(list.substr(0, comma));
         if (!receiver.empty()) {
-            receivers.Add(receiver);
+            joined.append(joined.empty() ? "" : ",");
+            joined.append(MakeCIdentifier(receiver));
         }
         list.remove_prefix(std::min(comma + 1, list.size()));
     }
+    receivers = arena.Keep(joined);
 }
 
 }  // namespace vexil

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "text/keyed_hash.h"
 
-#include <array>
 #include <bit>
 #include <chrono>
 #include <cstring>
@@ -10,73 +9,54 @@
 namespace vexil {
 namespace {
 
+// The two halves of a product of 64-bit numbers as one. Every bit of it depends on every bit of a
+// secret factor, so that no difference between two texts cancels out whatever the secret is.
+std::uint64_t Fold(std::uint64_t a, std::uint64_t b) noexcept {
+    __extension__ using Product = unsigned __int128;
+    const Product product = static_cast<Product>(a) * b;
+    return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64U);
+}
+
+// A number of which each bit depends on each bit of the given one: the finish of splitmix64.
+std::uint64_t Spread(std::uint64_t number) noexcept {
+    number = (number ^ (number >> 30U)) * 0xbf58476d1ce4e5b9U;
+    number = (number ^ (number >> 27U)) * 0x94d049bb133111ebU;
+    return number ^ (number >> 31U);
+}
+
 // What an attacker cannot know: where the process has its data, and when it was started.
 struct Secret {
     Secret() noexcept
-        : first(static_cast<std::uint64_t>(
-              std::chrono::steady_clock::now().time_since_epoch().count())),
-          second(std::bit_cast<std::uintptr_t>(this)) {}
+        : start(Spread(static_cast<std::uint64_t>(
+              std::chrono::steady_clock::now().time_since_epoch().count()))),
+          factor(Spread(start ^ std::bit_cast<std::uintptr_t>(this)) | 1U) {}
 
-    std::uint64_t first;
-    std::uint64_t second;
+    std::uint64_t start;
+    std::uint64_t factor;
 };
 
-class SipState {
-  public:
-    SipState(std::uint64_t first, std::uint64_t second) noexcept
-        : v{first ^ 0x736f6d6570736575U, second ^ 0x646f72616e646f6dU, first ^ 0x6c7967656e657261U,
-            second ^ 0x7465646279746573U} {}
-
-    void Add(std::uint64_t word) noexcept {
-        v[3] ^= word;
-        Round();
-        v[0] ^= word;
-    }
-
-    std::uint64_t Finish() noexcept {
-        v[2] ^= 0xff;
-        Round();
-        Round();
-        Round();
-        return v[0] ^ v[1] ^ v[2] ^ v[3];
-    }
-
-  private:
-    void Round() noexcept {
-        v[0] += v[1];
-        v[1] = std::rotl(v[1], 13) ^ v[0];
-        v[0] = std::rotl(v[0], 32);
-        v[2] += v[3];
-        v[3] = std::rotl(v[3], 16) ^ v[2];
-        v[0] += v[3];
-        v[3] = std::rotl(v[3], 21) ^ v[0];
-        v[2] += v[1];
-        v[1] = std::rotl(v[1], 17) ^ v[2];
-        v[2] = std::rotl(v[2], 32);
-    }
-
-    std::array<std::uint64_t, 4> v;
-};
+const Secret& ProcessSecret() noexcept {
+    static const Secret secret;
+    return secret;
+}
 
 }  // namespace
 
-std::size_t KeyedHash(std::uint64_t number, std::string_view text) noexcept {
-    static const Secret secret;
-    SipState state(secret.first, secret.second);
-    state.Add(number);
-    const std::size_t size = text.size();
+PrefixHash::PrefixHash(std::uint64_t number, std::string_view text) noexcept
+    : state(Fold(ProcessSecret().start ^ number, ProcessSecret().factor)), whole(text) {}
+
+std::size_t PrefixHash::UpTo(std::size_t size) noexcept {
+    const std::uint64_t factor = ProcessSecret().factor;
     std::uint64_t word = 0;
-    while (text.size() >= sizeof(word)) {
-        std::memcpy(&word, text.data(), sizeof(word));
-        state.Add(word);
-        text.remove_prefix(sizeof(word));
+    for (; size - done >= sizeof(word); done += sizeof(word)) {
+        std::memcpy(&word, whole.data() + done, sizeof(word));
+        state = Fold(state ^ word, factor);
     }
     word = 0;
-    if (!text.empty()) {
-        std::memcpy(&word, text.data(), text.size());
+    for (std::size_t at = size; at > done; --at) {
+        word = (word << 8U) | static_cast<unsigned char>(whole[at - 1]);
     }
-    state.Add(word | (static_cast<std::uint64_t>(size) << 56U));
-    return state.Finish();
+    return Fold(Fold(state ^ word, factor) ^ size, factor);
 }
 
 }  // namespace vexil

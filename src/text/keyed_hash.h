@@ -1,6 +1,6 @@
-// The hash of the library's tables. It is keyed with a secret of the process, so that nobody can
-// write a file whose names or ids all fall into one bucket. The value never reaches a caller or a
-// file. SPDX-License-Identifier: MIT
+// The hash of the library's tables. Its key is a secret of the process, so that nobody can write a
+// file whose names or ids all fall into one bucket. No value of it reaches a caller or a file.
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,26 @@
 
 namespace vexil {
 
-// SipHash with one round for each eight bytes and three at the end, of number and text together.
-std::size_t KeyedHash(std::uint64_t number, std::string_view text) noexcept;
+// The hash of a number and a text. The hashes of prefixes of a text, in ascending length, cost
+// together what the text costs.
+class PrefixHash {
+  public:
+    // text: a view that lives as long as the object.
+    PrefixHash(std::uint64_t number, std::string_view text) noexcept;
+
+    // Returns the hash of the number and the first size bytes of the text. Precondition: no call
+    // before had a greater size.
+    std::size_t UpTo(std::size_t size) noexcept;
+
+  private:
+    std::uint64_t state;     // of the number and the whole words so far
+    std::string_view whole;  // the text
+    std::size_t done = 0;    // bytes of it in these words
+};
+
+// The hash of a number and a whole text.
+inline std::size_t KeyedHash(std::uint64_t number, std::string_view text) noexcept {
+    return PrefixHash(number, text).UpTo(text.size());
+}
 
 }  // namespace vexil

@@ -13,13 +13,13 @@ namespace vexil {
 
 struct KeywordRow {
     std::string_view keyword;
-    bool needsSemicolon =
-        false;  // a statement of free text: only a ";" in front of a keyword ends it
+    // A statement of free text: a keyword ends it only after a ";".
+    bool needsSemicolon = false;
 };
 
 inline constexpr std::size_t KeywordCount = 35;
 
-// The table: twelve keywords, then those of SymbolList that are not among them. Kept on purpose:
+// The table: twelve keywords, then those of SymbolList that are not among them. Intentional:
 // BA_DEF_DEF_ comes from SymbolList and needs no semicolon, although BA_DEF_ does.
 inline constexpr std::array<KeywordRow, KeywordCount> keywordTable = [] {
     std::array<KeywordRow, KeywordCount> table = {{{keyword::SG_, false},
@@ -45,7 +45,7 @@ inline constexpr std::array<KeywordRow, KeywordCount> keywordTable = [] {
 }();
 
 // The row of a keyword, at compile time.
-consteval std::size_t RowOf(std::string_view keyword) {
+constexpr std::size_t RowOf(std::string_view keyword) {
     std::size_t row = 0;
     while (keywordTable[row].keyword != keyword) {
         ++row;
@@ -53,21 +53,16 @@ consteval std::size_t RowOf(std::string_view keyword) {
     return row;
 }
 
-// Whether a keyword begins with the character: a quick look before the search in the table.
-constexpr bool BeginsKeyword(char ch) {
-    switch (ch) {
-        case 'B':
-        case 'C':
-        case 'E':
-        case 'F':
-        case 'N':
-        case 'S':
-        case 'V':
-            return true;
-        default:
-            return false;
-    }
+inline constexpr std::size_t LongestKeyword = 16;
+
+// Whether a keyword may end in the character.
+constexpr bool MayEndKeyword(char ch) noexcept {
+    return (ch == '_') | (ch == 'N') | (ch == 'R');
 }
+
+static_assert(std::all_of(keywordTable.begin(), keywordTable.end(), [](const KeywordRow& row) {
+    return MayEndKeyword(row.keyword.back()) && row.keyword.size() <= LongestKeyword;
+}));
 
 // The row of the token in the table; KeywordCount when it is no keyword.
 std::size_t KeywordRowOf(std::string_view token);

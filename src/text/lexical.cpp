@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 #include "text/char_class.h"
 #include "text/utf8_text.h"
@@ -11,8 +12,16 @@
 namespace vexil {
 namespace {
 
+constexpr std::array<bool, 256> identifierTable = [] {
+    std::array<bool, 256> table{};
+    for (std::size_t ch = 0; ch < table.size(); ++ch) {
+        table[ch] = IsAlnum(static_cast<char>(ch)) || ch == '_';
+    }
+    return table;
+}();
+
 bool IsIdentifierChar(char ch) {
-    return IsAlnum(ch) || ch == '_';
+    return identifierTable[static_cast<unsigned char>(ch)];
 }
 
 // The first characters of a valid text, at most count: bytes up to the next that begins one.
@@ -29,18 +38,15 @@ std::string_view FrontCharacters(std::string_view text, std::size_t count) {
     return text.substr(0, at);
 }
 
-// Whether the token is nothing but the number: as long as its digits, leading zeros aside. Kept on
-// purpose: a minus sign in front of nine digits passes, since the number it wraps around to has
-// ten.
-bool IsWholeNumber(std::string_view token, std::uint32_t number) {
-    const std::size_t zeros = std::min(token.find_first_not_of('0'), token.size());
-    if (number == 0) {
-        return zeros == token.size();
-    }
-    return std::to_string(number).size() == token.size() - zeros;
-}
-
 }  // namespace
+
+std::size_t DigitCount(std::uint32_t number) {
+    std::size_t count = 1;
+    for (; number >= 10; number /= 10) {
+        ++count;
+    }
+    return count;
+}
 
 bool ParseUnsignedToken(std::string_view text, std::uint32_t& value, Position& end, Position from) {
     value = 0;
@@ -49,23 +55,45 @@ bool ParseUnsignedToken(std::string_view text, std::uint32_t& value, Position& e
     if (start == npos) {
         return false;
     }
-    const Position stop = FindSpace(text, start);
-    if (stop == npos) {
+    const bool isNegative = text[start] == '-';
+    const Position digits = start + (isNegative ? 1 : 0);
+    Position at = digits;
+    std::uint64_t number = 0;
+    for (; at < text.size() && IsDigit(text[at]); ++at) {
+        number = number * 10 + static_cast<std::uint64_t>(text[at] - '0');
+        if (number > std::numeric_limits<std::uint32_t>::max()) {
+            return false;
+        }
+    }
+    if (at == digits) {
         return false;
     }
-    const std::string_view token = text.substr(start, stop - start);
-    std::uint32_t number = 0;
-    if (!TryParseU32(token, number) || !IsWholeNumber(token, number)) {
+    auto wrapped = static_cast<std::uint32_t>(number);
+    if (isNegative) {
+        wrapped = 0 - wrapped;
+        at = FindSpace(text, at);
+        if (wrapped == 0 || DigitCount(wrapped) != at - start) {
+            return false;
+        }
+    }
+    if (at >= text.size() || !IsSpace(text[at])) {
         return false;
     }
-    value = number;
-    end = stop;
+    value = wrapped;
+    end = at;
     return true;
 }
 
 std::string_view TextUpToChar(std::string_view text, Position from, char ch, Position& foundPos) {
-    foundPos = text.find(ch, from);
-    return foundPos == npos ? std::string_view() : text.substr(from, foundPos - from);
+    // A plain loop: most fields are so short that a search function costs more.
+    for (Position at = from; at < text.size(); ++at) {
+        if (text[at] == ch) {
+            foundPos = at;
+            return {text.data() + from, at - from};
+        }
+    }
+    foundPos = npos;
+    return {};
 }
 
 std::string_view TrimmedRange(std::string_view text, Position from, Position to) {

@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -14,7 +15,8 @@ namespace vexil {
 // Reads a bare decimal number: a token that white space follows.
 // value: the number; 0 after false. end: the position of the white space; npos after false.
 // Returns false for a sign, any other character, a value above 32 bits, or a token that ends the
-// text. Kept on purpose: a minus sign and nine digits pass, as 2^32 less their number.
+// text. Intentional: a token that begins with a minus sign and a number passes when it is as long
+// as 2^32 less the number, whatever follows the digits.
 bool ParseUnsignedToken(std::string_view text, std::uint32_t& value, Position& end, Position from);
 
 // Returns the text from from up to the next ch, a view into text.
@@ -23,7 +25,7 @@ bool ParseUnsignedToken(std::string_view text, std::uint32_t& value, Position& e
 std::string_view TextUpToChar(std::string_view text, Position from, char ch, Position& foundPos);
 
 // Returns the text from from up to and with to, without white space at its ends, a view into text.
-// Kept on purpose: empty when from is not below to, also if a character stands there.
+// Intentional: empty when from is not below to, also if a character stands there.
 std::string_view TrimmedRange(std::string_view text, Position from, Position to);
 
 // Returns text without white space at its ends, a view into text.
@@ -35,8 +37,11 @@ bool IsValidCIdentifier(std::string_view text);
 
 // Returns the identifier made from text: folded to ASCII, cut to 32 characters, with "_" in place
 // of a leading digit and of every other character that an identifier may not have. Empty for an
-// empty text. Equal identifiers may come from different texts. REQUIRES: text is valid UTF-8.
+// empty text. Equal identifiers may come from different texts. Precondition: text is valid UTF-8.
 std::string MakeCIdentifier(std::string_view text);
+
+// How many decimal digits the number has.
+std::size_t DigitCount(std::uint32_t number);
 
 // The number at the start of text, in base 10; white space and a sign may precede it, and whatever
 // follows it is ignored.

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <charconv>
 #include <clocale>
 #include <cstdlib>
 #include <limits>
@@ -15,38 +14,47 @@
 namespace vexil {
 namespace {
 
-// An integer as the runtime's conversions split it: sign and magnitude.
-struct Integer {
-    bool negative = false;
-    std::uint64_t magnitude = 0;
-};
-
-// The integer at the start of text. False when there is no digit or the magnitude exceeds 64 bits.
-// Our own, since strtoul and strtol are of 32 bits on one platform and of 64 on another.
-bool ParseInteger(std::string_view text, Integer& integer) {
+// The integer at the start of text. Our own, since strtoul and strtol are of 32 bits on one
+// platform and of 64 on another.
+//   most          the largest magnitude of a number.
+//   mostNegative  that of a number after a minus sign.
+template <typename Number>
+bool ParseInteger(std::string_view text, Number& value, std::uint64_t most,
+                  std::uint64_t mostNegative) {
+    value = 0;
     const char* at = text.data();
     const char* const end = at + text.size();
-    while (at != end && IsSpace(*at)) {
+    while (at != end && spaceTable[static_cast<unsigned char>(*at)]) {
         ++at;
     }
-    if (at != end && (*at == '-' || *at == '+')) {
-        integer.negative = *at == '-';
+    const bool isNegative = at != end && *at == '-';
+    if (isNegative || (at != end && *at == '+')) {
         ++at;
     }
-    return std::from_chars(at, end, integer.magnitude).ec == std::errc();
+    const char* const digits = at;
+    std::uint64_t magnitude = 0;
+    for (; at != end; ++at) {
+        const unsigned digit = static_cast<unsigned char>(*at) - unsigned{'0'};
+        if (digit > 9) {
+            break;
+        }
+        // Another digit of a number beyond this one would be beyond every range.
+        if (magnitude > std::numeric_limits<std::int64_t>::max() / 10) {
+            return false;
+        }
+        magnitude = magnitude * 10 + digit;
+    }
+    if (at == digits || magnitude > (isNegative ? mostNegative : most)) {
+        return false;
+    }
+    value = static_cast<Number>(isNegative ? 0 - magnitude : magnitude);
+    return true;
 }
 
 template <typename Signed>
 bool ParseSigned(std::string_view text, Signed& value) {
-    value = 0;
-    Integer integer;
-    constexpr auto largest = static_cast<std::uint64_t>(std::numeric_limits<Signed>::max());
-    if (!ParseInteger(text, integer) || integer.magnitude > largest + (integer.negative ? 1 : 0)) {
-        return false;
-    }
-    // Negated as unsigned, since the magnitude of the smallest number has no signed form.
-    value = static_cast<Signed>(integer.negative ? 0 - integer.magnitude : integer.magnitude);
-    return true;
+    constexpr auto Largest = static_cast<std::uint64_t>(std::numeric_limits<Signed>::max());
+    return ParseInteger(text, value, Largest, Largest + 1);
 }
 
 // Whether the decimal point of the host's C locale is a full stop.
@@ -105,15 +113,8 @@ bool TryParsePlainDouble(std::string_view text, double& value) {
 }  // namespace
 
 bool TryParseU32(std::string_view text, std::uint32_t& value) {
-    value = 0;
-    Integer integer;
-    if (!ParseInteger(text, integer) ||
-        integer.magnitude > std::numeric_limits<std::uint32_t>::max()) {
-        return false;
-    }
-    const auto magnitude = static_cast<std::uint32_t>(integer.magnitude);
-    value = integer.negative ? 0 - magnitude : magnitude;
-    return true;
+    constexpr std::uint64_t Largest = std::numeric_limits<std::uint32_t>::max();
+    return ParseInteger(text, value, Largest, Largest);
 }
 
 bool TryParseI32(std::string_view text, std::int32_t& value) {

@@ -1,103 +1,114 @@
 // StatementFile: the cut of a file into statements.
 //
-// A statement starts at a keyword and ends in front of the next one, which may stand inside quotes:
-// quotes are not tracked. Only the keywords of free text (CM_, BA_, BA_DEF_) want a ";" in front of
-// the keyword that ends them. Where it is missing, that keyword counts as text, the rest of the
-// lines read so far is not searched, and the next keyword of a later line ends the statement
-// whatever stands in front of it. SPDX-License-Identifier: MIT
+// A statement starts at a keyword and ends before the next one, which may be inside quotes: quotes
+// are not tracked. Only the keywords of free text (CM_, BA_, BA_DEF_) want a ";" before the keyword
+// that ends them. Where it is missing, that keyword counts as text, the rest of its line is not
+// searched, and the next keyword of a later line ends the statement whatever precedes it.
+// SPDX-License-Identifier: MIT
 #include "text/char_class.h"
 #include "text/keywords.h"
-#include "text/lexical.h"
 #include "text/statement_file.h"
 #include "vexil64.h"
 
 namespace vexil {
 namespace {
 
-constexpr Position StatementLimit = 4096;  // a longer statement is given out without its end
+constexpr std::size_t StatementLimit = 4096;  // a longer statement is returned without its end
 
+// Whether the last character that is no white space is a semicolon. Precondition: there is one.
 bool EndsInSemicolon(std::string_view text) {
-    return Trimmed(text).ends_with(';');
+    while (IsSpace(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text.back() == ';';
 }
 
 }  // namespace
 
-bool StatementFile::FindKeyword(Position from, std::size_t& index, Position& offset,
-                                Position& end) const {
-    const std::string_view text = buffer;
-    Position start = FindNonSpace(text, from);
-    while (start != npos) {
-        // Every line of the buffer ends in a line feed, so every token in white space.
-        const Position stop = FindSpace(text, start);
-        const std::size_t row = BeginsKeyword(text[start])
-                                    ? KeywordRowOf(text.substr(start, stop - start))
-                                    : KeywordCount;
-        if (row != KeywordCount) {
-            index = row;
-            offset = start;
-            end = stop;
-            return true;
+bool StatementFile::BeginLine() {
+    if (nextMark == blocks.Marks().size()) {
+        const LineBlocks::Outcome outcome = blocks.Read(file, keywordOffset);
+        keywordOffset = LineBlocks::Start;
+        nextMark = 0;
+        if (outcome != LineBlocks::Outcome::Lines) {
+            hasFailed = outcome == LineBlocks::Outcome::Failure;
+            parseState = hasFailed ? StateStreamError : StateEndOfFile;
+            return false;
         }
-        start = FindNonSpace(text, stop);
     }
-    return false;
+    ++lineNumber;
+    return true;
+}
+
+std::size_t StatementFile::KeywordBefore(std::size_t mark, std::size_t& offset) const {
+    offset = mark;
+    if (!MayEndKeyword(blocks.At(mark - 1))) {
+        return KeywordCount;
+    }
+    while (!IsSpace(blocks.At(offset - 1)) && mark - offset <= LongestKeyword) {
+        --offset;
+    }
+    return KeywordRowOf(blocks.Text(offset, mark));
 }
 
 bool StatementFile::FindFirstKeyword() {
-    while (parseState == StateReading) {
-        buffer.clear();
-        if (ReadLine()) {
-            keywordPending = FindKeyword(0, keywordIndex, keywordOffset, scanPosition);
-            if (keywordPending) {
+    for (;;) {
+        keywordOffset = blocks.End();  // no line before is kept
+        if (!BeginLine()) {
+            return false;
+        }
+        for (bool isLineEnd = false; !isLineEnd; ++nextMark) {
+            const std::size_t mark = blocks.Marks()[nextMark];
+            std::size_t offset = 0;
+            keywordRow = KeywordBefore(mark, offset);
+            if (keywordRow != KeywordCount) {
+                keywordOffset = offset;
                 return true;
             }
+            isLineEnd = blocks.At(mark) == '\n';
         }
     }
-    return false;
-}
-
-std::string_view StatementFile::StatementUpTo(Position end) const {
-    return std::string_view(buffer).substr(keywordOffset, end - keywordOffset);
-}
-
-void StatementFile::TakeStatement(Position end) {
-    statement = StatementUpTo(end);
-    statementKeyword = keywordIndex;
 }
 
 bool StatementFile::NextStatement() {
-    if (parseState != StateReading) {
+    if (parseState != StateReading || (!keywordPending && !FindFirstKeyword())) {
         return false;
     }
-    if (keywordPending) {
-        keywordOffset = nextKeywordOffset;
-        keywordIndex = nextKeywordIndex;
-    } else if (!FindFirstKeyword()) {
-        return false;
-    }
-
-    bool wantsSemicolon = keywordTable[keywordIndex].needsSemicolon;
+    statementKeyword = keywordRow;
+    bool wantsSemicolon = keywordTable[keywordRow].needsSemicolon;
     for (;;) {
-        if (FindKeyword(scanPosition, nextKeywordIndex, nextKeywordOffset, scanPosition)) {
-            if (!wantsSemicolon || EndsInSemicolon(StatementUpTo(nextKeywordOffset))) {
-                TakeStatement(nextKeywordOffset);
+        std::size_t mark = blocks.Marks()[nextMark];
+        std::size_t offset = 0;
+        const std::size_t row = KeywordBefore(mark, offset);
+        if (row != KeywordCount && offset != keywordOffset) {
+            if (!wantsSemicolon || EndsInSemicolon(blocks.Text(keywordOffset, offset))) {
+                statement = blocks.Text(keywordOffset, offset);
+                keywordOffset = offset;
+                keywordRow = row;
+                keywordPending = true;
+                // A mark that ends the line, too, is still to be looked at.
+                nextMark += blocks.At(mark) != '\n' ? 1 : 0;
                 return true;
             }
             wantsSemicolon = false;
+            while (blocks.At(mark) != '\n') {
+                mark = blocks.Marks()[++nextMark];
+            }
         }
-        scanPosition = buffer.size();
-        if (parseState != StateReading || buffer.size() - keywordOffset > StatementLimit) {
-            break;
+        ++nextMark;
+        if (blocks.At(mark) == '\n') {
+            std::size_t end = mark + 1;
+            if (end - keywordOffset <= StatementLimit) {
+                if (BeginLine()) {
+                    continue;
+                }
+                end = blocks.End();
+            }
+            statement = blocks.Text(keywordOffset, end);
+            keywordPending = false;
+            return true;
         }
-        // What stands in front of the statement has been given out: room for the next line.
-        buffer.erase(0, keywordOffset);
-        scanPosition -= keywordOffset;
-        keywordOffset = 0;
-        ReadLine();
     }
-    TakeStatement(buffer.size());
-    keywordPending = false;
-    return true;
 }
 
 }  // namespace vexil

@@ -7,15 +7,6 @@
 namespace vexil {
 namespace {
 
-// Whether every byte is below 128. Without a branch in the loop, for the compiler to make it wide.
-bool IsAscii(std::string_view text) {
-    unsigned char seen = 0;
-    for (const char ch : text) {
-        seen |= static_cast<unsigned char>(ch);
-    }
-    return seen < 128;
-}
-
 bool IsValid(std::string_view text) {
     return IsAscii(text) || utf8::is_valid(text.begin(), text.end());
 }
@@ -25,6 +16,15 @@ unsigned char ByteFromEnd(std::string_view text, std::size_t distance) {
 }
 
 }  // namespace
+
+// Without a branch in the loop, so that the compiler can vectorise it.
+bool IsAscii(std::string_view text) {
+    unsigned char seen = 0;
+    for (const char ch : text) {
+        seen |= static_cast<unsigned char>(ch);
+    }
+    return seen < 128;
+}
 
 bool Utf8FitLength(std::string_view text, std::uint64_t bufferSize, std::uint64_t& length) {
     length = 0;
@@ -66,28 +66,26 @@ bool Utf8FitLength(std::string_view text, std::uint64_t bufferSize, std::uint64_
     return true;
 }
 
-bool CopyUtf8Text(std::string& out, const char* buffer, std::uint64_t bufferSize) {
-    out.clear();
+bool CopyUtf8Text(std::string_view& out, const char* buffer, std::uint64_t bufferSize) {
+    out = {};
     if (bufferSize == 0 || buffer[0] == '\0') {
         return true;
     }
     const std::string_view array(buffer, bufferSize);
     const std::size_t terminator = array.find('\0');
-    const std::string_view text =
+    const std::string_view content =
         array.substr(0, terminator == std::string_view::npos ? bufferSize - 1 : terminator);
     std::uint64_t length = 0;
-    if (!Utf8FitLength(text, text.size() + 1, length)) {
-        return false;
-    }
-    out.assign(text.substr(0, length));
-    return true;
+    const bool isValid = Utf8FitLength(content, content.size() + 1, length);
+    out = content.substr(0, length);
+    return isValid;
 }
 
-void ReplaceInvalidUtf8(std::string& line) {
-    auto at = utf8::find_invalid(line.begin(), line.end());
-    while (at != line.end()) {
+void ReplaceInvalidUtf8(std::span<char> text) {
+    auto at = utf8::find_invalid(text.begin(), text.end());
+    while (at != text.end()) {
         *at = '_';
-        at = utf8::find_invalid(at, line.end());
+        at = utf8::find_invalid(at, text.end());
     }
 }
 

@@ -2,12 +2,7 @@
 //
 //   CM_ BO_ id "text";
 //   CM_ SG_ id name "text";
-//
-// A comment of the model has its quotes escaped already.
 // SPDX-License-Identifier: MIT
-#include <string>
-#include <utility>
-
 #include "text/constants.h"
 #include "write/sections.h"
 
@@ -15,41 +10,43 @@ namespace vexil {
 namespace {
 
 // Appends the comment line of an owner; a message has no owner name.
-void AppendCommentLine(std::string& line, std::string_view commentText,
-                       std::string_view kindKeyword, std::string_view ownerName, std::uint32_t id) {
-    line.append(keyword::CM_).append(" ").append(kindKeyword).append(" ");
-    line.append(std::to_string(id));
+void AppendCommentLine(LineBuffer& line, const Notes& notes, std::string_view kindKeyword,
+                       std::string_view ownerName, std::uint32_t id) {
+    line.Append(keyword::CM_, " ", kindKeyword, " ", id);
     if (!ownerName.empty()) {
-        line.append(" ").append(ownerName);
+        line.Append(" ", ownerName);
     }
-    line.append(" \"").append(commentText).append("\";");
+    line.Append(" \"");
+    notes.AppendComment(line);
+    line.Append("\";");
 }
 
 }  // namespace
 
 void WriteComments(StatementFile& file, const MessageList& messages) {
-    std::string line;
-    for (const auto& message : messages) {
-        if (!message->comment.IsEmpty() || message->name != message->longName) {
-            line.clear();
-            line = message->FormatMessageComment(std::move(line));
+    LineBuffer line;
+    for (const CANMessage* message : messages) {
+        if (message->notes.HasComment() || message->name != message->longName) {
+            message->AppendMessageComment(line);
             file.WriteLine(line);
         }
-        for (const auto& signal : message->signals) {
-            if (!signal->comment.IsEmpty()) {
-                line.clear();
-                AppendCommentLine(line, signal->comment, keyword::SG_, signal->name, message->id);
+        for (const CANSignal* signal : message->signals) {
+            if (signal->notes.HasComment()) {
+                signal->AppendSignalComment(line, message->id);
                 file.WriteLine(line);
             }
         }
     }
 }
 
-std::string CANMessage::FormatMessageComment(std::string line) const {
-    if (!comment.IsEmpty()) {
-        AppendCommentLine(line, comment, keyword::BO_, {}, id);
+void CANMessage::AppendMessageComment(LineBuffer& line) const {
+    if (notes.HasComment()) {
+        AppendCommentLine(line, notes, keyword::BO_, {}, id);
     }
-    return line;
+}
+
+void CANSignal::AppendSignalComment(LineBuffer& line, std::uint32_t messageId) const {
+    AppendCommentLine(line, notes, keyword::SG_, name, messageId);
 }
 
 }  // namespace vexil

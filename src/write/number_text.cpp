@@ -14,66 +14,69 @@ namespace {
 
 constexpr int SignificantDigits = 10;
 
-// Appends a number that has at most four decimals and ten digits, as nearly all of a file have,
-// from its digits as an integer. The nearest double to such a decimal is written as that decimal.
-// Returns false with nothing appended for any other number. Kept on purpose: a negative zero has
-// its sign.
-bool AppendShortDecimal(std::string& text, double number) {
-    constexpr double Scale = 10000;
-    if (!(std::abs(number) < 1e6)) {
+// Appends a number that has at most ten digits, of them at most four decimals, as nearly all of a
+// file have, from its digits as an integer. The nearest double to such a decimal is written as that
+// decimal. Returns false with nothing appended for any other number. Intentional: a negative zero
+// has its sign.
+bool AppendShortDecimal(LineBuffer& line, double number) {
+    constexpr double Most = 4294967295.0;
+    const double magnitude = std::abs(number);
+    const std::string_view sign = std::signbit(number) ? "-" : "";
+    if (!(magnitude <= Most)) {
         return false;
     }
-    const auto scaled = static_cast<std::int64_t>(std::round(number * Scale));
-    if (static_cast<double>(scaled) / Scale != number) {
+    const auto whole = static_cast<std::uint32_t>(magnitude);
+    if (static_cast<double>(whole) == magnitude) {
+        line.Append(sign, whole);
+        return true;
+    }
+    std::uint32_t scale = 10000;
+    for (double limit = 1e6; magnitude >= limit; limit *= 10) {
+        scale /= 10;
+    }
+    const auto scaled = static_cast<std::uint64_t>(magnitude * scale + 0.5);
+    if (static_cast<double>(scaled) / scale != magnitude) {
         return false;
     }
-    const std::int64_t digits = std::abs(scaled);
-    text += std::signbit(number) ? "-" : "";
-    text += std::to_string(digits / 10000);
-    std::int64_t decimals = digits % 10000;
-    if (decimals != 0) {
-        text += '.';
-        for (std::int64_t place = 1000; decimals != 0; place /= 10) {
-            text += static_cast<char>('0' + decimals / place);
-            decimals %= place;
-        }
+    line.Append(sign, whole, '.');
+    auto decimals = static_cast<std::uint32_t>(scaled % scale);
+    for (std::uint32_t place = scale / 10; decimals != 0; place /= 10) {
+        line.Append(static_cast<char>('0' + decimals / place));
+        decimals %= place;
     }
     return true;
 }
 
 // The number as a stream in the classic locale writes it, at a fraction of the time.
-void AppendClassic(std::string& text, double number) {
-    if (AppendShortDecimal(text, number)) {
+void AppendClassic(LineBuffer& line, double number) {
+    if (AppendShortDecimal(line, number)) {
         return;
     }
     std::array<char, 32> digits{};
     const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), number,
                                             std::chars_format::general, SignificantDigits);
-    text.append(digits.data(), end);
-}
-
-void AppendClassicPair(std::string& text, std::string_view separators, double first,
-                       double second) {
-    text += separators[0];
-    AppendClassic(text, first);
-    text += separators[1];
-    AppendClassic(text, second);
-    text += separators[2];
+    line.Append(std::string_view(digits.data(), end));
 }
 
 }  // namespace
 
-std::string NumberPairText(std::string_view separators, double first, double second,
-                           std::string line) {
-    if (std::locale() == std::locale::classic()) {
-        AppendClassicPair(line, separators, first, second);
-        return line;
+NumberText::NumberText() : isClassic(std::locale() == std::locale::classic()) {}
+
+void NumberText::AppendPair(LineBuffer& line, std::string_view separators, double first,
+                            double second) const {
+    line.Append(separators[0], separators[1]);
+    if (isClassic) {
+        AppendClassic(line, first);
+        line.Append(separators[2]);
+        AppendClassic(line, second);
+    } else {
+        std::ostringstream text;
+        text.exceptions(std::ios_base::badbit);  // out of memory travels on, and cuts no number
+        text.precision(SignificantDigits);
+        text << first << separators[2] << second;
+        line.Append(text.str());
     }
-    std::ostringstream text;
-    text.exceptions(std::ios_base::badbit);  // exhausted memory travels on, and cuts no number
-    text.precision(SignificantDigits);
-    text << separators[0] << first << separators[1] << second << separators[2];
-    return line.append(text.str());
+    line.Append(separators[3]);
 }
 
 }  // namespace vexil

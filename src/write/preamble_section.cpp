@@ -1,4 +1,4 @@
-// VERSION, NS_, BS_ and BU_: what stands in front of the messages. Nothing of it is read back.
+// VERSION, NS_, BS_ and BU_: what precedes the messages. Nothing of it is read back.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <functional>
@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "frame/can_database.h"
 #include "text/constants.h"
 #include "text/hash_index.h"
 #include "text/keyed_hash.h"
@@ -20,13 +19,13 @@ constexpr std::size_t WrapWidth = 256;
 // The distinct names among those that are added. They are views.
 class NodeNames {
   public:
-    void Add(std::string_view name) {
-        const std::size_t hash = KeyedHash(0, name);
-        const auto isName = [&](std::size_t position) { return names[position] == name; };
-        if (index.Find(hash, isName) == npos) {
-            index.Add(hash, names.size());
-            names.push_back(name);
-        }
+    // Adds the names of a list with commas between them, or the default for an empty one.
+    void AddList(std::string_view list) {
+        do {
+            const std::size_t comma = std::min(list.find(','), list.size());
+            Add(comma == 0 ? DefaultNode : list.substr(0, comma));
+            list.remove_prefix(std::min(comma + 1, list.size()));
+        } while (!list.empty());
     }
 
     // In descending byte order.
@@ -36,20 +35,25 @@ class NodeNames {
     }
 
   private:
+    void Add(std::string_view name) {
+        const std::size_t hash = KeyedHash(0, name);
+        const auto isName = [&](std::uint32_t position) { return names[position] == name; };
+        if (index.Find(hash, isName) == nullptr) {
+            index.Add(hash, names.size());
+            names.push_back(name);
+        }
+    }
+
     std::vector<std::string_view> names;
     HashIndex index;
 };
 
-std::vector<std::string_view> SortedNodeNames() {
+std::vector<std::string_view> SortedNodeNames(const MessageList& messages) {
     NodeNames nodes;
-    const auto add = [&nodes](std::string_view name) { nodes.Add(name); };
-    for (const auto& message : database.messages) {
-        add(message->transmitter.empty() ? DefaultNode : message->transmitter);
-        for (const auto& signal : message->signals) {
-            if (signal->receivers.IsEmpty()) {
-                add(DefaultNode);
-            }
-            signal->receivers.ForEach(add);
+    for (const CANMessage* message : messages) {
+        nodes.AddList(message->transmitter);
+        for (const CANSignal* signal : message->signals) {
+            nodes.AddList(signal->receivers);
         }
     }
     return std::move(nodes).Sorted();
@@ -57,39 +61,42 @@ std::vector<std::string_view> SortedNodeNames() {
 
 }  // namespace
 
-void WriteVersionAndSymbols(StatementFile& file) {
-    file.WriteLine(std::string(keyword::VERSION) + " \"\"");
-    file.WriteLine("");
-    file.WriteLine(std::string(keyword::NS_) + " :");
+void WriteVersionAndSymbols(StatementFile& file, const MessageList& /*messages*/) {
+    LineBuffer line;
+    file.WriteLine(line.Append(keyword::VERSION, " \"\""));
+    file.WriteLine(line);
+    file.WriteLine(line.Append(keyword::NS_, " :"));
     for (const std::string_view symbol : SymbolList) {
-        file.WriteLine(std::string(4, ' ').append(symbol));
+        file.WriteLine(line.Append("    ", symbol));
     }
-    file.WriteLine("");
+    file.WriteLine(line);
 }
 
-void WriteBitTiming(StatementFile& file) {
-    file.WriteLine(std::string(keyword::BS_) + " :");
-    file.WriteLine("");
+void WriteBitTiming(StatementFile& file, const MessageList& /*messages*/) {
+    LineBuffer line;
+    file.WriteLine(line.Append(keyword::BS_, " :"));
+    file.WriteLine(line);
 }
 
-void WriteNodes(StatementFile& file) {
-    file.WriteLine(BuildNodeList());
-    file.WriteLine("");
+void WriteNodes(StatementFile& file, const MessageList& messages) {
+    LineBuffer line;
+    AppendNodeList(line, messages);
+    file.WriteLine(line);
+    file.WriteLine(line);
 }
 
-std::string BuildNodeList() {
-    std::string text = std::string(keyword::BU_) + " : ";
+void AppendNodeList(LineBuffer& text, const MessageList& messages) {
+    text.Append(keyword::BU_, " : ");
     std::size_t wrapOffset = 0;
-    for (const std::string_view node : SortedNodeNames()) {
-        if (text.size() + node.size() - wrapOffset >= WrapWidth) {
-            text += '\n';
+    for (const std::string_view node : SortedNodeNames(messages)) {
+        if (text.Size() + node.size() - wrapOffset >= WrapWidth) {
+            text.Append('\n');
             wrapOffset += WrapWidth;
         } else {
-            text += ' ';
+            text.Append(' ');
         }
-        text += node;
+        text.Append(node);
     }
-    return text;
 }
 
 }  // namespace vexil

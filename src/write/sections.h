@@ -1,41 +1,43 @@
-// The sections of a written file, in their order there; the attribute section, which stands between
+// The sections of a written file, in their order there; the attribute section, which comes between
 // comments and value descriptions, is attributes/attribute_section.h.
 //
-// Every line goes through StatementFile::WriteLine, so a section does nothing behind a failure.
+// Every line goes through StatementFile::WriteLine, so a section writes nothing after a failure.
 // Model texts are put out byte for byte; nothing is escaped, checked or changed here.
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
-
 #include "frame/can_message.h"
+#include "text/line_buffer.h"
 #include "text/statement_file.h"
 
 namespace vexil {
 
 // VERSION and the NS_ block, the same in every file.
-void WriteVersionAndSymbols(StatementFile& file);
+void WriteVersionAndSymbols(StatementFile& file, const MessageList& messages);
 
 // BS_, without a bit timing.
-void WriteBitTiming(StatementFile& file);
+void WriteBitTiming(StatementFile& file, const MessageList& messages);
 
 // BU_, the node list.
-void WriteNodes(StatementFile& file);
+void WriteNodes(StatementFile& file, const MessageList& messages);
 
-// Returns the text of BU_ without its last line end: every transmitter and receiver of the database
-// once, in descending byte order, whatever the order of the messages. Kept on purpose: a line is
-// broken where the text passes a multiple of 256 bytes, not by its own length.
-std::string BuildNodeList();
+// Appends the text of BU_ without its last line end: every transmitter and receiver once, in
+// descending byte order, whatever the order of the messages. Intentional: a line is broken where
+// the text passes a multiple of 256 bytes, not by its own length. Precondition: text is empty.
+void AppendNodeList(LineBuffer& text, const MessageList& messages);
 
-// BO_ with the SG_ lines of the message and an empty line behind each.
+// BO_ with the SG_ lines of the message and an empty line after each.
 void WriteMessages(StatementFile& file, const MessageList& messages);
 
-// CM_ of each message and then of its signals. Kept on purpose: a message without a comment whose
-// name is not its long name leaves an empty line.
+// CM_ of each message and then of its signals. Intentional: a message without a comment whose name
+// is not its long name leaves an empty line.
 void WriteComments(StatementFile& file, const MessageList& messages);
 
-// VAL_ of each signal with value descriptions, then SIG_VALTYPE_ of each float signal. Kept on
-// purpose: the descriptions of a float stay out of the file.
-void WriteValueSections(StatementFile& file, const MessageList& messages);
+// VAL_ of each signal with value descriptions. Intentional: the descriptions of a float stay out of
+// the file.
+void WriteValueDescriptions(StatementFile& file, const MessageList& messages);
+
+// SIG_VALTYPE_ of each float signal.
+void WriteSignalValueTypes(StatementFile& file, const MessageList& messages);
 
 }  // namespace vexil

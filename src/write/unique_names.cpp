@@ -2,7 +2,7 @@
 //
 // Signals of one base name get numbered suffixes in the model, for good: "_0000" the first, "_0001"
 // the next. A base name is the name without such a suffix, so a second pass numbers them the same
-// again. Kept on purpose: names that are cut to make room may meet those of another group; the next
+// again. Intentional: names that are cut to make room may meet those of another group; the next
 // pass sees one group then.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
@@ -18,23 +18,27 @@
 namespace vexil {
 namespace {
 
-using SignalList = std::vector<std::shared_ptr<CANSignal>>;
+using SignalList = ArenaList<CANSignal*>;
 
 bool HasDuplicates(const SignalList& signals) {
     std::vector<std::string_view> names;
-    names.reserve(signals.size());
-    for (const auto& signal : signals) {
+    names.reserve(signals.Size());
+    for (const CANSignal* signal : signals) {
         names.push_back(signal->BaseName());
     }
-    std::sort(names.begin(), names.end());
+    // By length first, which tells most names apart.
+    std::sort(names.begin(), names.end(), [](std::string_view a, std::string_view b) {
+        return a.size() != b.size() ? a.size() < b.size() : a < b;
+    });
     return std::adjacent_find(names.begin(), names.end()) != names.end();
 }
 
 // The signals of a message by their base names, which change where a name is cut.
 class BaseNameGroups {
   public:
-    explicit BaseNameGroups(const SignalList& messageSignals) : signals(messageSignals) {
-        for (std::size_t at = 0; at < signals.size(); ++at) {
+    BaseNameGroups(Arena& nameArena, const SignalList& messageSignals)
+        : arena(nameArena), signals(messageSignals) {
+        for (std::size_t at = 0; at < signals.Size(); ++at) {
             groups[std::string(signals[at]->BaseName())].insert(at);
         }
     }
@@ -46,13 +50,14 @@ class BaseNameGroups {
     }
 
     void AddSuffix(std::size_t at, std::uint32_t number) {
-        signals[at]->AddUniqueSuffix(number);
+        signals[at]->AddUniqueSuffix(arena, number);
         // Where the name was cut it belongs to another group. That it stays in the first one does
         // not show: all behind who asks are numbered, so nobody asks for a group twice.
         groups[std::string(signals[at]->BaseName())].insert(at);
     }
 
   private:
+    Arena& arena;
     const SignalList& signals;
     std::map<std::string, std::set<std::size_t>, std::less<>> groups;
 };
@@ -62,13 +67,13 @@ class BaseNameGroups {
 // Signals are taken in their order. One that has no suffix from this pass gives numbers to all
 // behind it that share its base name at that time, also to those that have one already.
 // NOLINTNEXTLINE(readability-make-member-function-const): it changes the signals of the message
-bool CANMessage::MakeSignalNamesUnique() {
+bool CANMessage::MakeSignalNamesUnique(Arena& arena) {
     if (!HasDuplicates(signals)) {
         return false;
     }
-    BaseNameGroups groups(signals);
-    std::vector<bool> done(signals.size());
-    for (std::size_t i = 0; i < signals.size(); ++i) {
+    BaseNameGroups groups(arena, signals);
+    std::vector<bool> done(signals.Size());
+    for (std::size_t i = 0; i < signals.Size(); ++i) {
         if (done[i]) {
             continue;
         }
@@ -90,15 +95,21 @@ std::string_view CANSignal::BaseName() const {
     return base;
 }
 
-bool CANSignal::AddUniqueSuffix(std::uint32_t index) {
-    if (index >= MaxSignalsPerMessage || isEmpty) {
+bool CANSignal::AddUniqueSuffix(Arena& arena, std::uint32_t index) {
+    if (index >= MaxSignalsPerMessage) {
         return false;
     }
-    const std::string digits = std::to_string(index);
-    std::string suffix(SuffixPattern);
-    suffix.replace(suffix.size() - digits.size(), digits.size(), digits);
-    name = std::string(BaseName().substr(0, MaxIdentifierLength - suffix.size())).append(suffix);
-    hasNameSuffix = true;
+    if (!hasNameSuffix) {
+        const std::string_view base = name.substr(0, MaxIdentifierLength - SuffixPattern.size());
+        name = arena.Keep(std::string(base).append(SuffixPattern));
+        hasNameSuffix = true;
+    }
+    // In place, so that writing again takes no more memory.
+    char* digit = Arena::Characters(name) + name.size();
+    for (std::size_t place = 1; place < SuffixPattern.size(); ++place) {
+        *--digit = static_cast<char>('0' + index % 10);
+        index /= 10;
+    }
     return true;
 }
 

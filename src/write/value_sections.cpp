@@ -4,10 +4,7 @@
 //   VAL_ id name number "text" number "text";
 //   SIG_VALTYPE_ id name : number;
 // SPDX-License-Identifier: MIT
-#include <string>
-#include <utility>
-#include <vector>
-
+#include "frame/can_database.h"
 #include "text/constants.h"
 #include "write/sections.h"
 
@@ -18,58 +15,54 @@ bool IsFloat(const CANSignal& signal) {
     return signal.valueType == ValueFloat32 || signal.valueType == ValueFloat64;
 }
 
-bool HasValueDescription(const CANSignal& signal) {
-    return !IsFloat(signal) && !signal.enums.Sorted().empty();
-}
-
 // keyword id name
-void AppendLineHead(std::string& line, std::string_view keyword, std::uint32_t messageId,
+void AppendLineHead(LineBuffer& line, std::string_view keyword, std::uint32_t messageId,
                     std::string_view name) {
-    line.append(keyword).append(" ").append(std::to_string(messageId)).append(" ").append(name);
+    line.Append(keyword, " ", messageId, " ", name);
 }
 
-}  // namespace
-
-void WriteValueSections(StatementFile& file, const MessageList& messages) {
-    std::vector<std::pair<const CANMessage*, const CANSignal*>> floats;
-    std::string line;
-    for (const auto& message : messages) {
-        for (const auto& signal : message->signals) {
-            if (IsFloat(*signal)) {
-                floats.emplace_back(message.get(), signal.get());
-            } else if (HasValueDescription(*signal)) {
-                line.clear();
-                line = signal->FormatValueDescription(message->id, std::move(line));
+// Writes the line that append makes of each signal, if it makes one.
+void WriteSignalLines(StatementFile& file, const MessageList& messages,
+                      void (CANSignal::*append)(LineBuffer& line, std::uint32_t messageId) const) {
+    LineBuffer line;
+    for (const CANMessage* message : messages) {
+        for (const CANSignal* signal : message->signals) {
+            (signal->*append)(line, message->id);
+            if (line.Size() != 0) {
                 file.WriteLine(line);
             }
         }
     }
-    for (const auto& [message, signal] : floats) {
-        line.clear();
-        line = signal->FormatSignalValueType(message->id, std::move(line));
-        file.WriteLine(line);
-    }
 }
 
-std::string CANSignal::FormatValueDescription(std::uint32_t messageId, std::string line) const {
-    if (!HasValueDescription(*this)) {
-        return line;
+}  // namespace
+
+void WriteValueDescriptions(StatementFile& file, const MessageList& messages) {
+    WriteSignalLines(file, messages, &CANSignal::AppendValueDescription);
+}
+
+void WriteSignalValueTypes(StatementFile& file, const MessageList& messages) {
+    WriteSignalLines(file, messages, &CANSignal::AppendSignalValueType);
+}
+
+void CANSignal::AppendValueDescription(LineBuffer& line, std::uint32_t messageId) const {
+    if (IsFloat(*this)) {
+        return;
+    }
+    const Descriptions& descriptions = database.DescriptionsOf(*this);
+    if (descriptions.Count() == 0) {
+        return;
     }
     AppendLineHead(line, keyword::VAL_, messageId, name);
-    for (const auto& [value, text] : enums.Sorted()) {
-        line.append(" ").append(std::to_string(value)).append(" \"").append(text).append("\"");
-    }
-    line.append(";");
-    return line;
+    descriptions.AppendAll(line);
+    line.Append(";");
 }
 
-std::string CANSignal::FormatSignalValueType(std::uint32_t messageId, std::string line) const {
-    if (!IsFloat(*this)) {
-        return line;
+void CANSignal::AppendSignalValueType(LineBuffer& line, std::uint32_t messageId) const {
+    if (IsFloat(*this)) {
+        AppendLineHead(line, keyword::SIG_VALTYPE_, messageId, name);
+        line.Append(valueType == ValueFloat32 ? " : 1;" : " : 2;");
     }
-    AppendLineHead(line, keyword::SIG_VALTYPE_, messageId, name);
-    line.append(valueType == ValueFloat32 ? " : 1;" : " : 2;");
-    return line;
 }
 
 }  // namespace vexil

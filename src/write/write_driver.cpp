@@ -1,6 +1,8 @@
-// The writing of a file: from the database to the closed file, and what comes back.
+// Writing a file: the sections and their order, and the result code.
 // SPDX-License-Identifier: MIT
 #include "write/write_driver.h"
+
+#include <array>
 
 #include "attributes/attribute_section.h"
 #include "frame/can_database.h"
@@ -11,22 +13,20 @@
 namespace vexil {
 namespace {
 
-// Writes every section. There is no early exit: behind a failure each line does nothing.
-void WriteSections(StatementFile& file, const MessageList& messages) {
-    WriteVersionAndSymbols(file);
-    WriteBitTiming(file);
-    WriteNodes(file);
-    WriteMessages(file, messages);
-    WriteComments(file, messages);
-    WriteAttributeSection(file, messages);
-    WriteValueSections(file, messages);
-}
+using Section = void (*)(StatementFile& file, const MessageList& messages);
+
+// In the order of the file.
+constexpr std::array<Section, 8> sections = {
+    WriteVersionAndSymbols, WriteBitTiming,        WriteNodes,
+    WriteMessages,          WriteComments,         WriteAttributeSection,
+    WriteValueDescriptions, WriteSignalValueTypes,
+};
 
 }  // namespace
 
 bool WriteDbcFile(const char* path, std::uint32_t pathBufferSize, std::uint32_t order,
                   std::uint32_t& resultCode) {
-    if (database.messages.empty()) {
+    if (database.messages.Size() == 0) {
         resultCode = StateClosed;
         return false;
     }
@@ -36,12 +36,16 @@ bool WriteDbcFile(const char* path, std::uint32_t pathBufferSize, std::uint32_t 
     if (resultCode != StateWriting) {
         return false;
     }
-    for (const auto& message : database.messages) {
-        message->MakeSignalNamesUnique();
+    for (std::size_t at = 0; at < database.messages.Size(); ++at) {
+        database.messages[at].MakeSignalNamesUnique(database.arena);
     }
-    WriteSections(file, MessagesInOrder(database.messages, order));
-    // Kept on purpose: the result is settled before the file is closed, so a failure of the last
-    // line or of the closing shows in the result code alone.
+    // There is no early exit: after a failure each line does nothing.
+    const MessageList messages = MessagesInOrder(database.messages, order);
+    for (const Section write : sections) {
+        write(file, messages);
+    }
+    // Intentional: the result is settled before the file is closed, so a failure of the last line
+    // shows in the result code alone.
     resultCode = file.parseState;
     file.Close();
     if (resultCode != StateWriting) {

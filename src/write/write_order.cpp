@@ -11,19 +11,23 @@ bool CompareByIdDescending(const CANMessage& a, const CANMessage& b) {
 }
 
 bool CompareByNameAscending(const CANMessage& a, const CANMessage& b) {
-    return std::string_view(a.name) < std::string_view(b.name);
+    return a.name < b.name;
 }
 
-MessageList MessagesInOrder(const MessageList& messages, std::uint32_t order) {
-    MessageList ordered = messages;
+MessageList MessagesInOrder(const PagedList<CANMessage>& messages, std::uint32_t order) {
+    MessageList ordered(messages.Size());
+    for (std::size_t at = 0; at < ordered.size(); ++at) {
+        ordered[at] = &messages[at];
+    }
     if (order == OrderByIdDescending) {
-        std::stable_sort(ordered.begin(), ordered.end(), [](const auto& a, const auto& b) {
-            return CompareByIdDescending(*a, *b);
-        });
+        std::stable_sort(
+            ordered.begin(), ordered.end(),
+            [](const CANMessage* a, const CANMessage* b) { return CompareByIdDescending(*a, *b); });
     } else if (order == OrderByNameAscending) {
-        std::stable_sort(ordered.begin(), ordered.end(), [](const auto& a, const auto& b) {
-            return CompareByNameAscending(*a, *b);
-        });
+        std::stable_sort(ordered.begin(), ordered.end(),
+                         [](const CANMessage* a, const CANMessage* b) {
+                             return CompareByNameAscending(*a, *b);
+                         });
     }
     return ordered;
 }

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "frame/can_message.h"
+#include "text/arena_list.h"
 
 namespace vexil {
 
@@ -15,7 +16,7 @@ bool CompareByIdDescending(const CANMessage& a, const CANMessage& b);
 bool CompareByNameAscending(const CANMessage& a, const CANMessage& b);
 
 // Returns the messages in the order of an Order constant; every other value leaves them as they
-// stand. Messages that compare equal keep their order. Kept on purpose: ids descend, names ascend.
-MessageList MessagesInOrder(const MessageList& messages, std::uint32_t order);
+// stand. Messages that compare equal keep their order. Intentional: ids descend, names ascend.
+MessageList MessagesInOrder(const PagedList<CANMessage>& messages, std::uint32_t order);
 
 }  // namespace vexil

@@ -274,7 +274,7 @@ TEST_F(UniqueNamesTest, GiveTheNextNumberToASignalThatWasAppendedLater) {
     EXPECT_EQ(NamesOf(0), (Lines{"A_0000", "A_0001", "A_0002"}));
 }
 
-// Kept on purpose: groups that are told apart by their ends alone meet when those are cut, and are
+// Intentional: groups that are told apart by their ends alone meet when those are cut, and are
 // one group from the next write on.
 TEST_F(UniqueNamesTest, MayMeetInTheFirstWriteWhenTheyAreCut) {
     const std::string base(27, 'x');

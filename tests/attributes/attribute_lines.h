@@ -3,25 +3,27 @@
 #pragma once
 
 #include <initializer_list>
+#include <list>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "attributes/attribute.h"
 #include "attributes/attribute_statements.h"
 #include "attributes/attribute_table.h"
-#include "attributes/reserved_names.h"
+#include "text/arena.h"
 
 namespace vexil::test {
 
 using Lines = std::vector<std::string>;
 
+// Texts are views: those that are given must outlive what is made of them.
+
 inline Attribute MakeAttribute(AttributeObjectKind kind, std::string_view name,
                                AttributeValueType type) {
     Attribute attribute;
     attribute.objectKind = kind;
-    attribute.name = std::string(name);
+    attribute.name = name;
     attribute.valueType = type;
     return attribute;
 }
@@ -48,7 +50,6 @@ inline AttributeContent EnumContent(std::int32_t index) {
     return content;
 }
 
-// Of a text that outlives it.
 inline AttributeContent StrContent(std::string_view text) {
     AttributeContent content;
     content.stringValue = text;
@@ -86,7 +87,8 @@ inline std::string TypeText(AttributeValueType type) {
 inline std::string Line(const AttributeValue& value) {
     const Attribute& definition = *value.definition;
     const Attribute plain;
-    std::string line = KindText(definition.objectKind) + ' ' + definition.name;
+    std::string line = KindText(definition.objectKind);
+    line.append(" ").append(definition.name);
     if (value.messageId != 0) {
         line += " message " + std::to_string(value.messageId);
     }
@@ -99,7 +101,7 @@ inline std::string Line(const AttributeValue& value) {
                 std::to_string(definition.maxValue) + ']';
     }
     for (std::size_t at = 0; at < definition.enumValues.size(); ++at) {
-        line += (at == 0 ? " of '" : ",'") + definition.enumValues[at] + '\'';
+        line.append(at == 0 ? " of '" : ",'").append(definition.enumValues[at]).append("'");
     }
     if (value.content.intValue != 0) {
         line += " = " + std::to_string(value.content.intValue);
@@ -123,30 +125,47 @@ std::string Line(const Entry* entry) {
     return entry == nullptr ? "none" : Line(*entry);
 }
 
-template <typename List>
-Lines LinesOf(const List& entries) {
+inline Lines LinesOf(const std::list<Attribute>& definitions) {
     Lines lines;
-    for (const auto& entry : entries) {
-        lines.push_back(Line(entry));
+    for (const Attribute& definition : definitions) {
+        lines.push_back(Line(definition));
     }
     return lines;
 }
 
-// A table that takes the reserved names alone, as that of the database does.
-class ReservedTable : public AttributeTable {
-  public:
-    explicit ReservedTable(std::initializer_list<std::string_view> statements) {
-        reservedAttributeNames = ReservedAttributeNames;
-        Read(statements);
+inline Lines LinesOf(const PagedList<AttributeValue>& values) {
+    Lines lines;
+    for (std::size_t at = 0; at < values.Size(); ++at) {
+        lines.push_back(Line(values[at]));
     }
+    return lines;
+}
+
+// A table that statements fill.
+class ReadTable : public AttributeTable {
+  public:
+    explicit ReadTable(std::initializer_list<std::string_view> statements) { Read(statements); }
 
     void Read(std::initializer_list<std::string_view> statements) {
         for (const std::string_view statement : statements) {
-            // From memory that goes away, as that of a file does.
-            const std::string text(statement);
-            ParseAttributeStatement(*this, text);
+            Read(statement);
         }
     }
+
+    void Read(std::string_view statement) {
+        // From memory that goes away, as that of a file does.
+        const std::string text(statement);
+        if (text.starts_with("BA_DEF_DEF_")) {
+            ParseDefaultStatement(*this, arena, text);
+        } else if (text.starts_with("BA_DEF_")) {
+            ParseDefinitionStatement(*this, arena, text);
+        } else {
+            ParseValueStatement(*this, arena, text);
+        }
+    }
+
+  private:
+    Arena arena;
 };
 
 }  // namespace vexil::test

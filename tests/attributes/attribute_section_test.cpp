@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "write/model.h"
-#include "write/write_order.h"
 
 namespace vexil {
 namespace {
@@ -15,9 +14,7 @@ using test::Text;
 class WriteAttributeSection : public test::ModelTest {
   protected:
     std::string Section(std::uint32_t order = OrderAsStored) const {
-        return Written([order](StatementFile& file) {
-            vexil::WriteAttributeSection(file, MessagesInOrder(database.messages, order));
-        });
+        return Written(vexil::WriteAttributeSection, order);
     }
 
     // Messages Bx, Cx and Ax with the ids 5, 100 and 7, each with one signal; long names differ.
@@ -25,8 +22,9 @@ class WriteAttributeSection : public test::ModelTest {
         for (const auto& [id, name] :
              {std::pair{5U, "Bx"}, std::pair{100U, "Cx"}, std::pair{7U, "Ax"}}) {
             CANMessage& message = AddMessage(id, name);
-            message.longName = std::string("long ") + name;
-            AddSignal(message, "S").longName = std::string("signal of ") + name;
+            message.longName = database.arena.Keep(std::string("long ") + name);
+            AddSignal(message, "S").longName =
+                database.arena.Keep(std::string("signal of ") + name);
         }
     }
 };
@@ -111,7 +109,7 @@ TEST_F(WriteAttributeSection, WritesTheFullNameOfASuffixedSignal) {
     CANMessage& message = AddMessage(1, "A");
     AddSignal(message, "S");
     AddSignal(message, "S");
-    message.MakeSignalNamesUnique();
+    message.MakeSignalNamesUnique(database.arena);
     EXPECT_EQ(Section(), Text({"BA_DEF_ SG_ \"Marrowby_Sig_Name\" STRING ;",
                                "BA_DEF_DEF_ \"Marrowby_Sig_Name\" \"\";",
                                "BA_ \"Marrowby_Sig_Name\" SG_ 1 S_0000 \"S\";",

@@ -39,9 +39,6 @@ TEST(Attribute, HasItsDefaults) {
     EXPECT_EQ(attribute.defaultContent.intValue, 0);
     EXPECT_EQ(attribute.defaultContent.enumIndex, 0);
     EXPECT_EQ(attribute.defaultContent.stringValue, "");
-    const AttributeValue value;
-    EXPECT_EQ(value.messageId, 0U);
-    EXPECT_EQ(value.signalName, "");
 }
 
 TEST(Attribute, HoldsItsKindsAndTypesAsNumbers) {
@@ -58,9 +55,27 @@ TEST(EnumText, IsTheEntryAtTheIndexOrNothing) {
     const Attribute attribute = EnumAttribute();
     EXPECT_EQ(*attribute.EnumText(EnumContent(0)), "Cyclic");
     EXPECT_EQ(*attribute.EnumText(EnumContent(4)), "a b");
-    EXPECT_EQ(attribute.EnumText(EnumContent(5)), nullptr);
-    EXPECT_EQ(attribute.EnumText(EnumContent(-1)), nullptr);
-    EXPECT_EQ(Attribute().EnumText(EnumContent(0)), nullptr);
+    EXPECT_EQ(attribute.EnumText(EnumContent(5)), std::nullopt);
+    EXPECT_EQ(attribute.EnumText(EnumContent(-1)), std::nullopt);
+    EXPECT_EQ(Attribute().EnumText(EnumContent(0)), std::nullopt);
+}
+
+TEST(FindEnumText, FindsTheFirstEntryOfATextInAListThatGrows) {
+    Attribute attribute = EnumAttribute();
+    EXPECT_EQ(attribute.FindEnumText("Cyclic"), 0);
+    EXPECT_EQ(attribute.FindEnumText("Event"), 1);
+    EXPECT_EQ(attribute.FindEnumText("a b"), 4);
+    EXPECT_EQ(attribute.FindEnumText("a"), std::nullopt);
+    EXPECT_EQ(attribute.FindEnumText("zz"), std::nullopt);
+    EXPECT_EQ(Attribute().FindEnumText(""), std::nullopt);
+    attribute.enumValues.emplace_back("zz");
+    EXPECT_EQ(attribute.FindEnumText("zz"), 5);
+    for (int count = 0; count < 100; ++count) {
+        attribute.enumValues.insert(attribute.enumValues.end(), {"zz", "Event", "new"});
+    }
+    EXPECT_EQ(attribute.FindEnumText("Event"), 1);
+    EXPECT_EQ(attribute.FindEnumText("zz"), 5);
+    EXPECT_EQ(attribute.FindEnumText("new"), 8);
 }
 
 struct NumberCase {

@@ -14,6 +14,26 @@ using enum AttributeValueType;
 using test::MakeAttribute;
 using test::MakeValue;
 
+// What append adds to an empty line.
+template <typename Source>
+std::string Appended(void (*append)(LineBuffer&, Source&), Source& source) {
+    LineBuffer line;
+    append(line, source);
+    return std::string(line.Text());
+}
+
+std::string DefinitionLine(const Attribute& attribute) {
+    return Appended(AppendDefinition, attribute);
+}
+
+std::string DefaultLine(const Attribute& attribute) {
+    return Appended(AppendDefault, attribute);
+}
+
+std::string SectionOf(AttributeTable& table) {
+    return Appended(AppendAttributeSection, table);
+}
+
 constexpr AttributeObjectKind Kinds[] = {Gen, Msg, Sig};
 
 Attribute IntAttribute(AttributeObjectKind kind, std::int32_t min, std::int32_t max,
@@ -25,14 +45,13 @@ Attribute IntAttribute(AttributeObjectKind kind, std::int32_t min, std::int32_t 
     return attribute;
 }
 
-// Of a text that outlives it.
 Attribute StrAttribute(AttributeObjectKind kind, std::string_view text) {
     Attribute attribute = MakeAttribute(kind, "A", Str);
     attribute.defaultContent.stringValue = text;
     return attribute;
 }
 
-Attribute EnumAttribute(AttributeObjectKind kind, std::vector<std::string> texts,
+Attribute EnumAttribute(AttributeObjectKind kind, std::vector<std::string_view> texts,
                         std::int32_t index) {
     Attribute attribute = MakeAttribute(kind, "A", Enum);
     attribute.enumValues = std::move(texts);
@@ -43,36 +62,38 @@ Attribute EnumAttribute(AttributeObjectKind kind, std::vector<std::string> texts
 // The BA_ line of an owner whose value is the default of the attribute.
 std::string ValueLine(const Attribute& attribute, std::uint32_t messageId,
                       std::string_view signalName) {
-    return ValueText(MakeValue(attribute, messageId, signalName, attribute.defaultContent));
+    const AttributeValue value =
+        MakeValue(attribute, messageId, signalName, attribute.defaultContent);
+    return Appended(AppendValue, value);
 }
 
-TEST(DefinitionText, IsTheLineOfEachKindAndType) {
-    EXPECT_EQ(DefinitionText(IntAttribute(Gen, 0, 1, 1)), "BA_DEF_ \"A\" INT 0 1;");
-    EXPECT_EQ(DefinitionText(IntAttribute(Msg, -5, 65535, 9)), "BA_DEF_ BO_ \"A\" INT -5 65535;");
-    EXPECT_EQ(DefinitionText(MakeAttribute(Sig, "A", Int)),
+TEST(AppendDefinition, IsTheLineOfEachKindAndType) {
+    EXPECT_EQ(DefinitionLine(IntAttribute(Gen, 0, 1, 1)), "BA_DEF_ \"A\" INT 0 1;");
+    EXPECT_EQ(DefinitionLine(IntAttribute(Msg, -5, 65535, 9)), "BA_DEF_ BO_ \"A\" INT -5 65535;");
+    EXPECT_EQ(DefinitionLine(MakeAttribute(Sig, "A", Int)),
               "BA_DEF_ SG_ \"A\" INT -2147483648 2147483647;");
-    EXPECT_EQ(DefinitionText(StrAttribute(Gen, "x")), "BA_DEF_ \"A\" STRING ;");
-    EXPECT_EQ(DefinitionText(StrAttribute(Msg, "")), "BA_DEF_ BO_ \"A\" STRING ;");
-    EXPECT_EQ(DefinitionText(EnumAttribute(Gen, {"x"}, 0)), "BA_DEF_ \"A\" ENUM \"x\";");
-    EXPECT_EQ(DefinitionText(EnumAttribute(Sig, {"x", "", "y z"}, 0)),
+    EXPECT_EQ(DefinitionLine(StrAttribute(Gen, "x")), "BA_DEF_ \"A\" STRING ;");
+    EXPECT_EQ(DefinitionLine(StrAttribute(Msg, "")), "BA_DEF_ BO_ \"A\" STRING ;");
+    EXPECT_EQ(DefinitionLine(EnumAttribute(Gen, {"x"}, 0)), "BA_DEF_ \"A\" ENUM \"x\";");
+    EXPECT_EQ(DefinitionLine(EnumAttribute(Sig, {"x", "", "y z"}, 0)),
               "BA_DEF_ SG_ \"A\" ENUM \"x\",\"\",\"y z\";");
 }
 
-TEST(DefinitionText, OfAnEnumWithoutEntriesHasNothingBehindTheType) {
-    EXPECT_EQ(DefinitionText(MakeAttribute(Msg, "A", Enum)), "BA_DEF_ BO_ \"A\" ENUM;");
+TEST(AppendDefinition, OfAnEnumWithoutEntriesHasNothingBehindTheType) {
+    EXPECT_EQ(DefinitionLine(MakeAttribute(Msg, "A", Enum)), "BA_DEF_ BO_ \"A\" ENUM;");
 }
 
-TEST(DefaultText, IsTheLineOfEachTypeWithoutAKind) {
+TEST(AppendDefault, IsTheLineOfEachTypeWithoutAKind) {
     for (const AttributeObjectKind kind : Kinds) {
-        EXPECT_EQ(DefaultText(IntAttribute(kind, 0, 1, -7)), "BA_DEF_DEF_ \"A\" -7;");
-        EXPECT_EQ(DefaultText(StrAttribute(kind, "CAN FD")), "BA_DEF_DEF_ \"A\" \"CAN FD\";");
-        EXPECT_EQ(DefaultText(StrAttribute(kind, "")), "BA_DEF_DEF_ \"A\" \"\";");
-        EXPECT_EQ(DefaultText(EnumAttribute(kind, {"x", "y z"}, 1)), "BA_DEF_DEF_ \"A\" \"y z\";");
-        EXPECT_EQ(DefaultText(EnumAttribute(kind, {"x", ""}, 1)), "BA_DEF_DEF_ \"A\" \"\";");
+        EXPECT_EQ(DefaultLine(IntAttribute(kind, 0, 1, -7)), "BA_DEF_DEF_ \"A\" -7;");
+        EXPECT_EQ(DefaultLine(StrAttribute(kind, "CAN FD")), "BA_DEF_DEF_ \"A\" \"CAN FD\";");
+        EXPECT_EQ(DefaultLine(StrAttribute(kind, "")), "BA_DEF_DEF_ \"A\" \"\";");
+        EXPECT_EQ(DefaultLine(EnumAttribute(kind, {"x", "y z"}, 1)), "BA_DEF_DEF_ \"A\" \"y z\";");
+        EXPECT_EQ(DefaultLine(EnumAttribute(kind, {"x", ""}, 1)), "BA_DEF_DEF_ \"A\" \"\";");
     }
 }
 
-TEST(ValueText, IsTheLineOfEachKindAndType) {
+TEST(AppendValue, IsTheLineOfEachKindAndType) {
     EXPECT_EQ(ValueLine(IntAttribute(Msg, 0, 1, -7), 256, ""), "BA_ \"A\" BO_ 256 -7;");
     EXPECT_EQ(ValueLine(StrAttribute(Msg, "Eng data"), 4294967295U, ""),
               "BA_ \"A\" BO_ 4294967295 \"Eng data\";");
@@ -83,60 +104,61 @@ TEST(ValueText, IsTheLineOfEachKindAndType) {
     EXPECT_EQ(ValueLine(EnumAttribute(Sig, {"x", "y"}, 0), 5, "Rpm"), "BA_ \"A\" SG_ 5 Rpm 0;");
 }
 
-TEST(ValueText, OfAMessageLeavesTheSignalOut) {
+TEST(AppendValue, OfAMessageLeavesTheSignalOut) {
     EXPECT_EQ(ValueLine(IntAttribute(Msg, 0, 1, 1), 5, "Rpm"), "BA_ \"A\" BO_ 5 1;");
 }
 
-TEST(ValueText, OfASignalWithoutANameKeepsBothBlanks) {
+TEST(AppendValue, OfASignalWithoutANameKeepsBothBlanks) {
     EXPECT_EQ(ValueLine(IntAttribute(Sig, 0, 1, 1), 5, ""), "BA_ \"A\" SG_ 5  1;");
 }
 
-TEST(ValueText, OfTheNetworkIsEmptyForEveryType) {
+TEST(AppendValue, OfTheNetworkIsEmptyForEveryType) {
     EXPECT_EQ(ValueLine(IntAttribute(Gen, 0, 1, 1), 0, ""), "");
     EXPECT_EQ(ValueLine(StrAttribute(Gen, "x"), 0, ""), "");
     EXPECT_EQ(ValueLine(EnumAttribute(Gen, {"x"}, 0), 0, ""), "");
 }
 
-TEST(AttributeText, IsEmptyWithoutAnEntryAtTheIndexOfAnEnum) {
+TEST(AttributeLines, AreEmptyWithoutAnEntryAtTheIndexOfAnEnum) {
     const Attribute below = EnumAttribute(Msg, {"x"}, -1);
     const Attribute beyond = EnumAttribute(Msg, {"x"}, 1);
     for (const Attribute& attribute : {MakeAttribute(Msg, "A", Enum), below, beyond}) {
-        EXPECT_EQ(DefaultText(attribute), "");
+        EXPECT_EQ(DefaultLine(attribute), "");
         EXPECT_EQ(ValueLine(attribute, 5, ""), "");
     }
-    EXPECT_EQ(DefinitionText(below), "BA_DEF_ BO_ \"A\" ENUM \"x\";");
-    EXPECT_EQ(DefinitionText(beyond), "BA_DEF_ BO_ \"A\" ENUM \"x\";");
+    EXPECT_EQ(DefinitionLine(below), "BA_DEF_ BO_ \"A\" ENUM \"x\";");
+    EXPECT_EQ(DefinitionLine(beyond), "BA_DEF_ BO_ \"A\" ENUM \"x\";");
 }
 
-TEST(AttributeText, IsEmptyForATypeThatHasNone) {
+TEST(AttributeLines, AreEmptyForATypeThatHasNone) {
     for (const auto type : {Unsup, static_cast<AttributeValueType>(4)}) {
         for (const AttributeObjectKind kind : Kinds) {
             const Attribute attribute = MakeAttribute(kind, "A", type);
-            EXPECT_EQ(DefinitionText(attribute), "");
-            EXPECT_EQ(DefaultText(attribute), "");
+            EXPECT_EQ(DefinitionLine(attribute), "");
+            EXPECT_EQ(DefaultLine(attribute), "");
             EXPECT_EQ(ValueLine(attribute, 5, "S"), "");
         }
     }
 }
 
-TEST(AttributeText, EscapesNothing) {
+TEST(AttributeLines, EscapeNothing) {
     const Attribute attribute = StrAttribute(Msg, "a\"b\\c\nd\xC3\xA4");
-    EXPECT_EQ(DefaultText(attribute), "BA_DEF_DEF_ \"A\" \"a\"b\\c\nd\xC3\xA4\";");
+    EXPECT_EQ(DefaultLine(attribute), "BA_DEF_DEF_ \"A\" \"a\"b\\c\nd\xC3\xA4\";");
     EXPECT_EQ(ValueLine(attribute, 5, ""), "BA_ \"A\" BO_ 5 \"a\"b\\c\nd\xC3\xA4\";");
 }
 
-TEST(AttributeSectionText, IsEmptyWithoutDefinitions) {
-    EXPECT_EQ(AttributeSectionText(AttributeTable()), "");
+TEST(AppendAttributeSection, IsEmptyWithoutDefinitions) {
+    AttributeTable table;
+    EXPECT_EQ(SectionOf(table), "");
 }
 
-TEST(AttributeSectionText, JoinsDefinitionsDefaultsAndValuesInTheirOrder) {
+TEST(AppendAttributeSection, JoinsDefinitionsDefaultsAndValuesInTheirOrder) {
     AttributeTable table;
     table.AddDefinition(StrAttribute(Sig, ""));
     table.AddDefinition(IntAttribute(Gen, 0, 9, 0));
     const Attribute& definition = table.definitions.front();
     table.AddValue(MakeValue(definition, 7, "S", test::StrContent("x")));
     table.AddValue(MakeValue(definition, 5, "S", test::StrContent("y")));
-    EXPECT_EQ(AttributeSectionText(table),
+    EXPECT_EQ(SectionOf(table),
               "BA_DEF_ SG_ \"A\" STRING ;\n"
               "BA_DEF_ \"A\" INT 0 9;\n"
               "BA_DEF_DEF_ \"A\" \"\";\n"
@@ -145,14 +167,14 @@ TEST(AttributeSectionText, JoinsDefinitionsDefaultsAndValuesInTheirOrder) {
               "BA_ \"A\" SG_ 5 S \"y\";");
 }
 
-TEST(AttributeSectionText, SkipsEmptyLines) {
+TEST(AppendAttributeSection, SkipsEmptyLines) {
     AttributeTable table;
     table.AddDefinition(MakeAttribute(Msg, "U", Unsup));
     table.AddDefinition(MakeAttribute(Msg, "E", Enum));
     table.AddDefinition(StrAttribute(Gen, "x"));
     table.AddValue(MakeValue(table.definitions.back(), 0, "", test::StrContent("y")));
     table.AddValue(MakeValue(*std::next(table.definitions.begin()), 5, "", {}));
-    EXPECT_EQ(AttributeSectionText(table),
+    EXPECT_EQ(SectionOf(table),
               "BA_DEF_ BO_ \"E\" ENUM;\n"
               "BA_DEF_ \"A\" STRING ;\n"
               "BA_DEF_DEF_ \"A\" \"x\";");

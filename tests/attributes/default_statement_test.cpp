@@ -3,14 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "attributes/attribute_lines.h"
-#include "attributes/attribute_statements.h"
 
 namespace vexil {
 namespace {
 
 using test::Lines;
 using test::LinesOf;
-using test::ReservedTable;
+using test::ReadTable;
 
 constexpr std::string_view CycleTime = "BA_DEF_ BO_ \"GenMsgCycleTime\" INT 0 50;";
 constexpr std::string_view SendType =
@@ -29,6 +28,7 @@ TEST(ParseDefaultStatement, SetsTheValueOfTheDefinition) {
     const DefaultCase cases[] = {
         {CycleTime, "BA_DEF_DEF_ \"GenMsgCycleTime\" 7;", cycleTime + " = 7"},
         {CycleTime, "BA_DEF_DEF_ \"GenMsgCycleTime\" 100;", cycleTime + " = 100"},
+        {CycleTime, "BA_DEF_DEF_\n\"GenMsgCycleTime\",\n100", cycleTime + " = 100"},
         {CycleTime, "BA_DEF_DEF_ \"GenMsgCycleTime\" 1.5;", cycleTime + " = 1"},
         {CycleTime, "BA_DEF_DEF_ \"GenMsgCycleTime\" +5;", cycleTime + " = 5"},
         {CycleTime, "BA_DEF_DEF_ \"GenMsgCycleTime\" 7 8 9;", cycleTime + " = 7"},
@@ -47,7 +47,7 @@ TEST(ParseDefaultStatement, SetsTheValueOfTheDefinition) {
         {BusType, "BA_DEF_DEF_ \"BusType\" CAN;", "Gen BusType Str"},
     };
     for (const DefaultCase& row : cases) {
-        const ReservedTable table({row.definition, row.statement});
+        const ReadTable table({row.definition, row.statement});
         EXPECT_EQ(LinesOf(table.definitions), (Lines{row.result})) << row.statement;
         EXPECT_EQ(LinesOf(table.values), Lines{}) << row.statement;
     }
@@ -55,6 +55,7 @@ TEST(ParseDefaultStatement, SetsTheValueOfTheDefinition) {
 
 TEST(ParseDefaultStatement, DoesNothingWithAnotherShapeOrName) {
     for (const std::string_view statement : {
+             "BA_DEF_DEF_",
              "BA_DEF_DEF_ \"GenMsgCycleTime\";",
              "BA_DEF_DEF_ GenMsgCycleTime 100;",
              "BA_DEF_DEF_ BO_ \"GenMsgCycleTime\" 100;",
@@ -64,7 +65,7 @@ TEST(ParseDefaultStatement, DoesNothingWithAnotherShapeOrName) {
              "BA_DEF_DEF_ \"GenMsgSendType\" 100;",
              "BA_DEF_DEF_ \"Mine\" 100;",
          }) {
-        const ReservedTable table({CycleTime, statement});
+        const ReadTable table({CycleTime, statement});
         EXPECT_EQ(LinesOf(table.definitions), (Lines{"Msg GenMsgCycleTime Int [0,50]"}))
             << statement;
     }
@@ -74,21 +75,21 @@ TEST(ParseDefaultStatement, EmptiesAnEarlierDefaultOfAStr) {
     const std::string_view earlier = "BA_DEF_DEF_ \"BusType\" \"CAN FD\";";
     for (const std::string_view statement :
          {"BA_DEF_DEF_ \"BusType\" \"\";", "BA_DEF_DEF_ \"BusType\" CAN;"}) {
-        EXPECT_EQ(LinesOf(ReservedTable({BusType, earlier, statement}).definitions),
+        EXPECT_EQ(LinesOf(ReadTable({BusType, earlier, statement}).definitions),
                   (Lines{"Gen BusType Str"}))
             << statement;
     }
 }
 
 TEST(ParseDefaultStatement, OverwritesAnEarlierDefault) {
-    const ReservedTable table({CycleTime, "BA_DEF_DEF_ \"GenMsgCycleTime\" 1;",
-                               "BA_DEF_DEF_ \"GenMsgCycleTime\" 2;",
-                               "BA_DEF_DEF_ \"GenMsgCycleTime\" x;"});
+    const ReadTable table({CycleTime, "BA_DEF_DEF_ \"GenMsgCycleTime\" 1;",
+                           "BA_DEF_DEF_ \"GenMsgCycleTime\" 2;",
+                           "BA_DEF_DEF_ \"GenMsgCycleTime\" x;"});
     EXPECT_EQ(LinesOf(table.definitions), (Lines{"Msg GenMsgCycleTime Int [0,50] = 2"}));
 }
 
 TEST(ParseDefaultStatement, SetsEveryDefinitionOfTheNameByItsOwnType) {
-    const ReservedTable table({
+    const ReadTable table({
         "BA_DEF_ BO_ \"BusType\" INT 0 5;",
         "BA_DEF_ SG_ \"BusType\" STRING ;",
         "BA_DEF_ \"BusType\" ENUM \"A\",\"B\";",
@@ -104,30 +105,23 @@ TEST(ParseDefaultStatement, SetsEveryDefinitionOfTheNameByItsOwnType) {
 }
 
 TEST(ParseDefaultStatement, IsLostInFrontOfItsDefinition) {
-    const ReservedTable table({"BA_DEF_DEF_ \"GenMsgCycleTime\" 5;", CycleTime});
+    const ReadTable table({"BA_DEF_DEF_ \"GenMsgCycleTime\" 5;", CycleTime});
     EXPECT_EQ(LinesOf(table.definitions), (Lines{"Msg GenMsgCycleTime Int [0,50]"}));
 }
 
 TEST(ParseDefaultStatement, LeavesStoredValuesAsTheyAre) {
-    const ReservedTable table(
+    const ReadTable table(
         {CycleTime, "BA_ \"GenMsgCycleTime\" BO_ 256 3;", "BA_DEF_DEF_ \"GenMsgCycleTime\" 5;"});
     EXPECT_EQ(LinesOf(table.definitions), (Lines{"Msg GenMsgCycleTime Int [0,50] = 5"}));
     EXPECT_EQ(LinesOf(table.values), (Lines{"Msg GenMsgCycleTime message 256 Int [0,50] = 3"}));
 }
 
-TEST(ParseDefaultStatement, TakesEveryNameWhenNoneIsReserved) {
-    AttributeTable table;
-    ParseAttributeStatement(table, "BA_DEF_ \"Mine\" INT 0 1;");
-    ParseAttributeStatement(table, "BA_DEF_DEF_ \"Mine\" 1;");
-    EXPECT_EQ(LinesOf(table.definitions), (Lines{"Gen Mine Int [0,1] = 1"}));
-}
-
 TEST(ParseDefaultStatement, DropsADefaultOfANameThatIsDefinedButNotReserved) {
-    ReservedTable table({});
+    ReadTable table({});
     table.AddDefinition(
         test::MakeAttribute(AttributeObjectKind::Gen, "Mine", AttributeValueType::Int));
     const Lines before = LinesOf(table.definitions);
-    ParseAttributeStatement(table, "BA_DEF_DEF_ \"Mine\" 1;");
+    table.Read("BA_DEF_DEF_ \"Mine\" 1;");
     EXPECT_EQ(LinesOf(table.definitions), before);
 }
 

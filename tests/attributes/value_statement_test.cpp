@@ -2,23 +2,19 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <array>
-#include <string_view>
-
 #include "attributes/attribute_lines.h"
-#include "attributes/attribute_statements.h"
 
 namespace vexil {
 namespace {
 
 using test::Lines;
 using test::LinesOf;
-using test::ReservedTable;
+using test::ReadTable;
 
-class TableWithDefinitions : public ReservedTable {
+class TableWithDefinitions : public ReadTable {
   public:
     TableWithDefinitions(std::initializer_list<std::string_view> statements)
-        : ReservedTable({
+        : ReadTable({
               "BA_DEF_ BO_ \"GenMsgCycleTime\" INT 0 65535;",
               "BA_DEF_ SG_ \"GenSigStartValue\" INT 0 100;",
               "BA_DEF_ BO_ \"GenMsgSendType\" ENUM \"Cyclic\",\"Event\";",
@@ -60,6 +56,7 @@ TEST(ParseValueStatement, StoresTheValueWithItsOwner) {
         {"BA_ \"BusType\" \"CAN FD\";", "Gen BusType Str = 'CAN FD'"},
         {"BA_ \"BusType\" \"CAN,;  FD\" x;", "Gen BusType Str = 'CAN FD'"},
         {"BA_ \"J1939PGN\" 1;", "Gen J1939PGN Int [0,1] = 1"},
+        {"BA_,\"J1939PGN\";;1", "Gen J1939PGN Int [0,1] = 1"},
         {"BA_ \"Marrowby_Sig_Name\" SG_ 5 S \"a\\\"b\";",
          "Sig Marrowby_Sig_Name message 5 signal S Str = 'a\\\"b'"},
     };
@@ -117,6 +114,7 @@ TEST(ParseValueStatement, DropsWhatDoesNotFitTheDefinition) {
              "BA_ \"J1939PGN\" EV_ Variable 1;",
              "BA_ \"BusType\" BO_ 256 \"CAN FD\";",
              // Shapes.
+             "BA_",
              "BA_ \"GenMsgCycleTime\" BO_ 256;",
              "BA_ \"GenMsgCycleTime\" BO_;",
              "BA_ \"GenMsgCycleTime\";",
@@ -134,15 +132,10 @@ TEST(ParseValueStatement, DropsWhatDoesNotFitTheDefinition) {
 }
 
 TEST(ParseValueStatement, DropsAValueOfANameThatIsDefinedButNotReserved) {
-    AttributeTable table;
-    ParseAttributeStatement(table, "BA_DEF_ \"Mine\" INT 0 1;");
-    ParseAttributeStatement(table, "BA_ \"Mine\" 1;");
-    EXPECT_EQ(LinesOf(table.values), (Lines{"Gen Mine Int [0,1] = 1"}));
-    table.ClearEntries();
-    ParseAttributeStatement(table, "BA_DEF_ \"Mine\" INT 0 1;");
-    static constexpr std::array<std::string_view, 1> OtherNames = {"Yours"};
-    table.reservedAttributeNames = OtherNames;
-    ParseAttributeStatement(table, "BA_ \"Mine\" 1;");
+    ReadTable table({});
+    table.AddDefinition(
+        test::MakeAttribute(AttributeObjectKind::Gen, "Mine", AttributeValueType::Int));
+    table.Read("BA_ \"Mine\" 1;");
     EXPECT_EQ(LinesOf(table.values), Lines{});
 }
 
@@ -171,7 +164,7 @@ TEST(ParseValueStatement, IsLostInFrontOfItsDefinition) {
 }
 
 TEST(ParseValueStatement, DropsAValueWhoseDefinitionWasRefused) {
-    const ReservedTable table({
+    const ReadTable table({
         "BA_DEF_ BO_ \"GenMsgCycleTime\" FLOAT 0 100;",
         "BA_ \"GenMsgCycleTime\" BO_ 256 5;",
     });
@@ -179,7 +172,7 @@ TEST(ParseValueStatement, DropsAValueWhoseDefinitionWasRefused) {
 }
 
 TEST(ParseValueStatement, StartsFromTheDefaultOfTheDefinition) {
-    const ReservedTable table({
+    const ReadTable table({
         "BA_DEF_ BO_ \"GenMsgSendType\" ENUM \"A\",\"B\",\"C\";",
         "BA_DEF_DEF_ \"GenMsgSendType\" \"C\";",
         "BA_ \"GenMsgSendType\" BO_ 1 9;",
@@ -221,10 +214,10 @@ TEST(ParseValueStatement, TakesTheFirstDefinitionOfTheNameAndNoOther) {
         {{list, ofNetwork}, {"Gen BusType Enum of 'A','B' = #1"}},
     };
     for (const Case& row : cases) {
-        ReservedTable table({});
+        ReadTable table({});
         std::string told;
         for (const std::string_view statement : row.statements) {
-            ParseAttributeStatement(table, statement);
+            table.Read(statement);
             told.append(statement).append("\n");
         }
         EXPECT_EQ(LinesOf(table.values), row.values) << told;
@@ -236,7 +229,7 @@ TEST(ParseValueStatement, TakesADefinitionWithoutATypeLast) {
     Attribute untyped;
     untyped.name = "BusType";
     untyped.valueType = AttributeValueType::Unsup;
-    ReservedTable table({});
+    ReadTable table({});
     table.AddDefinition(untyped);
     table.Read({"BA_ \"BusType\" 1;"});
     EXPECT_EQ(LinesOf(table.values), Lines{});

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "faults/allocations.h"
 
+#include <cstddef>
 #include <cstdlib>
 #include <limits>
 #include <new>
@@ -117,6 +118,14 @@ void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
     return AllocateOrRefuse(size);
 }
 
+// The arena of the library asks for the alignment of a number, which every block has.
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    if (static_cast<std::size_t>(alignment) > alignof(std::max_align_t)) {
+        std::abort();
+    }
+    return AllocateOrThrow(size);
+}
+
 void operator delete(void* block) noexcept {
     Free(block);
 }
@@ -126,6 +135,14 @@ void operator delete[](void* block) noexcept {
 }
 
 void operator delete(void* block, std::size_t) noexcept {
+    Free(block);
+}
+
+void operator delete(void* block, std::align_val_t) noexcept {
+    Free(block);
+}
+
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept {
     Free(block);
 }
 

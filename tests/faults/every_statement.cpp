@@ -129,6 +129,14 @@ std::string MessageOfManySignals() {
     return text + "\n";
 }
 
+std::string ManyTokens() {
+    std::string text = "BA_DEF_ BO_ \"Of many values\" ENUM \"the first\"";
+    for (int value = 1; value < 100; ++value) {
+        text += ",\"" + std::to_string(value) + '"';
+    }
+    return text + ";\n";
+}
+
 std::string LongTexts() {
     std::string text = "CM_ BO_ 2566834709 \"" + std::string(9000, 'x') + "\";\n";
     text += "CM_ BO_ 512 \"of many lines\n";
@@ -145,6 +153,7 @@ std::string EveryStatement() {
     text += MessageOfManySignals();
     text += Messages;
     text += Texts;
+    text += ManyTokens();
     text += LongTexts();
     text += DroppedStatements;
     return text + "BO_ 1 The_Last_Message_Of_The_File: 8 Vector__XXX\n";

@@ -3,17 +3,19 @@
 #include "faults/file_calls.h"
 
 #include <dlfcn.h>
-#include <sys/uio.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
-#include <cstdint>
-#include <cstdio>
+#include <cstdarg>
 #include <limits>
 
 namespace vexil::faults {
 namespace {
+
+constexpr int NoDescriptor = -1;
 
 struct Watch {
     std::size_t count = 0;
@@ -23,20 +25,30 @@ struct Watch {
     int error = 0;
 };
 
+struct State {
+    std::array<Watch, 4> watches{};
+    int descriptor = NoDescriptor;  // of the file that is open
+    int closed = NoDescriptor;      // of the file that was closed last
+    std::size_t sizeLimit = std::numeric_limits<std::size_t>::max();
+    std::size_t endsOfFile = 0;
+    std::size_t inherited = 0;
+    std::vector<std::string> writes;
+};
+
 // The tests and the library run in one thread.
 constinit bool isWatching = false;
-constinit std::size_t sizeLimit = 0;
-constinit std::array<Watch, 4> watches{};
+constinit State state;
 
 Watch& WatchOf(FileCall call) {
-    return watches[static_cast<std::size_t>(call)];
+    return state.watches[static_cast<std::size_t>(call)];
+}
+
+bool IsWatched(int descriptor) {
+    return isWatching && descriptor == state.descriptor;
 }
 
 // Counts the call. Returns whether it is to fail, with errno set.
 bool Fails(FileCall call) {
-    if (!isWatching) {
-        return false;
-    }
     Watch& watch = WatchOf(call);
     ++watch.count;
     if (watch.count < watch.firstFailure || watch.count > watch.lastFailure) {
@@ -47,11 +59,11 @@ bool Fails(FileCall call) {
 }
 
 std::size_t Limited(std::size_t size) {
-    return isWatching ? std::min(size, sizeLimit) : size;
+    return std::min(size, state.sizeLimit);
 }
 
 ssize_t CountBytes(FileCall call, ssize_t size) {
-    if (isWatching && size > 0) {
+    if (size > 0) {
         WatchOf(call).bytes += static_cast<std::size_t>(size);
     }
     return size;
@@ -66,8 +78,7 @@ Function* Next(const char* name) {
 }  // namespace
 
 WatchedFileCalls::WatchedFileCalls() {
-    sizeLimit = std::numeric_limits<std::size_t>::max();
-    watches = {};
+    state = {};
     isWatching = true;
 }
 
@@ -83,7 +94,7 @@ void WatchedFileCalls::Fail(FileCall call, std::size_t n, std::size_t last, int 
 }
 
 void WatchedFileCalls::LimitSize(std::size_t bytes) {
-    sizeLimit = bytes;
+    state.sizeLimit = bytes;
 }
 
 std::size_t WatchedFileCalls::Count(FileCall call) const {
@@ -94,58 +105,81 @@ std::size_t WatchedFileCalls::Bytes(FileCall call) const {
     return WatchOf(call).bytes;
 }
 
+std::size_t WatchedFileCalls::EndsOfFile() const {
+    return state.endsOfFile;
+}
+
+const std::vector<std::string>& WatchedFileCalls::Writes() const {
+    return state.writes;
+}
+
+std::size_t WatchedFileCalls::Inherited() const {
+    return state.inherited;
+}
+
 }  // namespace vexil::faults
 
 using namespace vexil::faults;
 
-// Those that the file streams of the standard library call, under the names that they use.
 extern "C" {
 
-FILE* fopen64(const char* path, const char* mode) {
-    static auto* const next = Next<FILE*(const char*, const char*)>("fopen64");
-    return Fails(FileCall::Open) ? nullptr : next(path, mode);
-}
-
-int fclose(FILE* file) {
-    static auto* const next = Next<int(FILE*)>("fclose");
-    const bool fails = Fails(FileCall::Close);
-    const int error = errno;
-    const int result = next(file);
-    if (fails) {
-        errno = error;
-        return EOF;
+int open(const char* path, int flags, ...) {
+    static auto* const next = Next<int(const char*, int, ...)>("open");
+    mode_t permissions = 0;
+    if ((flags & O_CREAT) != 0) {
+        va_list arguments;
+        va_start(arguments, flags);
+        permissions = va_arg(arguments, mode_t);
+        va_end(arguments);
     }
-    return result;
+    if (isWatching && Fails(FileCall::Open)) {
+        return -1;
+    }
+    const int descriptor = next(path, flags, permissions);
+    if (isWatching && descriptor >= 0) {
+        state.descriptor = descriptor;
+        state.closed = NoDescriptor;
+        state.inherited += (fcntl(descriptor, F_GETFD) & FD_CLOEXEC) == 0 ? 1 : 0;
+    }
+    return descriptor;
 }
 
 ssize_t read(int descriptor, void* bytes, std::size_t size) {
     static auto* const next = Next<ssize_t(int, void*, std::size_t)>("read");
-    return Fails(FileCall::Read)
-               ? -1
-               : CountBytes(FileCall::Read, next(descriptor, bytes, Limited(size)));
+    if (!IsWatched(descriptor)) {
+        return next(descriptor, bytes, size);
+    }
+    if (Fails(FileCall::Read)) {
+        return -1;
+    }
+    const ssize_t count = next(descriptor, bytes, Limited(size));
+    state.endsOfFile += count == 0 ? 1 : 0;
+    return CountBytes(FileCall::Read, count);
 }
 
 ssize_t write(int descriptor, const void* bytes, std::size_t size) {
     static auto* const next = Next<ssize_t(int, const void*, std::size_t)>("write");
+    if (!IsWatched(descriptor)) {
+        return next(descriptor, bytes, size);
+    }
+    state.writes.emplace_back(static_cast<const char*>(bytes), size);
     return Fails(FileCall::Write)
                ? -1
                : CountBytes(FileCall::Write, next(descriptor, bytes, Limited(size)));
 }
 
-ssize_t writev(int descriptor, const iovec* pieces, int count) {
-    static auto* const next = Next<ssize_t(int, const iovec*, int)>("writev");
-    if (Fails(FileCall::Write)) {
-        return -1;
+int close(int descriptor) {
+    static auto* const next = Next<int(int)>("close");
+    const int result = next(descriptor);
+    if (IsWatched(descriptor)) {
+        state.descriptor = NoDescriptor;
+        state.closed = descriptor;
+        return Fails(FileCall::Close) ? -1 : result;
     }
-    // A limit may end inside the first piece that holds a byte; a system may stop there, too.
-    iovec first = {nullptr, 0};
-    for (int at = 0; at < count && first.iov_len == 0; ++at) {
-        first = pieces[at];
+    // Closing a file once more could close another one of the host.
+    if (isWatching && descriptor == state.closed) {
+        ++WatchOf(FileCall::Close).count;
     }
-    if (Limited(first.iov_len) < first.iov_len) {
-        first.iov_len = Limited(first.iov_len);
-        return CountBytes(FileCall::Write, next(descriptor, &first, 1));
-    }
-    return CountBytes(FileCall::Write, next(descriptor, pieces, count));
+    return result;
 }
 }

@@ -1,17 +1,20 @@
-// The calls to the system through which files are read and written, so that a test can let them
-// fail. A program that contains file_calls.cpp makes them through it, its shared libraries
+// The calls to the system through which the library reads and writes files, so that a test can let
+// them fail. A program that contains file_calls.cpp makes them through it, its shared libraries
 // included.
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
 #include <cstddef>
+#include <string>
+#include <vector>
 
 namespace vexil::faults {
 
 enum class FileCall : std::size_t { Open, Read, Write, Close };
 
-// While it lives, calls are counted and some may fail. There is one at a time.
+// While it lives, the calls for files that are opened with open(2) are counted and some may fail.
+// The file streams of the tests open their files in another way, so they are left alone. There is
+// one at a time, and one file open at a time.
 class WatchedFileCalls {
   public:
     // All calls succeed.
@@ -21,7 +24,7 @@ class WatchedFileCalls {
     ~WatchedFileCalls();
 
     // Lets the calls of a kind fail with error, from the n-th, counted from 1, to the last-th. A
-    // file whose closing fails is closed all the same, as the system does it.
+    // file that cannot be closed is closed all the same, as the system does it.
     void Fail(FileCall call, std::size_t n, std::size_t last, int error);
 
     // Lets a call read or write at most so many bytes.
@@ -32,6 +35,15 @@ class WatchedFileCalls {
 
     // How many bytes were read or written.
     std::size_t Bytes(FileCall call) const;
+
+    // How many calls of Read came to the end of the file.
+    std::size_t EndsOfFile() const;
+
+    // What each call of Write was given.
+    const std::vector<std::string>& Writes() const;
+
+    // How many files a program that the process starts would have inherited.
+    std::size_t Inherited() const;
 };
 
 }  // namespace vexil::faults

@@ -1,12 +1,15 @@
-// Tests of files that fail: each call to the system fails in its turn. A code tells it, what was
-// read or written until then stays, and no file stays open.
+// Tests of files that fail: each call to the system fails in its turn. The result code reports it,
+// what was read or written until then stays, and no file stays open.
 // SPDX-License-Identifier: MIT
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <csignal>
+#include <filesystem>
 #include <limits>
+#include <numeric>
+#include <vector>
 
 #include "api/api_test.h"
 #include "faults/every_statement.h"
@@ -50,6 +53,63 @@ class FileFaultTest : public test::ApiTest {
         SetInfo({0, 0});
     }
 
+    // A text of several blocks of 64 KiB, one of them in the middle of a line.
+    std::string LargeText() const {
+        std::string large;
+        for (int part = 0; part < 4; ++part) {
+            large += text;
+        }
+        return large + "CM_ BO_ 256 \"" + std::string(150'000, 'z') + "\";\n" + text + text;
+    }
+
+    // Lets each read of a text fail in its turn. Expects the database of the lines in front of it,
+    // and no read behind it.
+    //   size  the most that a call reads.
+    // Returns how many reads a good one takes.
+    std::size_t FailEachRead(const std::string& bytes, std::size_t size) {
+        test::WriteBytes(input, bytes);
+        for (std::size_t n = 1; !HasFailure(); ++n) {
+            SCOPED_TRACE("read " + std::to_string(n));
+            Clear();
+            Outcome outcome;
+            std::size_t reads = 0;
+            std::size_t bytesRead = 0;
+            {
+                WatchedFileCalls calls;
+                calls.LimitSize(size);
+                calls.Fail(FileCall::Read, n, n, EIO);
+                outcome = Read(input);
+                reads = calls.Count(FileCall::Read);
+                bytesRead = calls.Bytes(FileCall::Read);
+            }
+            EXPECT_EQ(OpenDescriptors(), descriptors);
+            const std::string records = Dump();
+            if (reads < n) {
+                EXPECT_EQ(outcome, Success);
+                EXPECT_TRUE(records == DumpOf(bytes)) << "other records";
+                return reads;
+            }
+            EXPECT_EQ(reads, n);
+            EXPECT_EQ(outcome, ReadFailed);
+            EXPECT_TRUE(records == DumpOf(WholeLines(bytes.substr(0, bytesRead))))
+                << "other records";
+        }
+        return 0;
+    }
+
+    // Reads the input and returns the lines that a good write puts out, one for each call.
+    std::vector<std::string> WrittenLines() {
+        EXPECT_EQ(Read(input), Success);
+        const WatchedFileCalls calls;
+        EXPECT_EQ(Write(output), Success);
+        return calls.Writes();
+    }
+
+    static std::string Joined(const std::vector<std::string>& lines, std::size_t count) {
+        const auto first = lines.begin();
+        return std::accumulate(first, first + static_cast<std::ptrdiff_t>(count), std::string());
+    }
+
     // The text up to the end of its last line that is whole.
     static std::string WholeLines(std::string_view bytes) {
         const std::size_t end = bytes.rfind('\n');
@@ -65,7 +125,7 @@ class FileFaultTest : public test::ApiTest {
 // -- Opening ----------------------------------------------------------------------------------
 
 TEST_F(FileFaultTest, AFileThatCannotBeOpenedIsNeitherReadNorWritten) {
-    for (const int error : {EACCES, EINTR, EIO, EMFILE, ENFILE, ENOMEM, ENOSPC, EROFS}) {
+    for (const int error : {EACCES, EIO, EMFILE, ENFILE, ENOMEM, ENOSPC, EROFS}) {
         ASSERT_EQ(ReadText("BO_ 1 A: 8 N\n"), Success);
         WatchedFileCalls calls;
         calls.Fail(FileCall::Open, 1, Always, error);
@@ -77,6 +137,16 @@ TEST_F(FileFaultTest, AFileThatCannotBeOpenedIsNeitherReadNorWritten) {
         EXPECT_EQ(calls.Count(FileCall::Read) + calls.Count(FileCall::Write), 0U);
     }
     EXPECT_FALSE(std::filesystem::exists(output));
+}
+
+TEST_F(FileFaultTest, AnInterruptedOpeningIsTriedAgain) {
+    WatchedFileCalls calls;
+    calls.Fail(FileCall::Open, 1, 3, EINTR);
+    EXPECT_EQ(Read(input), Success);
+    EXPECT_EQ(calls.Count(FileCall::Open), 4U);
+    calls.Fail(FileCall::Open, 5, 7, EINTR);
+    EXPECT_EQ(Write(output), Success);
+    EXPECT_EQ(calls.Count(FileCall::Open), 8U);
 }
 
 TEST_F(FileFaultTest, AProcessWithoutADescriptorLeftOpensNoFile) {
@@ -94,36 +164,55 @@ TEST_F(FileFaultTest, AProcessWithoutADescriptorLeftOpensNoFile) {
     EXPECT_EQ(Read(input), Success);
 }
 
+TEST_F(FileFaultTest, ProgramsThatTheHostStartsInheritNoFile) {
+    const WatchedFileCalls calls;
+    EXPECT_EQ(Read(input), Success);
+    EXPECT_EQ(Write(output), Success);
+    EXPECT_EQ(calls.Count(FileCall::Open), 2U);
+    EXPECT_EQ(calls.Inherited(), 0U);
+}
+
+TEST_F(FileFaultTest, ANewFileHasAllPermissionsThatTheProcessDoesNotMask) {
+    ASSERT_EQ(Read(input), Success);
+    const mode_t before = umask(026);
+    EXPECT_EQ(Write(output), Success);
+    umask(before);
+    EXPECT_EQ(std::filesystem::status(output).permissions(), std::filesystem::perms{0640});
+}
+
 // -- Reading ----------------------------------------------------------------------------------
 
-// Wherever a read fails, the database is that of the lines in front of it.
 TEST_F(FileFaultTest, EachReadThatFailsLeavesTheLinesInFrontOfIt) {
-    std::size_t n = 1;
-    for (bool isGood = false; !isGood && !HasFailure(); ++n) {
-        SCOPED_TRACE("read " + std::to_string(n));
-        Clear();
-        Outcome outcome;
-        std::size_t bytes = 0;
-        {
+    EXPECT_GT(FailEachRead(text, 97), 100U);
+    EXPECT_EQ(FailEachRead("BO_ 1 A: 8 N\nBO_ 2 B: 8 N\n", 1), 27U);
+}
+
+TEST_F(FileFaultTest, EachReadOfALargeFileThatFailsLeavesTheLinesInFrontOfIt) {
+    EXPECT_GT(FailEachRead(LargeText(), Always), 3U);
+    EXPECT_GT(FailEachRead(LargeText(), 30'011), 8U);
+}
+
+// The line that the failure falls into is lost, also when it is the last and has no end.
+TEST_F(FileFaultTest, AReadThatFailsAtTheEndLosesALineWithoutAnEnd) {
+    EXPECT_EQ(FailEachRead("BO_ 1 A: 8 N\nBO_ 2 B: 8 N", Always), 2U);
+    EXPECT_GT(FailEachRead(LargeText() + "BO_ 2 B: 8 N", 30'011), 8U);
+}
+
+TEST_F(FileFaultTest, NothingIsReadBehindTheEndOfAFile) {
+    for (const std::string& bytes :
+         {std::string(), std::string("\n"), std::string("BO_ 1 A: 8 N\n"),
+          std::string("BO_ 1 A: 8 N"), text, LargeText(), LargeText() + "BO_ 2 B: 8 N"}) {
+        for (const std::size_t size : {std::size_t{1000}, Always}) {
             WatchedFileCalls calls;
-            calls.LimitSize(97);
-            calls.Fail(FileCall::Read, n, n, EIO);
-            outcome = Read(input);
-            bytes = calls.Bytes(FileCall::Read);
-            isGood = calls.Count(FileCall::Read) < n;
+            calls.LimitSize(size);
+            EXPECT_EQ(ReadText(bytes), Success);
+            EXPECT_EQ(calls.Bytes(FileCall::Read), bytes.size());
+            EXPECT_EQ(calls.EndsOfFile(), 1U);
         }
-        EXPECT_EQ(OpenDescriptors(), descriptors);
-        EXPECT_EQ(outcome, isGood ? Success : ReadFailed);
-        EXPECT_EQ(bytes, std::min((n - 1) * 97, text.size()));
-        const std::string records = Dump();
-        EXPECT_TRUE(records == DumpOf(WholeLines(text.substr(0, bytes)))) << "other records";
     }
-    EXPECT_GT(n, 100U);
-    EXPECT_TRUE(Dump() == DumpOf(text));
 }
 
 TEST_F(FileFaultTest, EachErrorOfAReadIsAStreamErrorButAnInterruption) {
-    const std::string records = DumpOf(text);
     for (const int error : {EIO, EAGAIN, EBADF, EISDIR, ENOMEM, ESTALE}) {
         WatchedFileCalls calls;
         calls.Fail(FileCall::Read, 2, 2, error);
@@ -137,115 +226,102 @@ TEST_F(FileFaultTest, EachErrorOfAReadIsAStreamErrorButAnInterruption) {
         EXPECT_EQ(Read(input), Success);
         EXPECT_EQ(calls.Count(FileCall::Read), text.size() + 1 + 21);
     }
-    EXPECT_TRUE(Dump() == records);
-}
-
-// The line that the failure falls into is lost, also when it is the last and has no end.
-TEST_F(FileFaultTest, AReadThatFailsAtTheEndLosesALineWithoutAnEnd) {
-    test::WriteBytes(input, "BO_ 1 A: 8 N\nBO_ 2 B: 8 N");
-    {
-        WatchedFileCalls calls;
-        calls.Fail(FileCall::Read, 2, 2, EIO);
-        EXPECT_EQ(Read(input), ReadFailed);
-    }
-    EXPECT_EQ(VexilGetNumCanMessages(), 1U);
+    const std::string records = Dump();
+    EXPECT_TRUE(records == DumpOf(text));
 }
 
 // -- Writing ----------------------------------------------------------------------------------
 
-// A call that fails once shows at the next line. The line itself is still there to be written when
-// the file is closed.
-TEST_F(FileFaultTest, EachWriteThatFailsOnceShowsAtTheNextLine) {
-    ASSERT_EQ(Read(input), Success);
-    ASSERT_EQ(Write(output), Success);
+// Each line is complete before the next one begins.
+TEST_F(FileFaultTest, EachLineIsWrittenAtOnceWhateverTheSystemTakesOfIt) {
+    test::WriteBytes(input,
+                     "BU_: N M\nBO_ 1 A: 8 N\n SG_ S : 0|8@1+ (1,0) [0|0] \"\" M\n"
+                     "CM_ BO_ 1 \"comment\";\nVAL_ 1 S 1 \"On\" ;\nBO_ 2 B: 8 N\n");
+    const std::vector<std::string> lines = WrittenLines();
     const std::string whole = test::ReadBytes(output);
-    std::size_t failures = 0;
-    for (std::size_t n = 1; !HasFailure(); ++n) {
-        SCOPED_TRACE("write " + std::to_string(n));
-        Outcome outcome;
-        std::size_t count = 0;
-        {
-            WatchedFileCalls calls;
-            calls.Fail(FileCall::Write, n, n, EIO);
-            outcome = Write(output);
-            count = calls.Count(FileCall::Write);
-        }
-        EXPECT_EQ(OpenDescriptors(), descriptors);
-        const std::string written = test::ReadBytes(output);
-        if (count < n) {
-            EXPECT_EQ(outcome, Success);
-            EXPECT_TRUE(written == whole);
-            break;
-        }
-        EXPECT_TRUE(whole.starts_with(written));
-        EXPECT_EQ(outcome, written == whole ? LastLineFailed : WriteFailed);
-        ++failures;
+    EXPECT_EQ(Joined(lines, lines.size()), whole);
+    for (const std::string& line : lines) {
+        EXPECT_EQ(line.find('\n'), line.size() - 1);
     }
-    EXPECT_GT(failures, 100U);
+    for (const std::size_t size : {std::size_t{1}, std::size_t{7}, std::size_t{1000}}) {
+        std::vector<std::string> expected;
+        for (const std::string& line : lines) {
+            for (std::size_t at = 0; at < line.size(); at += std::min(size, line.size() - at)) {
+                expected.push_back(line.substr(at));
+            }
+        }
+        WatchedFileCalls calls;
+        calls.LimitSize(size);
+        EXPECT_EQ(Write(output), Success);
+        EXPECT_EQ(calls.Writes(), expected) << size;
+        EXPECT_EQ(test::ReadBytes(output), whole) << size;
+    }
+}
+
+TEST_F(FileFaultTest, InterruptedWritesAreContinued) {
+    const std::size_t lines = WrittenLines().size();
+    const std::string whole = test::ReadBytes(output);
+    WatchedFileCalls calls;
+    calls.Fail(FileCall::Write, 20, 40, EINTR);
+    EXPECT_EQ(Write(output), Success);
+    EXPECT_EQ(calls.Count(FileCall::Write), lines + 21);
+    EXPECT_TRUE(test::ReadBytes(output) == whole);
+}
+
+// A call that fails once shows at the next line. The line itself is written when the file is
+// closed.
+TEST_F(FileFaultTest, EachWriteThatFailsOnceShowsAtTheNextLine) {
+    const std::vector<std::string> lines = WrittenLines();
+    ASSERT_GT(lines.size(), 100U);
+    for (std::size_t n = 1; n <= lines.size() && !HasFailure(); ++n) {
+        SCOPED_TRACE("write " + std::to_string(n));
+        WatchedFileCalls calls;
+        calls.Fail(FileCall::Write, n, n, EIO);
+        EXPECT_EQ(Write(output), n == lines.size() ? LastLineFailed : WriteFailed);
+        EXPECT_EQ(OpenDescriptors(), descriptors);
+        EXPECT_EQ(calls.Count(FileCall::Write), n + 1);
+        EXPECT_TRUE(test::ReadBytes(output) == Joined(lines, n));
+    }
 }
 
 // From there on no byte more reaches the file.
 TEST_F(FileFaultTest, EachWriteThatFailsForGoodLeavesTheLinesInFrontOfIt) {
-    ASSERT_EQ(Read(input), Success);
-    ASSERT_EQ(Write(output), Success);
-    const std::string whole = test::ReadBytes(output);
-    const std::size_t lastLine = whole.rfind('\n', whole.size() - 2) + 1;
+    const std::vector<std::string> lines = WrittenLines();
     for (const int error : {ENOSPC, EIO, EDQUOT, EPIPE}) {
-        for (std::size_t n = 1; !HasFailure(); ++n) {
+        for (std::size_t n = 1; n <= lines.size() && !HasFailure(); ++n) {
             SCOPED_TRACE("write " + std::to_string(n));
-            Outcome outcome;
-            std::size_t count = 0;
-            std::size_t bytes = 0;
-            {
-                WatchedFileCalls calls;
-                calls.Fail(FileCall::Write, n, Always, error);
-                outcome = Write(output);
-                count = calls.Count(FileCall::Write);
-                bytes = calls.Bytes(FileCall::Write);
-            }
+            WatchedFileCalls calls;
+            calls.Fail(FileCall::Write, n, Always, error);
+            EXPECT_EQ(Write(output), n == lines.size() ? LastLineFailed : WriteFailed);
             EXPECT_EQ(OpenDescriptors(), descriptors);
-            EXPECT_TRUE(test::ReadBytes(output) == whole.substr(0, bytes));
-            if (count < n) {
-                EXPECT_EQ(outcome, Success);
-                break;
-            }
-            EXPECT_EQ(outcome, bytes >= lastLine ? LastLineFailed : WriteFailed);
+            EXPECT_EQ(calls.Count(FileCall::Write), n + 1);
+            EXPECT_TRUE(test::ReadBytes(output) == Joined(lines, n - 1));
         }
     }
 }
 
-TEST_F(FileFaultTest, ShortAndInterruptedWritesAreCarriedOn) {
-    ASSERT_EQ(Read(input), Success);
-    ASSERT_EQ(Write(output), Success);
-    const std::string whole = test::ReadBytes(output);
-    for (const std::size_t size : {std::size_t{1}, std::size_t{7}, std::size_t{1000}}) {
-        WatchedFileCalls calls;
-        calls.LimitSize(size);
-        calls.Fail(FileCall::Write, 20, 40, EINTR);
-        EXPECT_EQ(Write(output), Success);
-        EXPECT_GT(calls.Count(FileCall::Write), whole.size() / size);
-        EXPECT_TRUE(test::ReadBytes(output) == whole) << size;
-    }
-}
-
-// A short write that then fails leaves a part of a line.
+// A short write that then fails leaves a part of a line, and closing the file tries the rest.
 TEST_F(FileFaultTest, EachWriteMayFailInsideALine) {
-    ASSERT_EQ(ReadText("BO_ 1 A: 8 N\nCM_ BO_ 1 \"the last line\";\n"), Success);
-    ASSERT_EQ(Write(output), Success);
+    test::WriteBytes(input, "BO_ 1 A: 8 N\nCM_ BO_ 1 \"the last line\";\n");
+    const std::vector<std::string> lines = WrittenLines();
     const std::string whole = test::ReadBytes(output);
-    const std::size_t lastLine = whole.rfind('\n', whole.size() - 2) + 1;
+    const std::size_t lastLine = whole.size() - lines.back().size();
     for (std::size_t size = 0; size < whole.size() && !HasFailure(); ++size) {
-        WatchedFileCalls calls;
-        calls.LimitSize(1);
-        calls.Fail(FileCall::Write, size + 1, Always, ENOSPC);
-        EXPECT_EQ(Write(output), size >= lastLine ? LastLineFailed : WriteFailed) << size;
-        EXPECT_TRUE(test::ReadBytes(output) == whole.substr(0, size)) << size;
+        for (const std::size_t last : {size + 1, Always}) {
+            WatchedFileCalls calls;
+            calls.LimitSize(1);
+            calls.Fail(FileCall::Write, size + 1, last, ENOSPC);
+            EXPECT_EQ(Write(output), size >= lastLine ? LastLineFailed : WriteFailed) << size;
+            const std::size_t end = last == Always ? size : whole.find('\n', size) + 1;
+            EXPECT_EQ(test::ReadBytes(output), whole.substr(0, end)) << size;
+        }
     }
 }
 
 // -- Closing ----------------------------------------------------------------------------------
 
-// It comes when all is settled, and leaves the stream no worse than failed.
+// It comes when all is settled. It is not tried again, since the system has given up the
+// descriptor.
 TEST_F(FileFaultTest, AFileThatCannotBeClosedCountsAsReadAndWritten) {
     for (const int error : {EIO, EINTR, ENOSPC, EDQUOT}) {
         WatchedFileCalls calls;

@@ -26,6 +26,8 @@ class LoadedLibrary {
         Find("VexilWriteDbcFile", WriteDbcFile);
         Find("VexilGetNumCanMessages", GetNumCanMessages);
         Find("VexilGetCanMessageData", GetCanMessageData);
+        Find("VexilGetCanSignalEnumData", GetCanSignalEnumData);
+        Find("VexilGetNumCanErrors", GetNumCanErrors);
         Find("VexilAppendCanMessage", AppendCanMessage);
         Find("VexilSetDatabaseInfo", SetDatabaseInfo);
         Find("VexilGetDatabaseInfo", GetDatabaseInfo);
@@ -55,6 +57,8 @@ class LoadedLibrary {
     decltype(&VexilWriteDbcFile) WriteDbcFile = nullptr;
     decltype(&VexilGetNumCanMessages) GetNumCanMessages = nullptr;
     decltype(&VexilGetCanMessageData) GetCanMessageData = nullptr;
+    decltype(&VexilGetCanSignalEnumData) GetCanSignalEnumData = nullptr;
+    decltype(&VexilGetNumCanErrors) GetNumCanErrors = nullptr;
     decltype(&VexilAppendCanMessage) AppendCanMessage = nullptr;
     decltype(&VexilSetDatabaseInfo) SetDatabaseInfo = nullptr;
     decltype(&VexilGetDatabaseInfo) GetDatabaseInfo = nullptr;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <memory_resource>
 #include <new>
 #include <optional>
 
@@ -29,6 +30,7 @@ class LoadingTest : public testing::Test {
         EXPECT_EQ(library.Write(output), StateClosed);
         expectedFile = test::ReadBytes(output);
     }
+    ~LoadingTest() override { std::pmr::set_default_resource(nullptr); }
 
     // Loads the library, expects it empty, and a read and a write to be as good as ever.
     void ExpectAllIsWell() {
@@ -83,7 +85,43 @@ TEST_F(LoadingTest, IsFollowedByAFirstReadThatMayRunOutOfMemory) {
         ExpectAllIsWell();
         EXPECT_EQ(LiveBlocks(), blocks);
     }
-    EXPECT_GT(n, 200U);
+    EXPECT_GT(n, 30U);
+}
+
+TEST_F(LoadingTest, IsFollowedByAClearThatGivesAllMemoryBack) {
+    const long blocks = LiveBlocks();
+    const LoadedLibrary library;
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_EQ(library.Read(input), StateClosed);
+        EXPECT_GT(library.GetNumCanErrors(), 0U);
+        CanEnumRecord description{};
+        EXPECT_EQ(library.GetCanSignalEnumData(1, 2, 0, &description), 1);
+        CanMessageRecord message{};
+        EXPECT_EQ(library.GetCanMessageData(0, &message), 1);
+        EXPECT_EQ(library.AppendCanMessage(&message), 1);
+        EXPECT_EQ(library.Write(output), StateClosed);
+        EXPECT_GT(LiveBlocks(), blocks);
+        library.ClearData();
+        EXPECT_EQ(LiveBlocks(), blocks);
+    }
+}
+
+// A host may replace the default resource, and destroy the one that was there at load time.
+TEST_F(LoadingTest, TakesNoMemoryFromTheDefaultResource) {
+    std::pmr::set_default_resource(std::pmr::null_memory_resource());
+    ExpectAllIsWell();
+
+    std::optional<LoadedLibrary> library;
+    {
+        std::pmr::monotonic_buffer_resource early(std::pmr::new_delete_resource());
+        std::pmr::set_default_resource(&early);
+        library.emplace();
+        std::pmr::set_default_resource(std::pmr::null_memory_resource());
+    }
+    EXPECT_EQ(library->Read(input), StateClosed);
+    EXPECT_EQ(library->Write(output), StateClosed);
+    library->ClearData();
+    EXPECT_TRUE(test::ReadBytes(output) == expectedFile);
 }
 
 // How many regions of memory the process has.

@@ -1,83 +1,101 @@
-// Tests of CANDatabase: what it holds when it is made, and its reset.
+// Tests of CANDatabase: its reset, and the end of a read.
 // SPDX-License-Identifier: MIT
 #include "frame/can_database.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
-#include <memory>
 #include <string_view>
 #include <type_traits>
 
 #include "attributes/attribute_statements.h"
+#include "frame/enums_of.h"
 
 namespace vexil {
 namespace {
 
-static_assert(std::has_virtual_destructor_v<CANDatabase>);
+using test::EnumPairs;
+using test::EnumsOf;
+
 static_assert(!std::is_copy_constructible_v<CANDatabase>);
 
-constexpr std::array<std::string_view, 9> ReservedNames = {
-    "BusType",           "J1939PGN",         "IsNMEA",
-    "Marrowby_Msg_Name", "GenMsgSendType",   "GenMsgCycleTime",
-    "Marrowby_Sig_Name", "GenSigStartValue", "GenSigInactiveValue"};
+// Puts a message with a described signal, an error and an attribute into the database, as a read
+// does. Returns the signal.
+CANSignal& Fill(CANDatabase& filled, std::string_view description) {
+    CANMessage message;
+    message.id = 7;
+    CANMessage& added = filled.messages.Add(filled.arena, message);
+    CANSignal& signal = *added.AddSignal(filled.arena, CANSignal());
+    signal.notes.added = filled.arena.New<AddedDescription>(1, filled.arena.Keep(description));
+    filled.owners.AddMessage(added);
+    filled.parseErrors.Add(filled.arena, {});
+    ParseDefinitionStatement(filled.attributes, filled.arena,
+                             "BA_DEF_ BO_ \"GenMsgCycleTime\" INT 0 9;\n");
+    ParseValueStatement(filled.attributes, filled.arena, "BA_ \"GenMsgCycleTime\" BO_ 7 5;\n");
+    EXPECT_EQ(filled.attributes.definitions.size(), 1U);
+    EXPECT_EQ(filled.attributes.values.Size(), 1U);
+    return signal;
+}
 
-void ExpectEmpty(const CANDatabase& empty) {
-    EXPECT_EQ(empty.info.protocolType, 0U);
-    EXPECT_TRUE(empty.messages.empty());
-    EXPECT_TRUE(empty.parseErrors.empty());
+void ExpectNothingOfARead(CANDatabase& empty) {
+    EXPECT_EQ(empty.owners.FindMessage(7), nullptr);
     EXPECT_TRUE(empty.attributes.definitions.empty());
-    EXPECT_TRUE(empty.attributes.values.empty());
-    EXPECT_TRUE(std::ranges::equal(empty.attributes.reservedAttributeNames, ReservedNames));
+    EXPECT_EQ(empty.attributes.values.Size(), 0U);
 }
 
-TEST(CANDatabase, IsEmptyWhenMade) {
-    const CANDatabase made;
-    ExpectEmpty(made);
-    EXPECT_EQ(made.info.busType, 0U);
-    EXPECT_EQ(made.messagesById.Size(), 0U);
+void ExpectEmpty(CANDatabase& empty) {
+    EXPECT_EQ(empty.info.protocolType, 0U);
+    EXPECT_EQ(empty.messages.Size(), 0U);
+    EXPECT_EQ(empty.parseErrors.Size(), 0U);
+    ExpectNothingOfARead(empty);
 }
 
-TEST(CANDatabase, OfTheLibraryKnowsTheReservedNames) {
-    EXPECT_TRUE(std::ranges::equal(database.attributes.reservedAttributeNames, ReservedNames));
+TEST(CANDatabase, IsEmptyWhenNew) {
+    CANDatabase fresh;
+    ExpectEmpty(fresh);
+    EXPECT_EQ(fresh.info.busType, 0U);
 }
 
-TEST(CANDatabase, ResetEmptiesAllButTheBusTypeAndTheTableOfIds) {
+TEST(CANDatabase, KeepsOnlyTheBusTypeAtAReset) {
+    CANDatabase filled;
+    for (int round = 0; round < 2; ++round) {
+        filled.info = {2, 1};
+        Fill(filled, "on");
+        filled.Reset();
+        ExpectEmpty(filled);
+        EXPECT_EQ(filled.info.busType, 1U);
+        filled.Reset();
+        ExpectEmpty(filled);
+        EXPECT_EQ(filled.info.busType, 1U);
+    }
+}
+
+// The next text takes the memory of the one before.
+TEST(CANDatabase, ForgetsDescriptionsAtAReset) {
+    CANDatabase filled;
+    CANSignal signal;
+    for (const char* const text : {"on", "off"}) {
+        signal.notes.added = filled.arena.New<AddedDescription>(1, filled.arena.Keep(text));
+        EXPECT_EQ(EnumsOf(filled.DescriptionsOf(signal)), (EnumPairs{{1, text}}));
+        EXPECT_EQ(EnumsOf(filled.DescriptionsOf(CANSignal())), EnumPairs{});
+        EXPECT_EQ(EnumsOf(filled.DescriptionsOf(signal)), (EnumPairs{{1, text}}));
+        filled.Reset();
+    }
+}
+
+TEST(CANDatabase, KeepsMessagesAndErrorsAtTheEndOfARead) {
     CANDatabase filled;
     filled.info = {2, 1};
-    const auto message = std::make_shared<CANMessage>();
-    filled.messages = {message, std::make_shared<CANMessage>()};
-    filled.parseErrors.resize(3);
-    const auto addAttribute = [&filled] {
-        ParseAttributeStatement(filled.attributes, "BA_DEF_ BO_ \"GenMsgCycleTime\" INT 0 9;\n");
-        ParseAttributeStatement(filled.attributes, "BA_ \"GenMsgCycleTime\" BO_ 7 5;\n");
-    };
-    addAttribute();
-    EXPECT_EQ(filled.attributes.definitions.size(), 1U);
-    EXPECT_EQ(filled.attributes.values.size(), 1U);
-    static constexpr std::array<std::string_view, 1> OtherNames = {"Other"};
-    filled.attributes.reservedAttributeNames = OtherNames;
-    filled.messagesById.Add(std::make_shared<CANMessage>());
-    filled.Reset();
-    ExpectEmpty(filled);
-    EXPECT_EQ(filled.info.busType, 1U);
-    EXPECT_EQ(filled.messagesById.Size(), 1U);
-    EXPECT_EQ(message.use_count(), 1);
-    // What went is not remembered: it may come again.
-    addAttribute();
-    EXPECT_EQ(filled.attributes.definitions.size(), 1U);
-    EXPECT_EQ(filled.attributes.values.size(), 1U);
-}
-
-TEST(CANDatabase, ResetTwiceChangesNothingTheSecondTime) {
-    CANDatabase filled;
-    filled.info = {2, 7};
-    filled.messages = {std::make_shared<CANMessage>()};
-    filled.Reset();
-    filled.Reset();
-    ExpectEmpty(filled);
-    EXPECT_EQ(filled.info.busType, 7U);
+    const CANSignal& signal = Fill(filled, "on");
+    filled.EndRead();
+    ExpectNothingOfARead(filled);
+    EXPECT_EQ(filled.info.protocolType, 2U);
+    ASSERT_EQ(filled.messages.Size(), 1U);
+    EXPECT_EQ(filled.messages[0].signals[0], &signal);
+    EXPECT_EQ(EnumsOf(filled.DescriptionsOf(signal)), (EnumPairs{{1, "on"}}));
+    EXPECT_EQ(filled.parseErrors.Size(), 1U);
+    // Nothing of the read is remembered: the next one may bring the same.
+    Fill(filled, "on");
+    EXPECT_NE(filled.owners.FindMessage(7), nullptr);
 }
 
 }  // namespace

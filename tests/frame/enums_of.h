@@ -1,4 +1,4 @@
-// The value descriptions of a signal as plain pairs, whatever holds them in the model.
+// The value descriptions of a signal as plain pairs.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -7,16 +7,27 @@
 #include <utility>
 #include <vector>
 
-#include "frame/can_signal.h"
+#include "frame/descriptions.h"
 
 namespace vexil::test {
 
 using EnumPairs = std::vector<std::pair<std::int32_t, std::string>>;
 
 // In the order in which they are fetched and written.
-inline EnumPairs EnumsOf(const CANSignal& signal) {
-    const auto& entries = signal.enums.Sorted();
-    return {entries.begin(), entries.end()};
+inline EnumPairs EnumsOf(const Descriptions& descriptions) {
+    EnumPairs pairs(descriptions.Count());
+    for (std::size_t position = 0; position < pairs.size(); ++position) {
+        pairs[position].first = descriptions.ValueAt(position);
+        LineBuffer scratch;
+        pairs[position].second = descriptions.Text(position, scratch, npos);
+    }
+    return pairs;
+}
+
+inline EnumPairs EnumsOf(const Notes& notes) {
+    Descriptions descriptions;
+    descriptions.LookAt(notes);
+    return EnumsOf(descriptions);
 }
 
 }  // namespace vexil::test

@@ -3,16 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "frame/can_message.h"
+#include "frame/can_database.h"
+#include "support/dump.h"
+#include "support/read_text.h"
 #include "support/records.h"
 
 namespace vexil {
 namespace {
 
+using test::CommentOf;
 using test::Filled;
 using test::MessageFields;
 using test::OtherPattern;
@@ -24,22 +26,20 @@ using test::SameBytes;
 const std::string invalidText = "\x80" + std::string(300, 'x');
 
 // A message with something in every member.
-class EngineMessage : public CANMessage {
-  public:
-    EngineMessage() {
-        isEmpty = false;
-        id = 0x80000123U;
-        name = "Engine_Data";
-        longName = "Engine Data";
-        rawName = "Engine\tData";
-        transmitter = "ECU1";
-        sendType = "Cyclic";
-        cycleTime = -100;
-        comment = "say \\\"hello\\\"";
-        dlc = 300;
-        signals = {std::make_shared<CANSignal>(), std::make_shared<CANSignal>()};
-    }
-};
+CANMessage EngineMessage() {
+    CANMessage message;
+    message.id = 0x80000123U;
+    message.name = "Engine_Data";
+    message.longName = "Engine Data";
+    message.transmitter = "ECU1";
+    message.sendType = "Cyclic";
+    message.cycleTime = -100;
+    message.notes.SetComment(database.arena, "say \"hello\"");
+    message.dlc = 300;
+    message.AddSignal(database.arena, CANSignal());
+    message.AddSignal(database.arena, CANSignal());
+    return message;
+}
 
 const MessageFields engineFields = {.id = 0x80000123U,
                                     .name = "Engine_Data",
@@ -51,9 +51,12 @@ const MessageFields engineFields = {.id = 0x80000123U,
                                     .sendType = "Cyclic",
                                     .cycleTime = -100};
 
+class MessageCopyToRecord : public test::DatabaseTest {};
+class MessageFillFromRecord : public test::DatabaseTest {};
+
 // -- Out --------------------------------------------------------------------------------------
 
-TEST(MessageCopyToRecord, FillsEveryFieldAndNoGap) {
+TEST_F(MessageCopyToRecord, FillsEveryFieldAndNoGap) {
     for (const unsigned char pattern : {Pattern, OtherPattern}) {
         auto record = Filled<CanMessageRecord>(pattern);
         EXPECT_TRUE(EngineMessage().CopyToRecord(&record));
@@ -61,30 +64,21 @@ TEST(MessageCopyToRecord, FillsEveryFieldAndNoGap) {
     }
 }
 
-TEST(MessageCopyToRecord, IsFalseForNull) {
+TEST_F(MessageCopyToRecord, IsFalseForNull) {
     EXPECT_FALSE(EngineMessage().CopyToRecord(nullptr));
 }
 
-TEST(MessageCopyToRecord, CopiesAnEmptyMessageAndIsFalse) {
-    EngineMessage message;
-    message.isEmpty = true;
-    auto record = Filled<CanMessageRecord>(Pattern);
-    EXPECT_FALSE(message.CopyToRecord(&record));
-    EXPECT_TRUE(SameBytes(record, RecordOf(engineFields)));
-    message.Reset();
-    record = Filled<CanMessageRecord>(Pattern);
-    EXPECT_FALSE(message.CopyToRecord(&record));
-    EXPECT_TRUE(SameBytes(record, RecordOf(MessageFields{})));
-}
-
-TEST(MessageCopyToRecord, CutsTextsAtTheEndOfTheirArrays) {
+TEST_F(MessageCopyToRecord, CutsTextsAtTheEndOfTheirArrays) {
     for (const std::size_t excess : {0U, 1U, 100U}) {
-        EngineMessage message;
-        message.name = std::string(32 + excess, 'n');
-        message.longName = std::string(255 + excess, 'l');
-        message.transmitter = std::string(32 + excess, 't');
-        message.comment = std::string(255 + excess, 'c');
-        message.sendType = std::string(32 + excess, 's');
+        const auto tooLong = [excess](std::size_t most, char ch) {
+            return database.arena.Keep(std::string(most + excess, ch));
+        };
+        CANMessage message = EngineMessage();
+        message.name = tooLong(32, 'n');
+        message.longName = tooLong(255, 'l');
+        message.transmitter = tooLong(32, 't');
+        message.notes.SetComment(database.arena, tooLong(255, 'c'));
+        message.sendType = tooLong(32, 's');
         MessageFields fields = engineFields;
         fields.name = std::string(32, 'n');
         fields.longName = std::string(255, 'l');
@@ -97,10 +91,29 @@ TEST(MessageCopyToRecord, CutsTextsAtTheEndOfTheirArrays) {
     }
 }
 
-TEST(MessageCopyToRecord, CutsNoCharacter) {
+TEST_F(MessageCopyToRecord, CutsACommentOfSeveralTexts) {
+    for (std::size_t front = 250; front <= 256; ++front) {
+        const std::string text(front, 'c');
+        Note third{"more text"};
+        Note second{"\"\xc3\xa9", &third};
+        Note first{text, &second};
+        CANMessage message = EngineMessage();
+        message.notes.comments = &first;
+        MessageFields fields = engineFields;
+        fields.comment = (text + "\\\"\xc3\xa9more text").substr(0, 255);
+        if (front == 252) {
+            fields.comment.resize(254);  // a character would be cut
+        }
+        auto record = Filled<CanMessageRecord>(Pattern);
+        EXPECT_TRUE(message.CopyToRecord(&record));
+        EXPECT_TRUE(SameBytes(record, RecordOf(fields))) << front;
+    }
+}
+
+TEST_F(MessageCopyToRecord, CutsNoCharacter) {
     for (const std::string character : {"e", "\xc3\xa9", "\xe2\x82\xac", "\xf0\x9f\x9a\x97"}) {
         for (std::size_t front = 250; front <= 256; ++front) {
-            EngineMessage message;
+            CANMessage message = EngineMessage();
             const std::string longName = std::string(front, 'l') + character + "more text";
             message.longName = longName;
             MessageFields fields = engineFields;
@@ -118,16 +131,16 @@ TEST(MessageCopyToRecord, CutsNoCharacter) {
 
 // A text that cannot be cut ends the copy: its array is empty, what comes behind it in the order
 // of copying keeps what the record held.
-TEST(MessageCopyToRecord, StopsAtATextThatCannotBeCut) {
+TEST_F(MessageCopyToRecord, StopsAtATextThatCannotBeCut) {
     using SetText = void (*)(CANMessage&);
     const std::vector<SetText> invalidate = {
         [](CANMessage& message) { message.name = invalidText; },
         [](CANMessage& message) { message.longName = invalidText; },
         [](CANMessage& message) { message.transmitter = invalidText; },
-        [](CANMessage& message) { message.comment = invalidText; },
+        [](CANMessage& message) { message.notes.SetComment(database.arena, invalidText); },
         [](CANMessage& message) { message.sendType = invalidText; }};
     for (std::size_t failing = 0; failing < invalidate.size(); ++failing) {
-        EngineMessage message;
+        CANMessage message = EngineMessage();
         invalidate[failing](message);
         auto record = Filled<CanMessageRecord>(Pattern);
         EXPECT_FALSE(message.CopyToRecord(&record));
@@ -164,126 +177,103 @@ CanMessageRecord EngineRecord() {
     return RecordOf(fields);
 }
 
-void ExpectReset(const CANMessage& message) {
-    EXPECT_TRUE(message.isEmpty);
-    EXPECT_EQ(message.id, 0U);
-    EXPECT_EQ(message.longName, "");
-    EXPECT_EQ(message.name, "");
-    EXPECT_EQ(message.transmitter, "");
-    EXPECT_EQ(message.sendType, "");
-    EXPECT_EQ(message.cycleTime, 0);
-    EXPECT_EQ(message.comment, "");
-    EXPECT_EQ(message.dlc, 0U);
-    EXPECT_TRUE(message.signals.empty());
-    EXPECT_EQ(message.rawName, "");
+// The message that the record makes.
+CANMessage Taken(const CanMessageRecord& record) {
+    CANMessage message;
+    EXPECT_TRUE(message.FillFromRecord(database.arena, &record));
+    return message;
 }
 
-TEST(MessageFillFromRecord, TakesItsFieldsAndNoOther) {
-    EngineMessage message;
-    const CanMessageRecord record = EngineRecord();
-    EXPECT_TRUE(message.FillFromRecord(&record));
-    EXPECT_FALSE(message.isEmpty);
-    EXPECT_EQ(message.id, 0x80000123U);
-    EXPECT_EQ(message.name, "Engine_Data");
-    EXPECT_EQ(message.longName, "Engine Data");
-    EXPECT_EQ(message.transmitter, "ECU1");
-    EXPECT_EQ(message.comment, "say \\\"hello\\\"");
-    EXPECT_EQ(message.dlc, 300U);
-    EXPECT_EQ(message.sendType, "");
-    EXPECT_EQ(message.cycleTime, 0);
-    EXPECT_EQ(message.rawName, "");
-    EXPECT_TRUE(message.signals.empty());
+TEST_F(MessageFillFromRecord, TakesItsFieldsAndNoOther) {
+    CanMessageRecord record = EngineRecord();
+    const CANMessage message = Taken(record);
     EXPECT_TRUE(SameBytes(record, EngineRecord()));
+    record = Filled<CanMessageRecord>(Pattern);  // the caller may use it again
+    auto out = Filled<CanMessageRecord>(Pattern);
+    EXPECT_TRUE(message.CopyToRecord(&out));
+    MessageFields fields = engineFields;
+    fields.signalCount = 0;
+    fields.sendType = "";
+    fields.cycleTime = 0;
+    EXPECT_TRUE(SameBytes(out, RecordOf(fields)));
 }
 
-TEST(MessageFillFromRecord, IsResetByNull) {
-    EngineMessage message;
-    message.stepErrors = {1};
-    EXPECT_FALSE(message.FillFromRecord(nullptr));
-    ExpectReset(message);
-    EXPECT_EQ(message.stepErrors.size(), 1U);
-}
-
-TEST(MessageFillFromRecord, IsResetByInvalidText) {
+TEST_F(MessageFillFromRecord, KeepsNothingOfARecordThatItRefuses) {
+    CANMessage message;
+    EXPECT_FALSE(message.FillFromRecord(database.arena, nullptr));
     for (const auto corrupt : {+[](CanMessageRecord& record) { record.longName[0] = '\x80'; },
                                +[](CanMessageRecord& record) { record.transmitter[0] = '\x80'; },
                                +[](CanMessageRecord& record) { record.comment[0] = '\x80'; }}) {
-        EngineMessage message;
         CanMessageRecord record = EngineRecord();
         corrupt(record);
-        EXPECT_FALSE(message.FillFromRecord(&record));
-        ExpectReset(message);
+        EXPECT_FALSE(message.FillFromRecord(database.arena, &record));
+        auto out = Filled<CanMessageRecord>(Pattern);
+        EXPECT_TRUE(message.CopyToRecord(&out));
+        EXPECT_TRUE(SameBytes(out, RecordOf(MessageFields{})));
     }
 }
 
-TEST(MessageFillFromRecord, LooksAtNoTextThatIsIgnored) {
-    CANMessage message;
+TEST_F(MessageFillFromRecord, LooksAtNoTextThatIsIgnored) {
     CanMessageRecord record = EngineRecord();
     test::StoreAll(record.name, std::string(33, '\x80'));
     test::StoreAll(record.sendType, std::string(33, '\x80'));
-    EXPECT_TRUE(message.FillFromRecord(&record));
+    const CANMessage message = Taken(record);
     EXPECT_EQ(message.name, "Engine_Data");
     EXPECT_EQ(message.sendType, "");
 }
 
-TEST(MessageFillFromRecord, LosesTheLastByteOfAnArrayWithoutANul) {
-    CANMessage message;
+TEST_F(MessageFillFromRecord, LosesTheLastByteOfAnArrayWithoutANul) {
     CanMessageRecord record = EngineRecord();
     test::StoreAll(record.longName, std::string(256, 'l'));
     test::StoreAll(record.transmitter, std::string(33, 't'));
     test::StoreAll(record.comment, std::string(254, 'c') + "\xc3\xa9");
-    EXPECT_TRUE(message.FillFromRecord(&record));
+    const CANMessage message = Taken(record);
     EXPECT_EQ(message.longName, std::string(255, 'l'));
     EXPECT_EQ(message.name, std::string(32, 'l'));
     EXPECT_EQ(message.transmitter, std::string(32, 't'));
-    EXPECT_EQ(message.comment, std::string(254, 'c'));
+    EXPECT_EQ(CommentOf(message.notes), std::string(254, 'c'));
 }
 
-TEST(MessageFillFromRecord, DropsACharacterThatIsCutOff) {
-    CANMessage message;
+TEST_F(MessageFillFromRecord, DropsACharacterThatIsCutOff) {
     CanMessageRecord record = EngineRecord();
     test::StoreText(record.longName, "Engine\xe2\x82");
     test::StoreText(record.transmitter, "\xc3");
     test::StoreText(record.comment, "text\xf0\x9f\x9a");
-    EXPECT_TRUE(message.FillFromRecord(&record));
+    const CANMessage message = Taken(record);
     EXPECT_EQ(message.longName, "Engine");
     EXPECT_EQ(message.transmitter, "");
-    EXPECT_EQ(message.comment, "text");
+    EXPECT_EQ(CommentOf(message.notes), "text");
 }
 
-TEST(MessageFillFromRecord, BringsTextsIntoShape) {
-    CANMessage message;
+TEST_F(MessageFillFromRecord, BringsTextsIntoShape) {
     CanMessageRecord record = EngineRecord();
     test::StoreText(record.longName, "1\tEngine\r\nspeed\v\f\x01");
     test::StoreText(record.transmitter, "2nd ECU");
     test::StoreText(record.comment, "\"a\"\tb\\\"");
-    EXPECT_TRUE(message.FillFromRecord(&record));
+    const CANMessage message = Taken(record);
     EXPECT_EQ(message.longName, "1 Engine  speed  \x01");
     EXPECT_EQ(message.name, "__Engine__speed___");
     EXPECT_EQ(message.transmitter, "_nd_ECU");
-    EXPECT_EQ(message.comment, "\\\"a\\\"\tb\\\"");
+    EXPECT_EQ(CommentOf(message.notes), "\\\"a\\\"\tb\\\"");
 }
 
-TEST(MessageFillFromRecord, TakesEmptyTextsAndEveryNumber) {
-    CANMessage message;
+TEST_F(MessageFillFromRecord, TakesEmptyTextsAndEveryNumber) {
     const CanMessageRecord record =
         RecordOf(MessageFields{.id = std::numeric_limits<std::uint32_t>::max(),
                                .dlc = std::numeric_limits<std::uint32_t>::max()});
-    EXPECT_TRUE(message.FillFromRecord(&record));
-    EXPECT_FALSE(message.isEmpty);
+    const CANMessage message = Taken(record);
     EXPECT_EQ(message.longName, "");
     EXPECT_EQ(message.name, "");
     EXPECT_EQ(message.transmitter, "");
-    EXPECT_EQ(message.comment, "");
+    EXPECT_EQ(CommentOf(message.notes), "");
     EXPECT_EQ(message.id, 0xFFFFFFFFU);
     EXPECT_EQ(message.dlc, 0xFFFFFFFFU);
 }
 
-TEST(MessageFillFromRecord, KeepsAByteOrderMark) {
-    CANMessage message;
+TEST_F(MessageFillFromRecord, KeepsAByteOrderMark) {
     CanMessageRecord record = EngineRecord();
     test::StoreText(record.longName, "\xef\xbb\xbfName");
-    EXPECT_TRUE(message.FillFromRecord(&record));
+    const CANMessage message = Taken(record);
     EXPECT_EQ(message.longName, "\xef\xbb\xbfName");
     EXPECT_EQ(message.name, "_Name");
 }

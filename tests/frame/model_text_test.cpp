@@ -1,86 +1,76 @@
-// Tests of frame/model_text.h: what texts go through on their way into the model.
+// Tests of frame/model_text.h: the forms of a text in the model.
 // SPDX-License-Identifier: MIT
 #include "frame/model_text.h"
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
 #include <string>
 
 namespace vexil {
 namespace {
 
-struct TextCase {
-    std::string text;
-    std::string expected;
-};
-
-TEST(CleanControlChars, ReplacesFiveCharactersByBlanks) {
+TEST(DisplayForm, ReplacesFiveCharactersByBlanks) {
+    Arena arena;
     for (int code = 0; code < 256; ++code) {
         const char ch = static_cast<char>(code);
         const bool isReplaced = ch == '\t' || ch == '\n' || ch == '\v' || ch == '\f' || ch == '\r';
-        std::string text{'a', ch, 'b'};
-        CleanControlChars(text);
-        EXPECT_EQ(text, (std::string{'a', isReplaced ? ' ' : ch, 'b'})) << "byte " << code;
+        const std::string text{'a', ch, 'b'};
+        EXPECT_EQ(DisplayForm(arena, text), (std::string{'a', isReplaced ? ' ' : ch, 'b'}))
+            << "byte " << code;
     }
 }
 
-TEST(CleanControlChars, KeepsTheLength) {
-    for (const TextCase& row : std::initializer_list<TextCase>{{"", ""},
-                                                               {"\t", " "},
-                                                               {"\r\n", "  "},
-                                                               {" a\t\tb \n", " a  b  "},
-                                                               {"plain", "plain"}}) {
-        std::string text = row.text;
-        CleanControlChars(text);
-        EXPECT_EQ(text, row.expected) << testing::PrintToString(row.text);
-    }
+TEST(DisplayForm, KeepsTheLength) {
+    Arena arena;
+    EXPECT_EQ(DisplayForm(arena, ""), "");
+    EXPECT_EQ(DisplayForm(arena, "\r\n"), "  ");
+    EXPECT_EQ(DisplayForm(arena, " a\t\tb \n"), " a  b  ");
 }
 
-TEST(EscapeQuotes, PutsABackslashInFrontOfEachQuoteThatHasNone) {
-    for (const TextCase& row : std::initializer_list<TextCase>{
-             {"", ""},
-             {"no quote \\ here", "no quote \\ here"},
-             {"say \"hello\"", "say \\\"hello\\\""},
-             {"say \\\"hello\\\"", "say \\\"hello\\\""},
-             // In first place there is nothing in front of it.
-             {"\"", "\\\""},
-             {"\"a", "\\\"a"},
-             {"\"\"", "\\\"\\\""},
-             {"\"\"\"", "\\\"\\\"\\\""},
-             {"\\\"\"", "\\\"\\\""},
-             {"\\\"", "\\\""},
-             // One character is looked at, so two backslashes count as one.
-             {"\\\\\"", "\\\\\""},
-             {"\\ \"", "\\ \\\""},
-             {"a\"\\", "a\\\"\\"}}) {
-        std::string text = row.text;
-        EscapeQuotes(text);
-        EXPECT_EQ(text, row.expected) << testing::PrintToString(row.text);
-        EscapeQuotes(text);
-        EXPECT_EQ(text, row.expected) << "twice, " << testing::PrintToString(row.text);
-    }
-}
-
-TEST(EscapeQuotes, LeavesWhatStandsInFrontOfItsStart) {
-    std::string text = "a\"b\"c\\\"d";
-    EscapeQuotes(text, 2);
-    EXPECT_EQ(text, "a\"b\\\"c\\\"d");
-    text = "ab\\\"c";
-    EscapeQuotes(text, 3);
-    EXPECT_EQ(text, "ab\\\"c");
-    text = "ab\"";
-    EscapeQuotes(text, 3);
-    EXPECT_EQ(text, "ab\"");
+TEST(DisplayForm, CopiesATextOnlyToChangeIt) {
+    Arena arena;
+    const std::string plain = "plain text";
+    EXPECT_EQ(DisplayForm(arena, plain).data(), plain.data());
+    const std::string text = "a\tb";
+    EXPECT_EQ(DisplayForm(arena, text), "a b");
+    EXPECT_EQ(text, "a\tb");
 }
 
 TEST(IdentifierForm, KeepsAnIdentifierAndMakesOneOfAnyOtherText) {
-    EXPECT_EQ(IdentifierForm("Speed_1"), "Speed_1");
-    EXPECT_EQ(IdentifierForm(std::string(32, 'a')), std::string(32, 'a'));
-    EXPECT_EQ(IdentifierForm(std::string(33, 'a')), std::string(32, 'a'));
-    EXPECT_EQ(IdentifierForm("1 Engine speed/rpm"), "__Engine_speed_rpm");
-    EXPECT_EQ(IdentifierForm("T\xc3\xbcr"), "T_r");
-    EXPECT_EQ(IdentifierForm(""), "");
+    Arena arena;
+    const std::string longest(32, 'a');
+    EXPECT_EQ(IdentifierForm(arena, longest).data(), longest.data());
+    EXPECT_EQ(IdentifierForm(arena, longest), longest);
+    EXPECT_EQ(IdentifierForm(arena, longest + "a"), longest);
+    EXPECT_EQ(IdentifierForm(arena, "1 Engine speed/rpm"), "__Engine_speed_rpm");
+    EXPECT_EQ(IdentifierForm(arena, "T\xc3\xbcr"), "T_r");
+    EXPECT_EQ(IdentifierForm(arena, ""), "");
+}
+
+TEST(AsciiForm, PutsOneUnderscoreForEachCharacterBeyondAscii) {
+    Arena arena;
+    const std::string plain = "km/h \t\"";
+    EXPECT_EQ(AsciiForm(arena, plain).data(), plain.data());
+    EXPECT_EQ(AsciiForm(arena, plain), plain);
+    EXPECT_EQ(AsciiForm(arena, "\xc2\xb0\xf0\x9f\x9a\x97/s"), "__/s");
+    EXPECT_EQ(AsciiForm(arena, ""), "");
+}
+
+TEST(MakeNames, MakesTheIdentifierOfTheDisplayForm) {
+    Arena arena;
+    std::string_view longName;
+    std::string_view name;
+    const std::string identifier = "Speed_1";
+    MakeNames(arena, identifier, longName, name);
+    EXPECT_EQ(longName.data(), identifier.data());
+    EXPECT_EQ(name, identifier);
+    EXPECT_EQ(name.data(), longName.data());
+    MakeNames(arena, "1\tEngine speed/rpm", longName, name);
+    EXPECT_EQ(longName, "1 Engine speed/rpm");
+    EXPECT_EQ(name, "__Engine_speed_rpm");
+    MakeNames(arena, "", longName, name);
+    EXPECT_EQ(longName, "");
+    EXPECT_EQ(name, "");
 }
 
 }  // namespace

@@ -1,54 +1,44 @@
-// Tests of RecordParseErrors: what a refused statement leaves.
+// Tests of RecordParseError: what the list holds of a refused statement.
 // SPDX-License-Identifier: MIT
 #include "frame/parse_errors.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
+#include <string_view>
 
 #include "frame/can_database.h"
 #include "support/read_text.h"
-#include "support/records.h"
 
 namespace vexil {
 namespace {
 
-using test::ErrorFields;
-using test::RecordOf;
-using test::SameBytes;
-
-class RecordParseErrorsTest : public test::DatabaseTest {
+class RecordParseErrorTest : public test::DatabaseTest {
   protected:
-    // The text that a statement leaves.
-    static std::string TextOf(const std::string& statement) {
-        database.parseErrors.clear();
-        RecordParseErrors(statement, 7, {3});
-        EXPECT_EQ(database.parseErrors.size(), 1U);
-        return database.parseErrors.front().text;
+    // What the list holds of the statement.
+    static std::string TextOf(std::string_view statement) {
+        RecordParseError(statement, 7, 3);
+        return std::string(database.parseErrors[database.parseErrors.Size() - 1].text);
     }
 };
 
-TEST_F(RecordParseErrorsTest, LeavesARecordWithZerosBehindItsText) {
-    RecordParseErrors("BO_ x Engine: 8 ECU\n", 291, {0});
-    ASSERT_EQ(database.parseErrors.size(), 1U);
-    EXPECT_TRUE(SameBytes(database.parseErrors[0],
-                          RecordOf(ErrorFields{0, 291, "BO_ x Engine: 8 ECU"}, 0)));
+TEST_F(RecordParseErrorTest, AddsOneEntryForEachCall) {
+    std::string statement = "BO_ x Engine: 8 ECU\n";
+    RecordParseError(statement, 291, 0);
+    statement.assign(statement.size(), 'x');
+    RecordParseError(statement, 0xFFFFFFFFU, 6);
+    ASSERT_EQ(database.parseErrors.Size(), 2U);
+    const RefusedStatement& first = database.parseErrors[0];
+    EXPECT_EQ(first.code, 0U);
+    EXPECT_EQ(first.line, 291U);
+    EXPECT_EQ(first.text, "BO_ x Engine: 8 ECU");
+    const RefusedStatement& second = database.parseErrors[1];
+    EXPECT_EQ(second.code, 6U);
+    EXPECT_EQ(second.line, 0xFFFFFFFFU);
+    EXPECT_EQ(second.text, std::string(19, 'x'));
 }
 
-TEST_F(RecordParseErrorsTest, LeavesOneRecordForEachCodeInTheirOrder) {
-    RecordParseErrors("one\n", 1, {6, 2, 6});
-    RecordParseErrors("none\n", 2, {});
-    RecordParseErrors("two\n", 0xFFFFFFFFU, {99});
-    ASSERT_EQ(database.parseErrors.size(), 4U);
-    EXPECT_TRUE(SameBytes(database.parseErrors[0], RecordOf(ErrorFields{6, 1, "one"}, 0)));
-    EXPECT_TRUE(SameBytes(database.parseErrors[1], RecordOf(ErrorFields{2, 1, "one"}, 0)));
-    EXPECT_TRUE(SameBytes(database.parseErrors[2], RecordOf(ErrorFields{6, 1, "one"}, 0)));
-    EXPECT_TRUE(
-        SameBytes(database.parseErrors[3], RecordOf(ErrorFields{99, 0xFFFFFFFFU, "two"}, 0)));
-}
-
-TEST_F(RecordParseErrorsTest, AlwaysDropsTheLastByte) {
+TEST_F(RecordParseErrorTest, AlwaysDropsTheLastByte) {
     EXPECT_EQ(TextOf("01234567890123456789"), "0123456789012345678");
     EXPECT_EQ(TextOf("abc"), "ab");
     EXPECT_EQ(TextOf("ab"), "a");
@@ -56,7 +46,7 @@ TEST_F(RecordParseErrorsTest, AlwaysDropsTheLastByte) {
     EXPECT_EQ(TextOf(""), "");
 }
 
-TEST_F(RecordParseErrorsTest, KeepsAtMost254Bytes) {
+TEST_F(RecordParseErrorTest, KeepsAtMost254Bytes) {
     for (const std::size_t size : {253U, 254U, 255U}) {
         EXPECT_EQ(TextOf(std::string(size, 'x')), std::string(size - 1, 'x'));
     }
@@ -65,7 +55,7 @@ TEST_F(RecordParseErrorsTest, KeepsAtMost254Bytes) {
     }
 }
 
-TEST_F(RecordParseErrorsTest, CutsNoCharacter) {
+TEST_F(RecordParseErrorTest, CutsNoCharacter) {
     for (const std::string character : {"e", "\xc3\xa9", "\xe2\x82\xac", "\xf0\x9f\x9a\x97"}) {
         for (std::size_t front = 249; front <= 256; ++front) {
             const std::string statement = std::string(front, 'x') + character + "more\n";
@@ -82,13 +72,8 @@ TEST_F(RecordParseErrorsTest, CutsNoCharacter) {
     EXPECT_EQ(TextOf("\xf0\x9f\x9a\x97"), "");
 }
 
-TEST_F(RecordParseErrorsTest, LeavesNoTextOfWhatCannotBeCut) {
-    RecordParseErrors(
-        "abc\x80"
-        "def",
-        5, {1});
-    ASSERT_EQ(database.parseErrors.size(), 1U);
-    EXPECT_TRUE(SameBytes(database.parseErrors[0], RecordOf(ErrorFields{1, 5, ""}, 0)));
+TEST_F(RecordParseErrorTest, KeepsNoTextThatCannotBeCut) {
+    EXPECT_EQ(TextOf("abc\x80xyz"), "");
 }
 
 }  // namespace

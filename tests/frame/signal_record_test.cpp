@@ -7,13 +7,16 @@
 #include <string>
 #include <vector>
 
-#include "frame/can_signal.h"
+#include "frame/can_database.h"
 #include "frame/enums_of.h"
+#include "support/dump.h"
+#include "support/read_text.h"
 #include "support/records.h"
 
 namespace vexil {
 namespace {
 
+using test::CommentOf;
 using test::EnumFields;
 using test::EnumPairs;
 using test::EnumsOf;
@@ -28,42 +31,37 @@ using test::SignalFields;
 const std::string invalidText = "\x80" + std::string(300, 'x');
 
 // A signal with something in every member.
-class SpeedSignal : public CANSignal {
-  public:
-    SpeedSignal() {
-        isEmpty = false;
-        name = "Speed_1";
-        longName = "Speed 1";
-        rawName = "Speed\t1";
-        unit = "_C";
-        unitUtf8 =
-            "\xc2\xb0"
-            "C";
-        comment = "say \\\"hello\\\"";
-        multiplexType = 2;
-        multiplexValue = 0xFFFFFFFFU;
-        startBit = 16;
-        bitLength = 64;
-        byteOrder = 0;
-        valueType = 3;
-        factor = 0.1;
-        offset = -40;
-        minimum = -1e300;
-        maximum = 6553.5;
-        receivers = {"ABS", "ECU_2"};
-        for (const EnumFields& fields :
-             {EnumFields{-1, "off"}, EnumFields{2, "on"}, EnumFields{3, ""}}) {
-            const CanEnumRecord record = RecordOf(fields);
-            AddEnum(&record);
-        }
-        startValue = -5;
-        inactiveValue = std::numeric_limits<std::int32_t>::min();
+CANSignal SpeedSignal() {
+    CANSignal signal;
+    signal.name = "Speed_1";
+    signal.longName = "Speed 1";
+    signal.rawName = "Speed\t1";
+    signal.unit = "_K";
+    signal.unitUtf8 = "\xc2\xb0K";
+    signal.notes.SetComment(database.arena, "say \"hello\"");
+    signal.multiplexType = 2;
+    signal.multiplexValue = 0xFFFFFFFFU;
+    signal.startBit = 16;
+    signal.bitLength = 64;
+    signal.byteOrder = 0;
+    signal.valueType = 3;
+    signal.factor = 0.1;
+    signal.offset = -40;
+    signal.minimum = -1e300;
+    signal.maximum = 6553.5;
+    signal.receivers = "ABS,ECU_2";
+    for (const std::int32_t value : {-1, 2, 3, 2}) {
+        const CanEnumRecord record = RecordOf(EnumFields{value, "text"});
+        EXPECT_TRUE(signal.AddEnum(database.arena, &record));
     }
-};
+    signal.startValue = -5;
+    signal.inactiveValue = std::numeric_limits<std::int32_t>::min();
+    return signal;
+}
 
 const SignalFields speedFields = {.name = "Speed_1",
                                   .longName = "Speed 1",
-                                  .unit = "_C",
+                                  .unit = "_K",
                                   .receiverList = "ABS,ECU_2",
                                   .comment = "say \\\"hello\\\"",
                                   .multiplexType = 2,
@@ -79,13 +77,15 @@ const SignalFields speedFields = {.name = "Speed_1",
                                   .enumCount = 3,
                                   .startValue = -5,
                                   .inactiveValue = std::numeric_limits<std::int32_t>::min(),
-                                  .unitUtf8 =
-                                      "\xc2\xb0"
-                                      "C"};
+                                  .unitUtf8 = "\xc2\xb0K"};
+
+class SignalCopyToRecord : public test::DatabaseTest {};
+class SignalFillFromRecord : public test::DatabaseTest {};
+class AddEnum : public test::DatabaseTest {};
 
 // -- Out --------------------------------------------------------------------------------------
 
-TEST(SignalCopyToRecord, FillsEveryFieldAndNoGap) {
+TEST_F(SignalCopyToRecord, FillsEveryFieldAndNoGap) {
     for (const unsigned char pattern : {Pattern, OtherPattern}) {
         auto record = Filled<CanSignalRecord>(pattern);
         EXPECT_TRUE(SpeedSignal().CopyToRecord(&record));
@@ -93,30 +93,27 @@ TEST(SignalCopyToRecord, FillsEveryFieldAndNoGap) {
     }
 }
 
-TEST(SignalCopyToRecord, IsFalseForNull) {
-    EXPECT_FALSE(SpeedSignal().CopyToRecord(nullptr));
-}
-
-TEST(SignalCopyToRecord, CopiesAnEmptySignalAndIsFalse) {
-    SpeedSignal signal;
-    signal.isEmpty = true;
+TEST_F(SignalCopyToRecord, HasDefaultsForANewSignal) {
     auto record = Filled<CanSignalRecord>(Pattern);
-    EXPECT_FALSE(signal.CopyToRecord(&record));
-    EXPECT_TRUE(SameBytes(record, RecordOf(speedFields)));
-    signal.Reset();
-    record = Filled<CanSignalRecord>(Pattern);
-    EXPECT_FALSE(signal.CopyToRecord(&record));
+    EXPECT_TRUE(CANSignal().CopyToRecord(&record));
     EXPECT_TRUE(SameBytes(record, RecordOf(SignalFields{})));
 }
 
-TEST(SignalCopyToRecord, CutsTextsAtTheEndOfTheirArrays) {
+TEST_F(SignalCopyToRecord, IsFalseForNull) {
+    EXPECT_FALSE(SpeedSignal().CopyToRecord(nullptr));
+}
+
+TEST_F(SignalCopyToRecord, CutsTextsAtTheEndOfTheirArrays) {
     for (const std::size_t excess : {0U, 1U, 100U}) {
-        SpeedSignal signal;
-        signal.name = std::string(32 + excess, 'n');
-        signal.longName = std::string(255 + excess, 'l');
-        signal.unit = std::string(32 + excess, 'u');
-        signal.unitUtf8 = std::string(32 + excess, 'v');
-        signal.comment = std::string(255 + excess, 'c');
+        const auto tooLong = [excess](std::size_t most, char ch) {
+            return database.arena.Keep(std::string(most + excess, ch));
+        };
+        CANSignal signal = SpeedSignal();
+        signal.name = tooLong(32, 'n');
+        signal.longName = tooLong(255, 'l');
+        signal.unit = tooLong(32, 'u');
+        signal.unitUtf8 = tooLong(32, 'v');
+        signal.notes.SetComment(database.arena, tooLong(255, 'c'));
         SignalFields fields = speedFields;
         fields.name = std::string(32, 'n');
         fields.longName = std::string(255, 'l');
@@ -129,13 +126,14 @@ TEST(SignalCopyToRecord, CutsTextsAtTheEndOfTheirArrays) {
     }
 }
 
-TEST(SignalCopyToRecord, CutsNoCharacter) {
+TEST_F(SignalCopyToRecord, CutsNoCharacter) {
     for (const std::string character : {"e", "\xc3\xa9", "\xe2\x82\xac", "\xf0\x9f\x9a\x97"}) {
         for (std::size_t front = 28; front <= 33; ++front) {
-            SpeedSignal signal;
-            signal.unitUtf8 = std::string(front, 'u') + character + "more text";
+            CANSignal signal = SpeedSignal();
+            const std::string unit = std::string(front, 'u') + character + "more text";
+            signal.unitUtf8 = unit;
             SignalFields fields = speedFields;
-            fields.unitUtf8 = signal.unitUtf8.substr(0, 32);
+            fields.unitUtf8 = unit.substr(0, 32);
             if (front < 32 && front + character.size() > 32) {
                 fields.unitUtf8.resize(front);
             }
@@ -147,39 +145,30 @@ TEST(SignalCopyToRecord, CutsNoCharacter) {
     }
 }
 
-TEST(SignalCopyToRecord, CutsTheReceiverListWithinAName) {
-    SpeedSignal signal;
-    signal.receivers.Clear();
-    for (int count = 0; count < 8; ++count) {
-        signal.receivers.Add(std::string(32, 'r'));
-    }
-    const std::string list = signal.ReceiverList();
-    ASSERT_EQ(list.size(), 8U * 33 - 1);
+TEST_F(SignalCopyToRecord, CutsTheReceiverListWithinAName) {
+    CANSignal signal = SpeedSignal();
+    const std::string list = std::string(240, 'r') + ",ECU_1,ECU_2,ECU_3";
+    signal.receivers = list;
     SignalFields fields = speedFields;
     fields.receiverList = list.substr(0, 255);
     auto record = Filled<CanSignalRecord>(Pattern);
-    EXPECT_TRUE(signal.CopyToRecord(&record));
-    EXPECT_TRUE(SameBytes(record, RecordOf(fields)));
-    signal.receivers.Clear();
-    fields.receiverList = "";
-    record = Filled<CanSignalRecord>(Pattern);
     EXPECT_TRUE(signal.CopyToRecord(&record));
     EXPECT_TRUE(SameBytes(record, RecordOf(fields)));
 }
 
 // A text that cannot be cut ends the copy: its array is empty, what comes behind it in the order
 // of copying (the numbers come last) keeps what the record held.
-TEST(SignalCopyToRecord, StopsAtATextThatCannotBeCut) {
+TEST_F(SignalCopyToRecord, StopsAtATextThatCannotBeCut) {
     using SetText = void (*)(CANSignal&);
     const std::vector<SetText> invalidate = {
         [](CANSignal& signal) { signal.name = invalidText; },
         [](CANSignal& signal) { signal.longName = invalidText; },
         [](CANSignal& signal) { signal.unit = invalidText; },
         [](CANSignal& signal) { signal.unitUtf8 = invalidText; },
-        [](CANSignal& signal) { signal.receivers = {invalidText}; },
-        [](CANSignal& signal) { signal.comment = invalidText; }};
+        [](CANSignal& signal) { signal.receivers = invalidText; },
+        [](CANSignal& signal) { signal.notes.SetComment(database.arena, invalidText); }};
     for (std::size_t failing = 0; failing < invalidate.size(); ++failing) {
-        SpeedSignal signal;
+        CANSignal signal = SpeedSignal();
         invalidate[failing](signal);
         auto record = Filled<CanSignalRecord>(Pattern);
         EXPECT_FALSE(signal.CopyToRecord(&record));
@@ -213,118 +202,87 @@ CanSignalRecord SpeedRecord() {
     return RecordOf(fields);
 }
 
-void ExpectReset(const CANSignal& signal) {
-    auto record = Filled<CanSignalRecord>(Pattern);
-    EXPECT_FALSE(signal.CopyToRecord(&record));
-    EXPECT_TRUE(SameBytes(record, RecordOf(SignalFields{})));
-    EXPECT_EQ(signal.rawName, "");
-    EXPECT_TRUE(signal.receivers.IsEmpty());
-    EXPECT_FALSE(signal.hasNameSuffix);
+// The signal that the record makes.
+CANSignal Taken(const CanSignalRecord& record) {
+    CANSignal signal;
+    EXPECT_TRUE(signal.FillFromRecord(database.arena, &record));
+    return signal;
 }
 
-TEST(SignalFillFromRecord, TakesItsFieldsAndNoOther) {
-    SpeedSignal signal;
-    signal.hasNameSuffix = true;
-    const CanSignalRecord record = SpeedRecord();
-    EXPECT_TRUE(signal.FillFromRecord(&record));
-    EXPECT_FALSE(signal.isEmpty);
-    EXPECT_EQ(signal.name, "Speed_1");
-    EXPECT_EQ(signal.longName, "Speed 1");
-    EXPECT_EQ(signal.rawName, "Speed 1");
-    EXPECT_EQ(signal.unit, "_C");
-    EXPECT_EQ(signal.unitUtf8,
-              "\xc2\xb0"
-              "C");
-    EXPECT_EQ(signal.comment, "say \\\"hello\\\"");
-    EXPECT_EQ(signal.multiplexType, 2U);
-    EXPECT_EQ(signal.multiplexValue, 0xFFFFFFFFU);
-    EXPECT_EQ(signal.startBit, 16U);
-    EXPECT_EQ(signal.bitLength, 64U);
-    EXPECT_EQ(signal.byteOrder, 0U);
-    EXPECT_EQ(signal.valueType, 3U);
-    EXPECT_EQ(signal.factor, 0.1);
-    EXPECT_EQ(signal.offset, -40);
-    EXPECT_EQ(signal.minimum, -1e300);
-    EXPECT_EQ(signal.maximum, 6553.5);
-    EXPECT_EQ(signal.receivers, (NodeList{"ABS", "ECU_2"}));
-    EXPECT_TRUE(EnumsOf(signal).empty());
-    EXPECT_EQ(signal.startValue, -5);
-    EXPECT_EQ(signal.inactiveValue, std::numeric_limits<std::int32_t>::min());
-    EXPECT_FALSE(signal.hasNameSuffix);
+TEST_F(SignalFillFromRecord, TakesItsFieldsAndNoOther) {
+    CanSignalRecord record = SpeedRecord();
+    const CANSignal signal = Taken(record);
     EXPECT_TRUE(SameBytes(record, SpeedRecord()));
+    record = Filled<CanSignalRecord>(Pattern);  // the caller may use it again
+    auto out = Filled<CanSignalRecord>(Pattern);
+    EXPECT_TRUE(signal.CopyToRecord(&out));
+    SignalFields fields = speedFields;
+    fields.enumCount = 0;
+    EXPECT_TRUE(SameBytes(out, RecordOf(fields)));
+    EXPECT_EQ(signal.rawName, "Speed 1");
+    EXPECT_FALSE(signal.hasNameSuffix);
 }
 
-TEST(SignalFillFromRecord, IsResetByNull) {
-    SpeedSignal signal;
-    signal.stepErrors = {3};
-    EXPECT_FALSE(signal.FillFromRecord(nullptr));
-    ExpectReset(signal);
-    EXPECT_EQ(signal.stepErrors.size(), 1U);
-}
-
-TEST(SignalFillFromRecord, IsResetByInvalidText) {
+TEST_F(SignalFillFromRecord, KeepsNothingOfARecordThatItRefuses) {
+    CANSignal signal;
+    EXPECT_FALSE(signal.FillFromRecord(database.arena, nullptr));
     for (const auto corrupt :
          {+[](CanSignalRecord& record) { record.longName[0] = '\x80'; },
           +[](CanSignalRecord& record) { std::memcpy(record.unit, "\x80xxx", 5); },
           +[](CanSignalRecord& record) { record.receiverList[0] = '\x80'; },
           +[](CanSignalRecord& record) { record.comment[0] = '\x80'; }}) {
-        SpeedSignal signal;
-        signal.hasNameSuffix = true;
         CanSignalRecord record = SpeedRecord();
         corrupt(record);
-        EXPECT_FALSE(signal.FillFromRecord(&record));
-        ExpectReset(signal);
+        EXPECT_FALSE(signal.FillFromRecord(database.arena, &record));
+        auto out = Filled<CanSignalRecord>(Pattern);
+        EXPECT_TRUE(signal.CopyToRecord(&out));
+        EXPECT_TRUE(SameBytes(out, RecordOf(SignalFields{})));
+        EXPECT_EQ(signal.rawName, "");
     }
 }
 
-TEST(SignalFillFromRecord, LooksAtNoTextThatIsIgnored) {
-    CANSignal signal;
+TEST_F(SignalFillFromRecord, LooksAtNoTextThatIsIgnored) {
     CanSignalRecord record = SpeedRecord();
     test::StoreAll(record.name, std::string(33, '\x80'));
     test::StoreAll(record.unitUtf8, std::string(33, '\x80'));
-    EXPECT_TRUE(signal.FillFromRecord(&record));
+    const CANSignal signal = Taken(record);
     EXPECT_EQ(signal.name, "Speed_1");
-    EXPECT_EQ(signal.unitUtf8,
-              "\xc2\xb0"
-              "C");
+    EXPECT_EQ(signal.unitUtf8, "\xc2\xb0K");
 }
 
-TEST(SignalFillFromRecord, LosesTheLastByteOfAnArrayWithoutANul) {
-    CANSignal signal;
+TEST_F(SignalFillFromRecord, LosesTheLastByteOfAnArrayWithoutANul) {
     CanSignalRecord record = SpeedRecord();
     test::StoreAll(record.longName, std::string(256, 'l'));
     test::StoreAll(record.unit, std::string(31, 'u') + "\xc3\xa9");
     test::StoreAll(record.receiverList, std::string(253, 'r') + ",st");
     test::StoreAll(record.comment, std::string(256, 'c'));
-    EXPECT_TRUE(signal.FillFromRecord(&record));
+    const CANSignal signal = Taken(record);
     EXPECT_EQ(signal.longName, std::string(255, 'l'));
     EXPECT_EQ(signal.name, std::string(32, 'l'));
     EXPECT_EQ(signal.unit, std::string(31, 'u'));
     EXPECT_EQ(signal.unitUtf8, std::string(31, 'u'));
-    EXPECT_EQ(signal.receivers, (NodeList{std::string(32, 'r'), "s"}));
-    EXPECT_EQ(signal.comment, std::string(255, 'c'));
+    EXPECT_EQ(signal.receivers, std::string(32, 'r') + ",s");
+    EXPECT_EQ(CommentOf(signal.notes), std::string(255, 'c'));
 }
 
-TEST(SignalFillFromRecord, BringsTextsIntoShape) {
-    CANSignal signal;
+TEST_F(SignalFillFromRecord, BringsTextsIntoShape) {
     CanSignalRecord record = SpeedRecord();
     test::StoreText(record.longName, "1\tspeed\r\n\v\f");
     test::StoreText(record.unit, " \xf0\x9f\x9a\x97\t\"");
     test::StoreText(record.receiverList, " A B ,, 1st\t,\xc3\xa9");
     test::StoreText(record.comment, "\"a\"\tb\\\"");
-    EXPECT_TRUE(signal.FillFromRecord(&record));
+    const CANSignal signal = Taken(record);
     EXPECT_EQ(signal.longName, "1 speed    ");
     EXPECT_EQ(signal.rawName, "1 speed    ");
     EXPECT_EQ(signal.name, "__speed____");
     // The unit is neither stripped nor cleaned nor escaped.
     EXPECT_EQ(signal.unit, " _\t\"");
     EXPECT_EQ(signal.unitUtf8, " \xf0\x9f\x9a\x97\t\"");
-    EXPECT_EQ(signal.receivers, (NodeList{"A_B", "_st", "_"}));
-    EXPECT_EQ(signal.comment, "\\\"a\\\"\tb\\\"");
+    EXPECT_EQ(signal.receivers, "A_B,_st,_");
+    EXPECT_EQ(CommentOf(signal.notes), "\\\"a\\\"\tb\\\"");
 }
 
-TEST(SignalFillFromRecord, TakesEmptyTextsAndEveryNumber) {
-    CANSignal signal;
+TEST_F(SignalFillFromRecord, TakesEmptyTextsAndEveryNumber) {
     const SignalFields fields = {.multiplexType = 77,
                                  .multiplexValue = 78,
                                  .startBit = 0xFFFFFFFFU,
@@ -338,14 +296,13 @@ TEST(SignalFillFromRecord, TakesEmptyTextsAndEveryNumber) {
                                  .startValue = std::numeric_limits<std::int32_t>::max(),
                                  .inactiveValue = -1};
     const CanSignalRecord record = RecordOf(fields);
-    EXPECT_TRUE(signal.FillFromRecord(&record));
+    const CANSignal signal = Taken(record);
     auto out = Filled<CanSignalRecord>(Pattern);
     EXPECT_TRUE(signal.CopyToRecord(&out));
     EXPECT_TRUE(SameBytes(out, record));
-    EXPECT_TRUE(signal.receivers.IsEmpty());
 }
 
-TEST(SignalFillFromRecord, MakesAFloatOfTheWrongSizeASignedInteger) {
+TEST_F(SignalFillFromRecord, MakesAFloatOfTheWrongSizeASignedInteger) {
     struct Row {
         std::uint32_t valueType;
         std::uint32_t bitLength;
@@ -355,11 +312,10 @@ TEST(SignalFillFromRecord, MakesAFloatOfTheWrongSizeASignedInteger) {
          {Row{0, 32, 0}, Row{1, 32, 1}, Row{2, 31, 1}, Row{2, 32, 2}, Row{2, 33, 1}, Row{2, 64, 1},
           Row{2, 0, 1}, Row{3, 32, 1}, Row{3, 63, 1}, Row{3, 64, 3}, Row{3, 65, 1}, Row{3, 0, 1},
           Row{4, 32, 4}, Row{4, 8, 4}, Row{0xFFFFFFFFU, 8, 0xFFFFFFFFU}}) {
-        CANSignal signal;
         CanSignalRecord record = SpeedRecord();
         record.valueType = row.valueType;
         record.bitLength = row.bitLength;
-        EXPECT_TRUE(signal.FillFromRecord(&record));
+        const CANSignal signal = Taken(record);
         EXPECT_EQ(signal.valueType, row.expected)
             << "type " << row.valueType << " of " << row.bitLength << " bits";
         EXPECT_EQ(signal.bitLength, row.bitLength);
@@ -368,43 +324,43 @@ TEST(SignalFillFromRecord, MakesAFloatOfTheWrongSizeASignedInteger) {
 
 // -- Value descriptions -----------------------------------------------------------------------
 
-TEST(AddEnum, AddsTheTextAsItIs) {
+TEST_F(AddEnum, AddsTheTextAsItIs) {
     CANSignal signal;
     const CanEnumRecord record = RecordOf(EnumFields{-7, "say \"on\"\tnow"});
-    EXPECT_TRUE(signal.AddEnum(&record));
-    EXPECT_EQ(EnumsOf(signal), (EnumPairs{{-7, "say \"on\"\tnow"}}));
+    EXPECT_TRUE(signal.AddEnum(database.arena, &record));
+    EXPECT_EQ(EnumsOf(signal.notes), (EnumPairs{{-7, "say \"on\"\tnow"}}));
     EXPECT_TRUE(SameBytes(record, RecordOf(EnumFields{-7, "say \"on\"\tnow"})));
 }
 
-TEST(AddEnum, KeepsBothTextsOfAValue) {
+TEST_F(AddEnum, KeepsBothTextsOfAValue) {
     CANSignal signal;
     for (const char* const text : {"on", "an", ""}) {
         const CanEnumRecord record = RecordOf(EnumFields{3, text});
-        EXPECT_TRUE(signal.AddEnum(&record));
+        EXPECT_TRUE(signal.AddEnum(database.arena, &record));
     }
-    EXPECT_EQ(EnumsOf(signal), (EnumPairs{{3, "on - an - "}}));
+    EXPECT_EQ(EnumsOf(signal.notes), (EnumPairs{{3, "on - an - "}}));
 }
 
-TEST(AddEnum, RefusesInvalidText) {
+TEST_F(AddEnum, RefusesInvalidText) {
     CANSignal signal;
     CanEnumRecord record = RecordOf(EnumFields{3, "on"});
-    EXPECT_TRUE(signal.AddEnum(&record));
+    EXPECT_TRUE(signal.AddEnum(database.arena, &record));
     for (const std::int32_t value : {3, 4}) {
         record = RecordOf(EnumFields{value, "\x80 text"});
-        EXPECT_FALSE(signal.AddEnum(&record));
+        EXPECT_FALSE(signal.AddEnum(database.arena, &record));
     }
-    EXPECT_EQ(EnumsOf(signal), (EnumPairs{{3, "on"}}));
+    EXPECT_EQ(EnumsOf(signal.notes), (EnumPairs{{3, "on"}}));
 }
 
-TEST(AddEnum, CutsTextsAsEveryTextOfARecord) {
+TEST_F(AddEnum, CutsTextsAsEveryTextOfARecord) {
     CANSignal signal;
     auto record = Filled<CanEnumRecord>(Pattern);
     record.value = 1;
     test::StoreAll(record.text, std::string(254, 'x') + "\xc3\xa9");
-    EXPECT_TRUE(signal.AddEnum(&record));
+    EXPECT_TRUE(signal.AddEnum(database.arena, &record));
     record = RecordOf(EnumFields{2, "on\xe2\x82"});
-    EXPECT_TRUE(signal.AddEnum(&record));
-    EXPECT_EQ(EnumsOf(signal), (EnumPairs{{1, std::string(254, 'x')}, {2, "on"}}));
+    EXPECT_TRUE(signal.AddEnum(database.arena, &record));
+    EXPECT_EQ(EnumsOf(signal.notes), (EnumPairs{{1, std::string(254, 'x')}, {2, "on"}}));
 }
 
 }  // namespace

@@ -1,11 +1,13 @@
 // Attribute definitions, defaults and values.
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <array>
 #include <utility>
 
 #include "colliding_names.h"
 #include "shape_text.h"
 #include "shapes.h"
+#include "vexil64.h"
 
 namespace vexil::growth {
 namespace {
@@ -32,8 +34,7 @@ Shape Statements(std::string name, std::string head, std::string piece) {
 // One statement of a line.
 Shape OneStatement(std::string name, std::string head, std::string piece, std::string tail) {
     return {std::move(name),
-            [=](std::size_t size) { return Input{head + Repeated(piece, size) + tail + ";\n"}; },
-            4 * MiB};
+            [=](std::size_t size) { return Input{head + Repeated(piece, size) + tail + ";\n"}; }};
 }
 
 // The definition of an enumeration with as many texts as fit. Returns their number.
@@ -167,6 +168,20 @@ Input LongNamesOfManyOwners(std::size_t size) {
     return input;
 }
 
+// One message whose signals share a name and a long name. A write tells the names apart, so that
+// each signal has a value of its own for the long one.
+Input LongNameOfSignalsOfOneName(std::size_t size) {
+    Input input{MessageLine(1), 1};
+    while (input.text.size() < size / 2 && input.signals < MaxSignalsPerMessage) {
+        input.text += SignalLine("S");
+        ++input.signals;
+    }
+    input.text += "BA_DEF_ SG_ \"Marrowby_Sig_Name\" STRING ;\nBA_ \"Marrowby_Sig_Name\" SG_ 1 S ";
+    const std::size_t rest = std::max(size, input.text.size()) - input.text.size();
+    input.text += Quoted(std::string(rest, 'a')) + ";\n";
+    return input;
+}
+
 }  // namespace
 
 std::vector<Shape> AttributeShapes() {
@@ -178,7 +193,10 @@ std::vector<Shape> AttributeShapes() {
         {"LongDefaultAndValues", LongDefaultAndValues},
         {"DefinitionsAndDefaults", DefinitionsAndDefaults},
         {"SignalsAndValues", SignalsAndValues},
-        {"LongNamesOfManyOwners", LongNamesOfManyOwners, 2 * MiB, true},
+        {"LongNamesOfManyOwners", LongNamesOfManyOwners},
+        {"LongNameOfSignalsOfOneName",
+         LongNameOfSignalsOfOneName,
+         {{Phase::Write, Unit::WrittenByte, 10, 4, 64 * KiB}}},
         {"ValuesOfOneHash", ValuesOfOneHash},
         {"ValuesOfNamesOfOneHash", ValuesOfNamesOfOneHash},
         Statements("DefinitionsOfOneName", "", std::string(CycleTime)),

@@ -13,7 +13,7 @@ namespace vexil::growth {
 // + suffix has one and the same hash.
 //   suffixSize  number of bytes of the suffix, whatever they are.
 // It computes the names backwards through the hash of the GNU standard library, which has a fixed
-// seed. REQUIRES: that library, with 64 bits.
+// seed. Precondition: that library, with 64 bits.
 std::vector<std::string> CollidingNames(std::size_t count, std::string_view prefix,
                                         std::size_t suffixSize);
 

@@ -8,33 +8,25 @@
 namespace vexil::growth {
 namespace {
 
-constexpr std::size_t Largest = 4 * MiB;
-
 // One message with the piece over and over as one of its fields.
 Shape MessageField(std::string name, std::string before, std::string piece, std::string behind) {
-    return {std::move(name),
-            [=](std::size_t size) {
+    return {std::move(name), [=](std::size_t size) {
                 return Input{before + Repeated(piece, size) + behind + "\n", 1};
-            },
-            Largest};
+            }};
 }
 
 // One signal, likewise.
 Shape SignalField(std::string name, std::string before, std::string piece, std::string behind) {
-    return {std::move(name),
-            [=](std::size_t size) {
+    return {std::move(name), [=](std::size_t size) {
                 return Input{MessageLine(1) + before + Repeated(piece, size) + behind + "\n", 1, 1};
-            },
-            Largest};
+            }};
 }
 
 // One signal that is refused, likewise.
 Shape RefusedSignalField(std::string name, std::string before, std::string piece) {
-    return {std::move(name),
-            [=](std::size_t size) {
+    return {std::move(name), [=](std::size_t size) {
                 return Input{MessageLine(1) + before + Repeated(piece, size) + "\n", 1, 0, 0, 1};
-            },
-            Largest};
+            }};
 }
 
 }  // namespace

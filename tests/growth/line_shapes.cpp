@@ -9,21 +9,19 @@ namespace vexil::growth {
 namespace {
 
 // The piece over and over, in one line.
-Shape Line(std::string name, std::string piece, std::size_t largest = 4 * MiB) {
+Shape Line(std::string name, std::string piece) {
     return {std::move(name),
-            [piece](std::size_t size) { return Input{Repeated(piece, size) + "\n"}; }, largest};
+            [piece](std::size_t size) { return Input{Repeated(piece, size) + "\n"}; }};
 }
 
 // The piece over and over, each time a statement that is refused.
-Shape RefusedStatements(std::string name, std::string piece, std::size_t largest) {
-    return {std::move(name),
-            [piece](std::size_t size) {
+Shape RefusedStatements(std::string name, std::string piece) {
+    return {std::move(name), [piece](std::size_t size) {
                 Input input;
                 input.errors = FillUpTo(input.text, size, [&](std::size_t) { return piece; });
                 input.text += "\n";
                 return input;
-            },
-            largest};
+            }};
 }
 
 // A signal that is refused for each message.
@@ -65,13 +63,55 @@ Input StrayKeywordsInComments(std::size_t size) {
     return {Repeated("CM_ \"a\nBO_ BO_ BO_ BO_ \nCM_ b\";\n", size)};
 }
 
+// The piece over and over, each time a message.
+Shape Messages(std::string name, std::string piece) {
+    return {std::move(name), [piece](std::size_t size) {
+                Input input;
+                input.messages = FillUpTo(input.text, size, [&](std::size_t) { return piece; });
+                input.text += "\n";
+                return input;
+            }};
+}
+
+// Refused signals of four bytes, each behind a message, since only the first one is looked at.
+Input ShortestRefusedSignals(std::size_t size) {
+    Input input;
+    input.messages = FillUpTo(input.text, size, [](std::size_t) { return "BO_ 0 M:8\nSG_\n"; });
+    input.errors = input.messages;
+    return input;
+}
+
+// A line of half the size, then short ones.
+Input ShortLinesAfterALongOne(std::size_t size) {
+    Input input{std::string(size / 2, 'a') + "\n"};
+    input.messages = FillUpTo(input.text, size, [](std::size_t) { return "BO_ 0 M:8\n"; });
+    return input;
+}
+
+// A file that does not end with a line feed.
+Input LineWithoutAnEnd(std::size_t size) {
+    return {std::string(size, 'a')};
+}
+
+// Statements just below the length at which the rest of one is dropped.
+Input CommentsOfManyLines(std::size_t size) {
+    const std::string comment = "CM_ BO_ 1 \"" + Repeated("a\n", 4000) + "\";\n";
+    Input input{MessageLine(1), 1};
+    FillUpTo(input.text, size, [&](std::size_t) { return comment; });
+    return input;
+}
+
 }  // namespace
 
 std::vector<Shape> LineShapes() {
     return {
-        RefusedStatements("MessageKeywordsInOneLine", "BO_ ", 2 * MiB),
-        RefusedStatements("RefusedMessages", "BO_ xxx\n", 8 * MiB),
+        RefusedStatements("MessageKeywordsInOneLine", "BO_ "),
+        RefusedStatements("RefusedMessages", "BO_ xxx\n"),
+        RefusedStatements("ShortestRefusedMessages", "BO_\n"),
         {"RefusedSignals", RefusedSignals},
+        {"ShortestRefusedSignals", ShortestRefusedSignals},
+        Messages("ShortestMessages", "BO_ 0 M:8\n"),
+        Messages("ShortestMessagesInOneLine", "BO_ 0 M:8 "),
         Line("CommentKeywordsInOneLine", "CM_ "),
         Line("CommentKeywordsWithSemicolonsInOneLine", "CM_ ; "),
         Line("ValueKeywordsInOneLine", "VAL_ "),
@@ -80,16 +120,27 @@ std::vector<Shape> LineShapes() {
         Line("ValuesInOneLine", "VAL_ 1 S 0 \"a\" CM_ BO_ 1 \"a\" "),
         {"StatementsInOneLine", StatementsInOneLine},
         {"BlanksBeforeStatementsInOneLine", BlanksBeforeStatementsInOneLine},
-        Line("ControlBytesInOneLine", "\x01", 16 * MiB),
+        Line("ControlBytesInOneLine", "\x01"),
         Line("ControlBytesBehindAKeyword", "VERSION \x01\x7f"),
-        Line("InvalidBytesInOneLine", "\xff", 16 * MiB),
+        Line("InvalidBytesInOneLine", "\xff"),
         Line("CutCharactersInOneLine", "\xf0\x9f\x98\xe2\x82\xc3"),
-        Line("LettersInOneLine", "a", 16 * MiB),
+        Line("LettersInOneLine", "a"),
         Line("TokensInOneLine", "B "),
         Line("BlanksInOneLine", " "),
         Line("EmptyLines", "\n"),
         Line("LinesWithoutAKeyword", "a\n"),
-        {"LongLineInAStatement", LongLineInAStatement, 16 * MiB},
+        // The keywords are none before the control bytes are gone.
+        Messages("ControlBytesInEveryLine",
+                 "\x01"
+                 "BO_\x02 1 \x7fM: 8 \x01"
+                 "A\x1f\n"),
+        Messages("InvalidBytesInEveryLine", "BO_ 1 M\xff: 8 \xc3 A\xf0\x9f\x98\n"),
+        Line("ShortLinesOfControlBytes", "\x01\n"),
+        Line("ShortLinesOfInvalidBytes", "\xff\n"),
+        {"LongLineInAStatement", LongLineInAStatement},
+        {"ShortLinesAfterALongOne", ShortLinesAfterALongOne},
+        {"LineWithoutAnEnd", LineWithoutAnEnd},
+        {"CommentsOfManyLines", CommentsOfManyLines},
         {"StrayKeywordsInComments", StrayKeywordsInComments},
     };
 }

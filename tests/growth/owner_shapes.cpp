@@ -65,6 +65,16 @@ std::string LateDifference(std::size_t index) {
     return std::string(100, 'a') + " " + std::string(100, 'b') + std::to_string(index);
 }
 
+// One word that differs from the others only at its end.
+std::string LongBeginning(std::size_t index) {
+    return Numbered(std::string(1000, 'a'), index);
+}
+
+// As many prefixes that could be names as words.
+std::string NameOfManyWords(std::size_t index) {
+    return Repeated("a ", 100) + std::to_string(index);
+}
+
 std::string NameOfOneHash(std::size_t index) {
     static const std::vector<std::string> names =
         CollidingNames(MaxSignalsPerMessage, std::string_view(), 0);
@@ -86,14 +96,6 @@ Input StatementsForSignals(std::size_t size, const NameOf& nameOf, const Stateme
         return statementFor(names[index % names.size()]);
     });
     input.enums = describes ? std::min(statements, names.size()) : 0;
-    return input;
-}
-
-// The same for signals of one name, each of which has what the others have.
-Input DescriptionsForOneName(std::size_t size) {
-    const auto name = [](std::size_t) { return "S"; };
-    Input input = StatementsForSignals(size, name, Description, true);
-    input.enums = input.signals;
     return input;
 }
 
@@ -164,23 +166,15 @@ Input MessagesAndStatementsOfOneName(std::size_t size) {
     return input;
 }
 
-// What comes out of the shape may be far longer than what goes in.
-Shape ReadAlone(Shape shape) {
-    shape.isReadAlone = true;
-    return shape;
-}
-
 // -- Much text for one owner --
 
 // A message with one signal, then the piece over and over between head and tail.
 Shape ForOneSignal(std::string name, std::string head, std::string piece, std::string tail,
                    std::uint64_t enums = 0) {
-    return {std::move(name),
-            [=](std::size_t size) {
+    return {std::move(name), [=](std::size_t size) {
                 return Input{MessageLine(1) + SignalLine("S") + head + Repeated(piece, size) + tail,
                              1, 1, enums};
-            },
-            4 * MiB};
+            }};
 }
 
 // The value of a description from its index and the greatest index there may be.
@@ -231,6 +225,56 @@ Input OneNameAndNoNumbers(std::size_t size) {
     return input;
 }
 
+// Messages of different ids, each with a signal of one name and all that a file can say about it.
+Input ManyIdsAndTheirStatements(std::size_t size) {
+    Input input;
+    input.messages = FillUpTo(input.text, size, [](std::size_t index) {
+        const std::string id = std::to_string(index);
+        return MessageLine(index) + SignalLine("S") + "CM_ BO_ " + id + " \"t\";\nCM_ SG_ " + id +
+               " S \"t\";\nVAL_ " + id + " S 0 \"t\";\n";
+    });
+    input.signals = input.messages;
+    input.enums = input.messages;
+    return input;
+}
+
+// Messages whose names, transmitters and signals differ only at the end of a long beginning.
+Input LongBeginningsOfAllNames(std::size_t size) {
+    Input input;
+    input.messages = FillUpTo(input.text, size, [](std::size_t index) {
+        const std::string name = LongBeginning(index);
+        return MessageLine(index, name, name) + SignalLine(name) + Numbered("CM_ SG_ ", index) +
+               " " + name + " \"t\";\n";
+    });
+    input.signals = input.messages;
+    return input;
+}
+
+// One message of signals of one name, and one statement with a long text for all of them.
+Shape LongTextForOneName(std::string name, std::string head, bool describes) {
+    return {std::move(name),
+            [=](std::size_t size) {
+                Input input{MessageLine(1), 1};
+                while (input.text.size() < size / 2 && input.signals < MaxSignalsPerMessage) {
+                    input.text += SignalLine("S");
+                    ++input.signals;
+                }
+                const std::size_t rest = std::max(size, input.text.size()) - input.text.size();
+                input.text += head + Quoted(std::string(rest, 'a')) + ";\n";
+                input.enums = describes ? input.signals : 0;
+                return input;
+            },
+            {{Phase::Write, Unit::WrittenByte, 10, 0, 128 * KiB}}};
+}
+
+// Messages of one id, and one long comment for all of them.
+Input LongCommentOfOneId(std::size_t size) {
+    Input input;
+    input.messages = FillUpTo(input.text, size / 2, [](std::size_t) { return MessageLine(1); });
+    input.text += "CM_ BO_ 1 " + Quoted(std::string(size / 2, 'a')) + ";\n";
+    return input;
+}
+
 // Messages of ids that share one bucket of a table that has grown to take so many of them.
 Input CollidingIds(std::size_t size) {
     constexpr std::size_t MessageSize = 50;  // bytes that a message and its comment take, about
@@ -248,9 +292,16 @@ Input CollidingIds(std::size_t size) {
     return input;
 }
 
+Shape Bounded(Shape shape, std::vector<Bound> bounds) {
+    shape.bounds = std::move(bounds);
+    return shape;
+}
+
 }  // namespace
 
 std::vector<Shape> OwnerShapes() {
+    // One text for all owners, which a written file repeats for each.
+    const std::vector<Bound> repeated = {{Phase::Write, Unit::WrittenByte, 20}};
     return {
         ForOneSignal("CommentsOfAMessage", "", "CM_ BO_ 1 \"text\";\n", ""),
         ForOneSignal("CommentsOfASignal", "", "CM_ SG_ 1 S \"text\";\n", ""),
@@ -278,8 +329,12 @@ std::vector<Shape> OwnerShapes() {
         Statements("ValueTypesForNamesWithBlanks", NameWithABlank, ValueType),
         Statements("DescriptionsForNamesWithBlanks", NameWithABlank, Description, true),
         Statements("CommentsForNestedNames", NestedName, Comment),
-        Statements("ValueTypesForNestedNames", NestedName, ValueType),
+        // A statement means every name that it begins with, and each of them is compared with it.
+        Bounded(Statements("ValueTypesForNestedNames", NestedName, ValueType),
+                {{Phase::Read, Unit::InputByteToThreeHalves, 0.3, 0, 16 * MiB}}),
         Statements("StatementsForLateDifferences", LateDifference, AllThree, true),
+        Statements("StatementsForLongBeginnings", LongBeginning, AllThree, true),
+        Statements("StatementsForNamesOfManyWords", NameOfManyWords, AllThree, true),
         Statements("StatementsForNamesOfOneHash", NameOfOneHash, AllThree, true),
         Statements(
             "EmptyCommentsForOneName", [](std::size_t) { return "S"; }, EmptyComment),
@@ -287,10 +342,14 @@ std::vector<Shape> OwnerShapes() {
             "NoDescriptionsForOneName", [](std::size_t) { return "S"; }, NoDescription),
         Statements(
             "ValueTypesForOneName", [](std::size_t) { return "S"; }, ValueType),
-        ReadAlone(Statements(
-            "CommentsForOneName", [](std::size_t) { return "S"; }, Comment)),
-        {"DescriptionsForOneName", DescriptionsForOneName, 2 * MiB, true},
-        ReadAlone(Statements("DescriptionsForNestedNames", NestedName, Description, true)),
+        Bounded(Statements(
+                    "CommentsForOneName", [](std::size_t) { return "S"; }, Comment),
+                repeated),
+        Bounded(Statements("DescriptionsForNestedNames", NestedName, Description, true),
+                {{Phase::Read, Unit::InputByteToThreeHalves, 0.3, 0, 16 * MiB},
+                 {Phase::FirstDescriptions, Unit::InputByteToThreeHalves, 0.4},
+                 {Phase::Fetch, Unit::InputByteToThreeHalves, 0.4},
+                 {Phase::Write, Unit::InputByteToThreeHalves, 0.4}}),
         Statements(
             "EmptyCommentsForNoName", [](std::size_t) { return ""; }, EmptyComment),
         Statements(
@@ -312,10 +371,21 @@ std::vector<Shape> OwnerShapes() {
         MessagesAndStatements("OneIdAndDescriptionsOfOthers", Description("X")),
         MessagesAndStatements("OneIdAndEmptyComments", "CM_ BO_ 1 \"\";\n"),
         {"OneIdAndTheirStatements", MessagesWithTheirStatements},
-        ReadAlone(MessagesThenStatements("OneIdThenCommentsOfAll", "CM_ BO_ 1 \"t\";\n")),
-        ReadAlone(MessagesAndStatements("OneIdAndCommentsOfAll", "CM_ BO_ 1 \"t\";\n")),
+        Bounded(MessagesThenStatements("OneIdThenCommentsOfAll", "CM_ BO_ 1 \"t\";\n"), repeated),
+        Bounded(MessagesAndStatements("OneIdAndCommentsOfAll", "CM_ BO_ 1 \"t\";\n"), repeated),
+        {"LongCommentOfOneId",
+         LongCommentOfOneId,
+         {{Phase::Write, Unit::WrittenByte, 10, 0, 128 * KiB}}},
+        LongTextForOneName("LongCommentForOneName", "CM_ SG_ 1 S ", false),
+        LongTextForOneName("LongDescriptionForOneName", "VAL_ 1 S 0 ", true),
         {"OneIdAndFloatsOfOneName", MessagesAndFloatsOfOneName},
-        {"OneIdAndStatementsOfOneName", MessagesAndStatementsOfOneName, 2 * MiB, true},
+        {"OneIdAndStatementsOfOneName",
+         MessagesAndStatementsOfOneName,
+         {{Phase::FirstDescriptions, Unit::InputByteSquared, 0.015, 0, 64 * KiB},
+          {Phase::Fetch, Unit::InputByteSquared, 0.015, 0, 64 * KiB},
+          {Phase::Write, Unit::WrittenByte, 20, 0, 64 * KiB}}},
+        {"ManyIdsAndTheirStatements", ManyIdsAndTheirStatements},
+        {"LongBeginningsOfAllNames", LongBeginningsOfAllNames},
         {"CollidingIds", CollidingIds},
     };
 }

@@ -23,13 +23,30 @@ struct Input {
 inline constexpr std::size_t KiB = 1024;
 inline constexpr std::size_t MiB = 1024 * KiB;
 
+enum class Phase { Read, FirstDescriptions, Fetch, Write };
+
+// What a cost is proportional to.
+enum class Unit {
+    InputByte,
+    FetchedRecord,           // the messages, signals, value descriptions and errors of a full fetch
+    WrittenByte,             // of the output, and of the input
+    InputByteToThreeHalves,  // the size of the input to the power of 1.5
+    InputByteSquared,
+};
+
+// The limit of a phase whose cost grows faster than the input. SECURITY.md lists them.
+struct Bound {
+    Phase phase;
+    Unit unit;
+    double maxSteps;            // for each unit
+    double maxMemory = 0;       // bytes for each unit; 0: the limit of all other inputs
+    std::size_t largest = MiB;  // input for which the phase is measured
+};
+
 struct Shape {
     std::string name;
     std::function<Input(std::size_t size)> make;  // an input of about that many bytes
-    std::size_t largest = 2 * MiB;                // the largest size that is tried
-    // Whether what comes out may be far longer than what goes in, so that the read alone is held to
-    // the size of the input.
-    bool isReadAlone = false;
+    std::vector<Bound> bounds = {};               // of the phases that are not linear
 };
 
 // Long lines, hostile bytes and many statements without effect.
@@ -40,6 +57,9 @@ std::vector<Shape> FieldShapes();
 
 // Comments, value types and value descriptions for few and for many owners.
 std::vector<Shape> OwnerShapes();
+
+// Value descriptions that owners share, and names that are prefixes of one another.
+std::vector<Shape> DescriptionShapes();
 
 // Attribute definitions, defaults and values.
 std::vector<Shape> AttributeShapes();

@@ -1,9 +1,11 @@
 // The counters behind Measure: the callback of the instrumented blocks, wrappers of the memory
-// functions, which the linker puts in their place, and the operators new and delete.
+// functions and of write, which the linker puts in their place, and the operators new and delete.
 // SPDX-License-Identifier: MIT
 #include "steps.h"
 
 #include <malloc.h>
+#include <sys/types.h>
+#include <sys/uio.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -14,9 +16,10 @@
 namespace {
 
 std::uint64_t steps = 0;
-std::uint64_t stepLimit = ~std::uint64_t{0};
+std::uint64_t stepLimit = vexil::growth::NoLimit;
 std::uint64_t liveBytes = 0;
 std::uint64_t peakBytes = 0;
+std::uint64_t writtenBytes = 0;
 
 [[noreturn]] void Stop() {
     std::fprintf(stderr, "stopped after %llu steps\n", static_cast<unsigned long long>(stepLimit));
@@ -125,6 +128,22 @@ std::size_t __wrap__ZSt11_Hash_bytesPKvmm(const void* key, std::size_t size, std
     return __real__ZSt11_Hash_bytesPKvmm(key, size, seed);
 }
 
+ssize_t __real_write(int file, const void* bytes, std::size_t size);
+ssize_t __wrap_write(int file, const void* bytes, std::size_t size);
+ssize_t __wrap_write(int file, const void* bytes, std::size_t size) {
+    const ssize_t count = __real_write(file, bytes, size);
+    writtenBytes += static_cast<std::uint64_t>(std::max<ssize_t>(count, 0));
+    return count;
+}
+
+ssize_t __real_writev(int file, const iovec* pieces, int pieceCount);
+ssize_t __wrap_writev(int file, const iovec* pieces, int pieceCount);
+ssize_t __wrap_writev(int file, const iovec* pieces, int pieceCount) {
+    const ssize_t count = __real_writev(file, pieces, pieceCount);
+    writtenBytes += static_cast<std::uint64_t>(std::max<ssize_t>(count, 0));
+    return count;
+}
+
 }  // extern "C"
 
 void* operator new(std::size_t size) {
@@ -151,16 +170,35 @@ void operator delete[](void* memory, std::size_t) noexcept {
     Free(memory);
 }
 
+// The memory resources of the standard library name the alignment even where it is an ordinary one.
+void* operator new(std::size_t size, std::align_val_t alignment) {
+    if (static_cast<std::size_t>(alignment) > alignof(std::max_align_t)) {
+        throw std::bad_alloc();
+    }
+    return Allocate(size);
+}
+
+void operator delete(void* memory, std::align_val_t) noexcept {
+    Free(memory);
+}
+
+void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
+    Free(memory);
+}
+
 namespace vexil::growth {
 
 Cost Measure(const std::function<void()>& work, std::uint64_t limit) {
-    const std::uint64_t before = liveBytes;
+    static std::uint64_t libraryBytes = 0;  // held by the library between its calls
+    const std::uint64_t otherBytes = liveBytes - libraryBytes;
     peakBytes = liveBytes;
+    writtenBytes = 0;
     steps = 0;
     stepLimit = limit;
     work();
-    stepLimit = ~std::uint64_t{0};
-    return {steps, peakBytes - before};
+    stepLimit = NoLimit;
+    libraryBytes = liveBytes - otherBytes;
+    return {steps, peakBytes - otherBytes, writtenBytes};
 }
 
 }  // namespace vexil::growth

@@ -12,11 +12,16 @@ namespace vexil::growth {
 
 struct Cost {
     std::uint64_t steps = 0;
-    std::uint64_t peakBytes = 0;  // most bytes alive at one time, beyond those alive at the start
+    std::uint64_t peakBytes = 0;     // most bytes that the library held at one time
+    std::uint64_t writtenBytes = 0;  // to any file
 };
 
-// Runs work and tells what it cost. A work that takes more than limit steps ends the program with a
-// message, since it might take hours.
-Cost Measure(const std::function<void()>& work, std::uint64_t limit);
+inline constexpr std::uint64_t NoLimit = ~std::uint64_t{0};
+
+// Runs work and returns what it cost. A work that takes more than limit steps ends the program with
+// a message, since it might take hours. Every call of the library must be in such a work, so that
+// memory which it still holds from earlier calls counts as well; the work must keep no other
+// memory.
+Cost Measure(const std::function<void()>& work, std::uint64_t limit = NoLimit);
 
 }  // namespace vexil::growth

@@ -13,20 +13,40 @@ namespace vexil::growth {
 namespace {
 
 // Messages that are full of signals.
+//   signalOf  a signal from its index in its message.
+Input MessagesFullOf(const std::function<std::string(std::size_t)>& signalOf, std::size_t size) {
+    Input input;
+    while (input.text.size() < size) {
+        input.text += MessageLine(++input.messages);
+        for (std::size_t index = 0; index < MaxSignalsPerMessage && input.text.size() < size;
+             ++index) {
+            input.text += signalOf(index);
+            ++input.signals;
+        }
+    }
+    return input;
+}
+
 //   nameOf  the name of a signal from its index in its message.
 Shape FullMessages(std::string name, std::function<std::string(std::size_t)> nameOf) {
     return {std::move(name), [nameOf](std::size_t size) {
-                Input input;
-                while (input.text.size() < size) {
-                    input.text += MessageLine(++input.messages);
-                    for (std::size_t index = 0;
-                         index < MaxSignalsPerMessage && input.text.size() < size; ++index) {
-                        input.text += SignalLine(nameOf(index));
-                        ++input.signals;
-                    }
-                }
-                return input;
+                return MessagesFullOf([&](std::size_t index) { return SignalLine(nameOf(index)); },
+                                      size);
             }};
+}
+
+// Signals that are as short as a signal can be, without a name.
+Input ShortestSignals(std::size_t size) {
+    return MessagesFullOf([](std::size_t) { return "SG_ :0|1(1,0)[0|0]\n"; }, size);
+}
+
+// The same, each in a message of its own.
+Input ShortestMessagesWithASignal(std::size_t size) {
+    Input input;
+    input.messages =
+        FillUpTo(input.text, size, [](std::size_t) { return "BO_ 0 M:8\nSG_ :0|1(1,0)[0|0]\n"; });
+    input.signals = input.messages;
+    return input;
 }
 
 std::string OneName(std::size_t) {
@@ -122,6 +142,8 @@ std::vector<Shape> WriterShapes() {
         FullMessages("SignalsWithLongNames", LongName),
         FullMessages("SignalsToRename", NameToBeChanged),
         FullMessages("SignalsOfOneHash", NameOfOneHash),
+        {"ShortestSignals", ShortestSignals},
+        {"ShortestMessagesWithASignal", ShortestMessagesWithASignal},
         {"Transmitters", Transmitters},
         {"TransmittersOfOneHash", TransmittersOfOneHash},
         {"Receivers", Receivers},
@@ -133,8 +155,8 @@ std::vector<Shape> WriterShapes() {
 
 std::vector<Shape> AllShapes() {
     std::vector<Shape> all;
-    for (std::vector<Shape> shapes :
-         {LineShapes(), FieldShapes(), OwnerShapes(), AttributeShapes(), WriterShapes()}) {
+    for (std::vector<Shape> shapes : {LineShapes(), FieldShapes(), OwnerShapes(),
+                                      DescriptionShapes(), AttributeShapes(), WriterShapes()}) {
         std::move(shapes.begin(), shapes.end(), std::back_inserter(all));
     }
     return all;

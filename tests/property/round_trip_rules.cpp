@@ -278,7 +278,7 @@ bool SuffixedNames(Model& model) {
     for (ModelMessage& message : model.messages) {
         std::vector<TwinSignal> twins;
         for (const ModelSignal& signal : message.signals) {
-            twins.push_back({signal.name, signal.hasNameSuffix, false});
+            twins.push_back({signal.name, signal.hasNameSuffix});
         }
         TwinMakeSignalNamesUnique(twins);
         for (std::size_t at = 0; at < twins.size(); ++at) {

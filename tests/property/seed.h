@@ -20,7 +20,7 @@ class Random {
   public:
     explicit Random(std::uint32_t seed) : engine(seed) {}
 
-    // A number below limit. REQUIRES: limit is not 0.
+    // A number below limit. Precondition: limit is not 0.
     std::uint32_t Below(std::uint32_t limit) { return Word() % limit; }
 
     // True once in so many times.

@@ -1,8 +1,5 @@
-// Tests of the fold of the reserved attributes: each one through whole files, from its
-// statements to the model.
+// Tests of the fold of the reserved attributes, from their statements to the model.
 // SPDX-License-Identifier: MIT
-#include "read/attribute_fold.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -35,31 +32,39 @@ class FoldReservedAttributes : public test::DatabaseTest {
                    attributes));
     }
 
-    // One member of each message, joined: cycle times, send types, long names.
-    static std::string CycleTimes() {
+    // What tell says of each message or signal, joined.
+    template <typename Tell>
+    static std::string OfMessages(Tell tell) {
         std::string text;
-        for (const auto& message : database.messages) {
-            text += Concat(std::to_string(message->cycleTime), " ");
+        for (std::size_t at = 0; at < database.messages.Size(); ++at) {
+            text += Concat(tell(database.messages[at]), " ");
         }
         return text;
+    }
+
+    template <typename Tell>
+    static std::string OfSignals(Tell tell) {
+        return OfMessages([tell](const CANMessage& message) {
+            std::string text;
+            for (const CANSignal* signal : message.signals) {
+                text += Concat(text.empty() ? "" : " ", tell(*signal));
+            }
+            return text;
+        });
+    }
+
+    static std::string CycleTimes() {
+        return OfMessages(
+            [](const CANMessage& message) { return std::to_string(message.cycleTime); });
     }
 
     static std::string SendTypes() {
-        std::string text;
-        for (const auto& message : database.messages) {
-            text += Concat(test::Quoted(message->sendType), " ");
-        }
-        return text;
+        return OfMessages([](const CANMessage& message) { return test::Quoted(message.sendType); });
     }
 
     static std::string Values(std::int32_t CANSignal::*member) {
-        std::string text;
-        for (const auto& message : database.messages) {
-            for (const auto& signal : message->signals) {
-                text += Concat(std::to_string((*signal).*member), " ");
-            }
-        }
-        return text;
+        return OfSignals(
+            [member](const CANSignal& signal) { return std::to_string(signal.*member); });
     }
 };
 
@@ -106,7 +111,7 @@ TEST_F(FoldReservedAttributes, CarriesAllNineIntoTheModel) {
               "1 'A' 8 'N' send='Cyclic'\n"
               "  'S' 0|8@1+ (1,0) [0|1] '' N\n"
               "  'Two_Words' 0|8@1+ (1,0) [0|1] '' N long='Two Words'\n"
-              "2 'B' 8 'N' long='Long B' raw='B' send='On_Event' cycle=20\n"
+              "2 'B' 8 'N' long='Long B' send='On_Event' cycle=20\n"
               "  'S' 0|8@1+ (1,0) [0|1] '' N long='Long S' raw='S' start=-3 inactive=4\n"
               "1 'C' 8 'N' send='Cyclic'\n"
               "  'S' 0|8@1+ (1,0) [0|1] '' N\n");
@@ -189,19 +194,18 @@ TEST_F(FoldReservedAttributes, SetsTheLongNameOfMessagesThatHaveAValue) {
     ReadWithMessages(
         "BA_DEF_ BO_ \"Marrowby_Msg_Name\" STRING ;\n"
         "BA_DEF_DEF_ \"Marrowby_Msg_Name\" \"Default\";\n"
-        "BA_ \"Marrowby_Msg_Name\" BO_ 1 \"With a;  comma, and \xC3\xA4\";\n");
-    std::vector<std::string> names;
-    for (const auto& message : database.messages) {
-        names.push_back(Concat(message->name, "|", message->rawName, "|", message->longName));
-    }
-    EXPECT_EQ(names, (std::vector<std::string>{"A|A|With a comma and \xC3\xA4", "B|B|B",
-                                               "C|C|With a comma and \xC3\xA4"}));
+        "BA_ \"Marrowby_Msg_Name\" BO_ 1 \"With\ta;  comma, and \xC3\xA4\";\n");
+    const auto names = [] {
+        return OfMessages(
+            [](const CANMessage& message) { return Concat(message.name, "|", message.longName); });
+    };
+    EXPECT_EQ(names(), "A|With a comma and \xC3\xA4 B|B C|With a comma and \xC3\xA4 ");
     ReadWithMessages("BA_ \"Marrowby_Msg_Name\" BO_ 1 \"No definition\";\n");
-    EXPECT_EQ(database.messages[0]->longName, "A");
+    EXPECT_EQ(names(), "A|A B|B C|C ");
     ReadWithMessages(
         "BA_DEF_ SG_ \"Marrowby_Msg_Name\" STRING ;\n"
         "BA_ \"Marrowby_Msg_Name\" SG_ 1 S \"Signal\";\n");
-    EXPECT_EQ(database.messages[0]->longName, "A");
+    EXPECT_EQ(names(), "A|A B|B C|C ");
 }
 
 TEST_F(FoldReservedAttributes, SetsTheLongNameOfSignalsThatHaveAValue) {
@@ -211,38 +215,10 @@ TEST_F(FoldReservedAttributes, SetsTheLongNameOfSignalsThatHaveAValue) {
         "BA_ \"Marrowby_Sig_Name\" SG_ 1 S \"Long S\";\n"
         "BA_ \"Marrowby_Sig_Name\" SG_ 1 Two_Words \"Long words\";\n"
         "BA_ \"Marrowby_Sig_Name\" SG_ 2 T \"Nobody\";\n");
-    std::vector<std::string> names;
-    for (const auto& message : database.messages) {
-        for (const auto& signal : message->signals) {
-            names.push_back(Concat(signal->name, "|", signal->rawName, "|", signal->longName));
-        }
-    }
-    EXPECT_EQ(names, (std::vector<std::string>{"S|S|Long S", "Two_Words|Two Words|Long words",
-                                               "S|S|S", "S|S|Long S"}));
-}
-
-// Delimiters of a text are gone when it leaves its statement, so a control character reaches the
-// fold only from the table.
-TEST_F(FoldReservedAttributes, TakesControlCharactersOutOfLongNames) {
-    ReadWithMessages(
-        "BA_DEF_ BO_ \"Marrowby_Msg_Name\" STRING ;\n"
-        "BA_ \"Marrowby_Msg_Name\" BO_ 2 \"a\tb\";\n");
-    EXPECT_EQ(database.messages[1]->longName, "a b");
-    test::Feed({"BA_DEF_ BO_ \"Marrowby_Msg_Name\" STRING ;\n",
-                "BA_DEF_ SG_ \"Marrowby_Sig_Name\" STRING ;\n"});
-    ASSERT_EQ(database.attributes.definitions.size(), 2U);
-    AttributeValue value;
-    value.definition = &database.attributes.definitions.front();
-    value.messageId = 2;
-    value.content.stringValue = "a\tb\n\v\f\rc";
-    database.attributes.AddValue(value);
-    value.definition = &database.attributes.definitions.back();
-    value.signalName = "S";
-    database.attributes.AddValue(value);
-    vexil::FoldReservedAttributes();
-    EXPECT_EQ(database.messages[1]->longName, "a b    c");
-    EXPECT_EQ(database.messages[1]->signals[0]->longName, "a b    c");
-    EXPECT_EQ(database.messages[0]->longName, "A");
+    EXPECT_EQ(OfSignals([](const CANSignal& signal) {
+                  return Concat(signal.name, "|", signal.rawName, "|", signal.longName);
+              }),
+              "S|S|Long S Two_Words|Two Words|Long words S|S|S S|S|Long S ");
 }
 
 TEST_F(FoldReservedAttributes, SetsTheSendTypeToTheTextOfTheListAsAnIdentifier) {
@@ -268,24 +244,6 @@ TEST_F(FoldReservedAttributes, SetsTheSendTypeToTheTextOfTheListAsAnIdentifier) 
         "BA_DEF_ BO_ \"GenMsgSendType\" STRING ;\n"
         "BA_ \"GenMsgSendType\" BO_ 1 \"Cyclic\";\n");
     EXPECT_EQ(SendTypes(), "'' '' '' ");
-}
-
-// An index outside the list cannot come from a file: the statements refuse it.
-TEST_F(FoldReservedAttributes, EmptiesTheSendTypeForAnIndexOutsideTheList) {
-    struct IndexRow {
-        std::int32_t index;
-        std::string_view sendType;
-    };
-    for (const IndexRow& row :
-         {IndexRow{0, "A"}, IndexRow{2, "C"}, IndexRow{3, ""}, IndexRow{7, ""}, IndexRow{-1, ""}}) {
-        ReadWithMessages("");
-        database.messages[0]->sendType = "before";
-        test::Feed({"BA_DEF_ BO_ \"GenMsgSendType\" ENUM \"A\",\"B\",\"C\";\n"});
-        ASSERT_EQ(database.attributes.definitions.size(), 1U);
-        database.attributes.definitions.front().defaultContent.enumIndex = row.index;
-        vexil::FoldReservedAttributes();
-        EXPECT_EQ(database.messages[0]->sendType, row.sendType) << row.index;
-    }
 }
 
 TEST_F(FoldReservedAttributes, SetsTheCycleTimeFromTheValueElseTheDefault) {
@@ -351,21 +309,6 @@ TEST_F(FoldReservedAttributes, SetsStartAndInactiveValuesOfSignalsByTheirIdentif
         ReadWithMessages(values);
         EXPECT_EQ(Values(attribute.member), "0 0 0 0 ");
     }
-}
-
-TEST_F(FoldReservedAttributes, LeavesMessagesAndSignalsAloneWithoutADefinition) {
-    ReadWithMessages("");
-    CANMessage& message = *database.messages[1];
-    CANSignal& signal = *message.signals[0];
-    message.cycleTime = 1;
-    message.sendType = std::string("before");
-    message.longName = std::string("message");
-    signal.startValue = 2;
-    signal.inactiveValue = 3;
-    signal.longName = std::string("signal");
-    const std::string before = DumpDatabase();
-    vexil::FoldReservedAttributes();
-    EXPECT_EQ(DumpDatabase(), before);
 }
 
 TEST_F(FoldReservedAttributes, DropsTheAttributesThatAreNotReserved) {

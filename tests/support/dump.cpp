@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "frame/can_database.h"
-#include "text/lexical.h"
 
 namespace vexil::test {
 namespace {
@@ -41,19 +40,6 @@ std::string Escaped(char ch) {
     return {ch};
 }
 
-// A receiver as it stands when it is an identifier, else in quotes.
-std::string Receiver(std::string_view name) {
-    return IsValidCIdentifier(name) ? std::string(name) : Quoted(name);
-}
-
-std::string Joined(const std::vector<std::string>& items, std::string_view separator = ",") {
-    std::string text;
-    for (const std::string& item : items) {
-        text += Concat(text.empty() ? "" : separator, item);
-    }
-    return text;
-}
-
 std::string Multiplex(const CANSignal& signal) {
     const std::string value = Number(signal.multiplexValue);
     switch (signal.multiplexType) {
@@ -83,51 +69,35 @@ std::string Field(std::string_view key, std::int32_t number) {
     return number == 0 ? "" : Concat(" ", key, "=", Number(number));
 }
 
-std::string Errors(const std::vector<std::uint32_t>& codes) {
-    std::vector<std::string> texts;
-    for (const std::uint32_t code : codes) {
-        texts.push_back(Number(code));
-    }
-    return texts.empty() ? "" : Concat(" errors=", Joined(texts));
-}
-
-std::string Receivers(const CANSignal& signal) {
-    std::vector<std::string> texts;
-    signal.receivers.ForEach(
-        [&texts](std::string_view receiver) { texts.push_back(Receiver(receiver)); });
-    return texts.empty() ? "" : Concat(" ", Joined(texts));
-}
-
-std::string Enums(const CANSignal& signal) {
-    std::vector<std::string> texts;
-    for (const auto& [value, text] : signal.enums.Sorted()) {
-        texts.push_back(Concat(Number(value), ":", Quoted(text)));
-    }
-    return texts.empty() ? "" : Concat(" enums={", Joined(texts), "}");
-}
-
 std::vector<std::string> DatabaseLines() {
     std::vector<std::string> lines;
     const DatabaseInfo& info = database.info;
     if (info.protocolType != 0 || info.busType != 0) {
         lines.push_back(Concat("info ", Number(info.protocolType), "/", Number(info.busType)));
     }
-    for (const auto& message : database.messages) {
-        lines.push_back(Dump(*message));
-        for (const auto& signal : message->signals) {
+    std::string leftOver;
+    for (std::size_t at = 0; at < database.messages.Size(); ++at) {
+        const CANMessage& message = database.messages[at];
+        lines.push_back(Dump(message));
+        for (const CANSignal* signal : message.signals) {
             lines.push_back(Concat("  ", Dump(*signal)));
         }
+        if (database.owners.FindMessage(message.id) != nullptr) {
+            leftOver += Concat(" owners of ", Number(message.id));
+        }
     }
-    for (const ParseError& error : database.parseErrors) {
+    for (std::size_t at = 0; at < database.parseErrors.Size(); ++at) {
+        const RefusedStatement& error = database.parseErrors[at];
         lines.push_back(Concat("error ", Number(error.code), " @", Number(error.line), " ",
                                Quoted(error.text)));
     }
-    const std::size_t ids = database.messagesById.Size();
     const std::size_t definitions = database.attributes.definitions.size();
-    const std::size_t values = database.attributes.values.size();
-    if (ids + definitions + values != 0) {
-        lines.push_back(Concat("left over: messagesById ", Number(ids), " definitions ",
-                               Number(definitions), " values ", Number(values)));
+    const std::size_t values = database.attributes.values.Size();
+    if (definitions + values != 0) {
+        leftOver += Concat(" definitions ", Number(definitions), " values ", Number(values));
+    }
+    if (!leftOver.empty()) {
+        lines.push_back(Concat("left over:", leftOver));
     }
     return lines;
 }
@@ -143,30 +113,41 @@ std::string Quoted(std::string_view text) {
     return quoted;
 }
 
-std::string Dump(const CANSignal& signal) {
-    if (signal.isEmpty) {
-        return Concat("empty", Errors(signal.stepErrors));
+std::string CommentOf(const Notes& notes) {
+    LineBuffer scratch;
+    return std::string(notes.Comment(scratch, npos));
+}
+
+std::string EnumsOf(const CANSignal& signal) {
+    const Descriptions& descriptions = database.DescriptionsOf(signal);
+    std::string texts;
+    for (std::size_t at = 0; at < descriptions.Count(); ++at) {
+        LineBuffer scratch;
+        texts += Concat(at == 0 ? "" : ",", Number(descriptions.ValueAt(at)), ":",
+                        Quoted(descriptions.Text(at, scratch, npos)));
     }
+    return texts;
+}
+
+std::string Dump(const CANSignal& signal) {
+    const std::string enums = EnumsOf(signal);
     return Concat(
         Quoted(signal.name), Multiplex(signal), " ", Number(signal.startBit), "|",
         Number(signal.bitLength), "@", Number(signal.byteOrder), Sign(signal.valueType), " (",
         Number(signal.factor), ",", Number(signal.offset), ") [", Number(signal.minimum), "|",
-        Number(signal.maximum), "] ", Quoted(signal.unit), Receivers(signal),
-        Field("long", signal.longName, signal.name), Field("raw", signal.rawName, signal.longName),
-        Field("utf8", signal.unitUtf8, signal.unit), Field("comment", signal.comment),
-        Enums(signal), Field("start", signal.startValue), Field("inactive", signal.inactiveValue),
-        signal.hasNameSuffix ? " suffixed" : "", Errors(signal.stepErrors));
+        Number(signal.maximum), "] ", Quoted(signal.unit), signal.receivers.empty() ? "" : " ",
+        signal.receivers, Field("long", signal.longName, signal.name),
+        Field("raw", signal.rawName, signal.longName), Field("utf8", signal.unitUtf8, signal.unit),
+        Field("comment", CommentOf(signal.notes)),
+        enums.empty() ? "" : Concat(" enums={", enums, "}"), Field("start", signal.startValue),
+        Field("inactive", signal.inactiveValue), signal.hasNameSuffix ? " suffixed" : "");
 }
 
 std::string Dump(const CANMessage& message) {
-    if (message.isEmpty) {
-        return Concat("empty", Errors(message.stepErrors));
-    }
     return Concat(Number(message.id), " ", Quoted(message.name), " ", Number(message.dlc), " ",
                   Quoted(message.transmitter), Field("long", message.longName, message.name),
-                  Field("raw", message.rawName, message.longName), Field("send", message.sendType),
-                  Field("cycle", message.cycleTime), Field("comment", message.comment),
-                  Errors(message.stepErrors));
+                  Field("send", message.sendType), Field("cycle", message.cycleTime),
+                  Field("comment", CommentOf(message.notes)));
 }
 
 std::string DumpDatabase() {
@@ -175,10 +156,6 @@ std::string DumpDatabase() {
         text += Concat(line, "\n");
     }
     return text;
-}
-
-std::string DumpDatabaseOnOneLine() {
-    return Joined(DatabaseLines(), " / ");
 }
 
 }  // namespace vexil::test

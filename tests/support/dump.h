@@ -32,24 +32,26 @@ std::string Quoted(std::string_view text);
 // 'name' [M|m<number>] start|length@order<sign> (factor,offset) [min|max] 'unit' receivers
 //     [long=''] [raw=''] [utf8=''] [comment=''] [enums={}] [start=] [inactive=] [suffixed]
 // The sign is + or - for integers, f or d for floats. Without receivers there is nothing behind the
-// unit. An empty signal is "empty". Codes of failed steps stand behind all else as errors=.
+// unit.
 std::string Dump(const CANSignal& signal);
 
 // The message without its signals:
-// id 'name' dlc 'transmitter' [long=''] [raw=''] [send=''] [cycle=] [comment='']
-// An empty message is "empty". Codes of failed steps as in a signal.
+// id 'name' dlc 'transmitter' [long=''] [send=''] [cycle=] [comment='']
 std::string Dump(const CANMessage& message);
+
+// The whole comment of notes.
+std::string CommentOf(const Notes& notes);
+
+// The value descriptions in the form of the dump of a signal, without braces.
+std::string EnumsOf(const CANSignal& signal);
 
 // What the database holds, each on a line of its own with a line feed behind it: the info if it is
 // not 0/0, the messages, each with its signals behind it and two blanks in front of them, the parse
-// errors, and the number of entries left in the tables that only a read may hold, if there are any.
+// errors, and what is left in the tables that only a read may hold.
 //
 //   info protocol/bus
 //   error code @line 'text'
-//   left over: messagesById 1 definitions 2 values 3
+//   left over: owners of 1 definitions 2 values 3
 std::string DumpDatabase();
-
-// The same with " / " between the lines and nothing behind the last.
-std::string DumpDatabaseOnOneLine();
 
 }  // namespace vexil::test

@@ -14,7 +14,7 @@ class RandomText {
   public:
     explicit RandomText(std::uint32_t seed) : engine(seed) {}
 
-    // A number below limit. REQUIRES: limit is not 0.
+    // A number below limit. Precondition: limit is not 0.
     std::size_t Below(std::size_t limit) { return engine() % limit; }
 
     // Characters of one to four bytes, separators and white space.

@@ -1,19 +1,16 @@
-// Text into the database: whole files through the read driver, or statements through the handlers,
-// with a database that starts from nothing.
+// Text into the database: whole files through the read driver, with a database that starts from
+// nothing.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <initializer_list>
 #include <ostream>
 #include <string>
 #include <string_view>
 
-#include "attributes/attribute_statements.h"
 #include "frame/can_database.h"
-#include "read/handlers.h"
 #include "read/read_driver.h"
 #include "support/files.h"
 
@@ -22,7 +19,6 @@ namespace vexil::test {
 // Gives the database the state that it has when the library is loaded.
 inline void ClearDatabase() {
     database.Reset();
-    database.messagesById.Clear();
     database.info = {};
 }
 
@@ -60,23 +56,6 @@ inline ReadResult ReadText(std::string_view text) {
     const std::string file = folder.File("text.dbc");
     WriteBytes(file, text);
     return ReadPath(file);
-}
-
-// Hands each statement to the handler of its first word as the driver would, but for the rule that
-// closes a message: a signal goes to the last message whatever stands in front of it.
-inline void Feed(std::initializer_list<std::string_view> statements) {
-    for (const std::string_view statement : statements) {
-        if (statement.starts_with("BO_")) {
-            HandleMessageStatement(statement, 1);
-        } else if (statement.starts_with("SG_")) {
-            HandleSignalStatement(statement, 1);
-        } else if (IsAttributeStatement(statement)) {
-            ParseAttributeStatement(database.attributes, statement);
-        } else if (!HandleMessageComment(statement) && !HandleSignalComment(statement) &&
-                   !HandleValueType(statement)) {
-            HandleValueDescriptions(statement);
-        }
-    }
 }
 
 }  // namespace vexil::test

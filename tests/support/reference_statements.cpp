@@ -42,17 +42,7 @@ bool Cutter::ReadLine() {
         return false;
     }
     ++lineNumber;
-    ReplaceInvalidUtf8(line);
-    for (std::size_t at = 0; at < line.size();) {
-        const auto byte = static_cast<unsigned char>(line[at]);
-        const bool isControl = byte < 32 || byte == 127;
-        if (isControl && whitespace.find(line[at]) == std::string_view::npos) {
-            line.erase(at, 1);
-        } else {
-            ++at;
-        }
-    }
-    buffer += line + "\n";
+    buffer += CleanLine(line) + "\n";
     return true;
 }
 
@@ -136,6 +126,19 @@ bool Cutter::NextStatement() {
 }
 
 }  // namespace
+
+std::string CleanLine(std::string line) {
+    ReplaceInvalidUtf8(line);
+    std::string clean;
+    for (const char ch : line) {
+        const auto byte = static_cast<unsigned char>(ch);
+        const bool isControl = byte < 32 || byte == 127;
+        if (!isControl || whitespace.find(ch) != std::string_view::npos) {
+            clean += ch;
+        }
+    }
+    return clean;
+}
 
 std::vector<Statement> CutIntoStatements(const std::string& file) {
     std::vector<Statement> statements;

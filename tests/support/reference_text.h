@@ -44,6 +44,9 @@ bool TryParseI32(const std::string& text, std::int32_t& value);
 bool TryParseI64(const std::string& text, std::int64_t& value);
 bool TryParseDouble(const std::string& text, double& value);
 
+// A line as a reader keeps it: without broken UTF-8 and control characters.
+std::string CleanLine(std::string line);
+
 // What a reader of statements sees at one of them.
 struct Statement {
     std::string text;

@@ -13,14 +13,13 @@ namespace vexil::test {
 struct TwinSignal {
     std::string name;
     bool hasNameSuffix = false;
-    bool isEmpty = false;
 
     friend bool operator==(const TwinSignal&, const TwinSignal&) = default;
 };
 
-inline bool TwinAddUniqueSuffix(TwinSignal& signal, std::size_t index) {
-    if (index >= 10000 || signal.isEmpty) {
-        return false;
+inline void TwinAddUniqueSuffix(TwinSignal& signal, std::size_t index) {
+    if (index >= 10000) {
+        return;
     }
     std::string suffix = "_0000";
     std::size_t at = 4;
@@ -35,16 +34,10 @@ inline bool TwinAddUniqueSuffix(TwinSignal& signal, std::size_t index) {
         signal.name = signal.name.substr(0, 27) + suffix;
     }
     signal.hasNameSuffix = true;
-    return true;
 }
 
-inline bool TwinSameBaseName(const TwinSignal& a, const TwinSignal& b) {
-    if (!a.hasNameSuffix && !b.hasNameSuffix) {
-        return a.name == b.name;
-    }
-    const std::size_t sizeOfA = a.name.size() - (a.hasNameSuffix ? 5 : 0);
-    const std::size_t sizeOfB = b.name.size() - (b.hasNameSuffix ? 5 : 0);
-    return sizeOfA == sizeOfB && a.name.substr(0, sizeOfA) == b.name.substr(0, sizeOfB);
+inline std::string TwinBaseName(const TwinSignal& signal) {
+    return signal.name.substr(0, signal.name.size() - (signal.hasNameSuffix ? 5 : 0));
 }
 
 // Returns whether it found a duplicate.
@@ -52,15 +45,12 @@ inline bool TwinMakeSignalNamesUnique(std::vector<TwinSignal>& signals) {
     bool foundDuplicate = false;
     std::set<std::size_t> dealtWith;
     for (std::size_t i = 0; i < signals.size(); ++i) {
-        if (dealtWith.size() == signals.size()) {
-            break;
-        }
         if (dealtWith.count(i) != 0) {
             continue;
         }
         std::size_t duplicates = 0;
         for (std::size_t j = i + 1; j < signals.size(); ++j) {
-            if (TwinSameBaseName(signals[i], signals[j])) {
+            if (TwinBaseName(signals[i]) == TwinBaseName(signals[j])) {
                 ++duplicates;
                 TwinAddUniqueSuffix(signals[j], duplicates);
                 dealtWith.insert(j);

@@ -26,8 +26,11 @@ class IndexedList {
         entries.push_back(entry);
     }
 
-    std::size_t Find(const std::string& entry) const {
-        return index.Find(hash(entry), [&](std::size_t at) { return entries[at] == entry; });
+    // The position of the entry, or the number of entries.
+    std::size_t Find(const std::string& entry) {
+        const std::uint32_t* position =
+            index.Find(hash(entry), [&](std::size_t at) { return entries[at] == entry; });
+        return position == nullptr ? entries.size() : *position;
     }
 
   private:
@@ -39,18 +42,18 @@ class IndexedList {
 void ExpectFindsAll(std::function<std::size_t(const std::string&)> hash) {
     IndexedList list(std::move(hash));
     for (std::size_t count = 0; count < 500; ++count) {
-        EXPECT_EQ(list.Find(std::to_string(count)), npos);
+        EXPECT_EQ(list.Find(std::to_string(count)), count);
         list.Add(std::to_string(count));
         for (std::size_t at = 0; at <= count; at += 1 + count / 10) {
             ASSERT_EQ(list.Find(std::to_string(at)), at);
         }
     }
-    EXPECT_EQ(list.Find("500"), npos);
+    EXPECT_EQ(list.Find("500"), 500U);
 }
 
 TEST(HashIndex, FindsNothingWhenEmpty) {
-    const HashIndex index;
-    EXPECT_EQ(index.Find(0, anyEntry), npos);
+    HashIndex index;
+    EXPECT_EQ(index.Find(0, anyEntry), nullptr);
 }
 
 TEST(HashIndex, FindsEachEntryAsItGrows) {
@@ -69,26 +72,33 @@ TEST(HashIndex, AsksOnlyForEntriesOfTheHash) {
     HashIndex index;
     index.Add(1, 10);
     index.Add(17, 11);  // in the next slot, as sixteen slots are the first
-    EXPECT_EQ(index.Find(17, anyEntry), 11U);
-    EXPECT_EQ(index.Find(33, anyEntry), npos);
-    EXPECT_EQ(index.Find(1, anyEntry), 10U);
+    EXPECT_EQ(*index.Find(17, anyEntry), 11U);
+    EXPECT_EQ(index.Find(33, anyEntry), nullptr);
+    EXPECT_EQ(*index.Find(1, anyEntry), 10U);
+}
+
+TEST(HashIndex, LetsAPositionBeReplaced) {
+    HashIndex index;
+    index.Add(1, 10);
+    *index.Find(1, anyEntry) = 11;
+    EXPECT_EQ(*index.Find(1, anyEntry), 11U);
 }
 
 TEST(HashIndex, RunsOutOfMemoryAtTheFirstPositionThatASlotCannotHold) {
     HashIndex index;
     EXPECT_THROW(index.Add(1, 0xFFFFFFFF), std::bad_alloc);
-    EXPECT_EQ(index.Find(1, anyEntry), npos);
+    EXPECT_EQ(index.Find(1, anyEntry), nullptr);
     index.Add(1, 0xFFFFFFFE);
-    EXPECT_EQ(index.Find(1, anyEntry), 0xFFFFFFFEU);
+    EXPECT_EQ(*index.Find(1, anyEntry), 0xFFFFFFFEU);
 }
 
 TEST(HashIndex, FindsNothingAfterClear) {
     HashIndex index;
     index.Add(1, 10);
     index.Clear();
-    EXPECT_EQ(index.Find(1, anyEntry), npos);
+    EXPECT_EQ(index.Find(1, anyEntry), nullptr);
     index.Add(1, 11);
-    EXPECT_EQ(index.Find(1, anyEntry), 11U);
+    EXPECT_EQ(*index.Find(1, anyEntry), 11U);
 }
 
 }  // namespace

@@ -1,49 +1,15 @@
-// Tests of text/keyed_hash.h. The key is nobody's to know, so hashes are compared with each other,
-// and the rounds that make them, under a key of the test, with values of SipHash.
+// Tests of text/keyed_hash.h. The key is nobody's to know, so hashes are compared with each other.
 // SPDX-License-Identifier: MIT
 #include "text/keyed_hash.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <bit>
-#include <chrono>
-#include <cstring>
+#include <cstdlib>
 #include <set>
 #include <string>
-#include <vector>
-
-// The unit once more, for what it keeps to itself.
-namespace once_more {
-#include "text/keyed_hash.cpp"
-}
 
 namespace vexil {
 namespace {
-
-struct Vector {
-    std::vector<std::uint64_t> words;
-    std::uint64_t hash;
-};
-
-// Messages of the bytes 0, 1, 2 and so on, under a key of the bytes 0 to 15, in words of eight. The
-// highest byte of the last word is the length.
-TEST(KeyedHash, MixesAsSipHashWithOneRoundAndThreeDoes) {
-    const std::vector<Vector> vectors = {
-        {{0}, 0xabac0158050fc4dcU},
-        {{0x0706050403020100U, 0x0800000000000000U}, 0x369095118d299a8eU},
-        {{0x0706050403020100U, 0x0f0e0d0c0b0a0908U}, 0xd320d86d2a519956U},
-        {{0x0706050403020100U, 0x0f0e0d0c0b0a0908U, 0x1716151413121110U, 0x1800000000000000U},
-         0xf464aeb267349c8cU},
-    };
-    for (const Vector& vector : vectors) {
-        once_more::vexil::SipState state(0x0706050403020100U, 0x0f0e0d0c0b0a0908U);
-        for (const std::uint64_t word : vector.words) {
-            state.Add(word);
-        }
-        EXPECT_EQ(state.Finish(), vector.hash) << vector.words.size() << " words";
-    }
-}
 
 TEST(KeyedHash, IsTheSameForTheSame) {
     const std::string text = "a name of 24 characters.";
@@ -86,6 +52,52 @@ TEST(KeyedHash, DependsOnTheLength) {
 TEST(KeyedHash, DependsOnTheOrderOfItsWords) {
     EXPECT_NE(KeyedHash(0, "firstwrdsecondwd"), KeyedHash(0, "secondwdfirstwrd"));
 }
+
+// Tables use the low bits alone.
+TEST(KeyedHash, SpreadsItsLowBits) {
+    std::set<std::size_t> ofNumbers;
+    std::set<std::size_t> ofTexts;
+    for (unsigned number = 0; number < 4096; ++number) {
+        ofNumbers.insert(KeyedHash(std::uint64_t{number} << 20U, "") % 65536);
+        ofTexts.insert(KeyedHash(0, std::to_string(number)) % 65536);
+    }
+    // Of so many random numbers 3970 are different, give or take ten.
+    EXPECT_GT(ofNumbers.size(), 3850U);
+    EXPECT_GT(ofTexts.size(), 3850U);
+}
+
+// Two calls of any sizes in ascending order, the same size twice included.
+TEST(PrefixHash, IsTheHashOfThePrefixAlone) {
+    const std::string text = "0123456789abcdef0123456789abcdef01\xff";
+    for (std::size_t first = 0; first <= text.size(); ++first) {
+        for (std::size_t second = first; second <= text.size(); ++second) {
+            PrefixHash hash(7, text);
+            EXPECT_EQ(hash.UpTo(first), KeyedHash(7, text.substr(0, first))) << first;
+            EXPECT_EQ(hash.UpTo(second), KeyedHash(7, text.substr(0, second)))
+                << second << " after " << first;
+        }
+    }
+}
+
+TEST(PrefixHash, GoesOverTheTextInManySteps) {
+    const std::string text(100, 'a');
+    PrefixHash hash(7, text);
+    for (std::size_t size = 0; size <= text.size(); ++size) {
+        EXPECT_EQ(hash.UpTo(size), KeyedHash(7, std::string(size, 'a'))) << size;
+    }
+}
+
+// The environment tells the second process what the first one found. Windows has no setenv.
+#ifndef _WIN32
+TEST(KeyedHashDeathTest, HasAnotherKeyInEachProcess) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");  // starts the program anew
+    const std::string hash = std::to_string(KeyedHash(7, "name"));
+    setenv("VEXIL64_TEST_HASH", hash.c_str(), 0);
+    EXPECT_EXIT(std::exit(hash == std::getenv("VEXIL64_TEST_HASH") ? 1 : 0),
+                testing::ExitedWithCode(0), "");
+    unsetenv("VEXIL64_TEST_HASH");
+}
+#endif
 
 }  // namespace
 }  // namespace vexil

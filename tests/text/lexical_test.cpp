@@ -76,7 +76,7 @@ TEST(ParseUnsignedToken, RefusesEverythingElse) {
                   {"-4294967295 ", 0, false, 0, npos}});
 }
 
-// Kept on purpose: a token passes when it has as many characters as its number has digits, and a
+// Intentional: a token passes when it has as many characters as its number has digits, and a
 // negative number of ten characters wraps to a number of ten digits.
 TEST(ParseUnsignedToken, TakesANegativeNumberOfTenCharacters) {
     ExpectTokens({{"-294967297 ", 0, true, 3999999999U, 10},
@@ -178,6 +178,17 @@ TEST(Trimmed, TakesWhiteSpaceFromBothEndsOnly) {
     EXPECT_EQ(Trimmed("a"), "a");
     EXPECT_EQ(Trimmed(" \f\n\r\t\va b\tc \f\n\r\t\v"), "a b\tc");
     EXPECT_EQ(Trimmed("\xa0 x \x85"), "\xa0 x \x85");
+}
+
+TEST(DigitCount, CountsDecimalDigits) {
+    EXPECT_EQ(DigitCount(0), 1U);
+    EXPECT_EQ(DigitCount(9), 1U);
+    EXPECT_EQ(DigitCount(10), 2U);
+    EXPECT_EQ(DigitCount(99), 2U);
+    EXPECT_EQ(DigitCount(100), 3U);
+    EXPECT_EQ(DigitCount(999999999), 9U);
+    EXPECT_EQ(DigitCount(1000000000), 10U);
+    EXPECT_EQ(DigitCount(4294967295U), 10U);
 }
 
 // A view may end inside a longer text, which is not the text's.

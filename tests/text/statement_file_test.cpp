@@ -5,10 +5,15 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 
 #include "support/files.h"
 #include "vexil64.h"
+
+#ifndef _WIN32
+#include "text/feed.h"
+#endif
 
 namespace vexil {
 namespace {
@@ -30,6 +35,13 @@ class StatementFileTest : public testing::Test {
         Open(path, OpenMode::Read);
     }
 
+    void Write(std::string_view text) {
+        LineBuffer line;
+        line.Append(text);
+        file.WriteLine(line);
+        EXPECT_EQ(line.Size(), 0U);
+    }
+
     // The whole of a file that holds one statement.
     std::string OneStatement(std::string_view bytes) {
         OpenWith(bytes);
@@ -46,7 +58,7 @@ class StatementFileTest : public testing::Test {
         EXPECT_EQ(file.statement, "");
         EXPECT_FALSE(file.NextStatement());
         EXPECT_EQ(file.parseState, state);
-        file.WriteLine("text");
+        Write("text");
         EXPECT_EQ(file.parseState, state);
     }
 
@@ -173,7 +185,7 @@ TEST_F(StatementFileTest, StartsAfreshWhenOpenedWhileOpen) {
 
 TEST_F(StatementFileTest, ReadsWhatItWroteBefore) {
     Open(path, OpenMode::Write);
-    file.WriteLine("BO_ 1");
+    Write("BO_ 1");
     Open(path, OpenMode::Read);
     EXPECT_TRUE(file.NextStatement());
     EXPECT_EQ(file.statement, "BO_ 1\n");
@@ -195,15 +207,35 @@ TEST_F(StatementFileTest, FailsOnALineThatCannotBeRead) {
     EXPECT_FALSE(file.NextStatement());
     file.Close();
     ExpectClosed(StateStreamError);
-    // The stream stays bad until the next file.
-    file.Close();
-    ExpectClosed(StateStreamError);
     OpenWith("BO_ 1\n");
     EXPECT_EQ(file.parseState, StateReading);
     EXPECT_TRUE(file.NextStatement());
     file.Close();
     ExpectClosed(StateClosed);
 }
+
+#ifndef _WIN32
+
+// The statements of the lines in front of a failure are handed out, the last one with the failure.
+TEST_F(StatementFileTest, HandsOutTheLinesInFrontOfOneThatCannotBeRead) {
+    const test::Feed feed;
+    const int descriptor = test::NextDescriptor();
+    OpenWith("");
+    feed.Replace(descriptor);
+    feed.Send("BO_ 1\n x\nBO_ 2\n y\n z BO_ 3");
+    EXPECT_TRUE(file.NextStatement());
+    EXPECT_EQ(file.statement, "BO_ 1\n x\n");
+    EXPECT_EQ(file.parseState, StateReading);
+    EXPECT_TRUE(file.NextStatement());
+    EXPECT_EQ(file.statement, "BO_ 2\n y\n");
+    EXPECT_EQ(file.parseState, StateStreamError);
+    EXPECT_EQ(file.lineNumber, 4U);
+    EXPECT_FALSE(file.NextStatement());
+    file.Close();
+    ExpectClosed(StateStreamError);
+}
+
+#endif
 
 // -- Lines in ---------------------------------------------------------------------------------
 
@@ -292,11 +324,11 @@ TEST_F(StatementFileTest, CountsLinesFromOne) {
 
 TEST_F(StatementFileTest, WritesEachLineAtOnce) {
     Open(path, OpenMode::Write);
-    file.WriteLine("one");
+    Write("one");
     EXPECT_EQ(ReadTextFile(path), "one\n");
-    file.WriteLine("");
+    Write("");
     EXPECT_EQ(ReadTextFile(path), "one\n\n");
-    file.WriteLine("two\nthree");
+    Write("two\nthree");
     EXPECT_EQ(ReadTextFile(path), "one\n\ntwo\nthree\n");
     EXPECT_EQ(file.parseState, StateWriting);
     EXPECT_EQ(file.lineNumber, 0U);
@@ -307,18 +339,18 @@ TEST_F(StatementFileTest, WritesEachLineAtOnce) {
 
 TEST_F(StatementFileTest, WritesTheBytesOfATextAsTheyAre) {
     Open(path, OpenMode::Write);
-    file.WriteLine("\xef\xbb\xbf\xff\0\x01\r\t\xc3\xa9"s);
+    Write("\xef\xbb\xbf\xff\0\x01\r\t\xc3\xa9"s);
     EXPECT_EQ(ReadTextFile(path), "\xef\xbb\xbf\xff\0\x01\r\t\xc3\xa9\n"s);
 }
 
 TEST_F(StatementFileTest, WritesNothingWhileReading) {
     OpenWith("BO_ 1\nBO_ 2\n");
     EXPECT_TRUE(file.NextStatement());
-    file.WriteLine("text");
+    Write("text");
     EXPECT_EQ(file.parseState, StateReading);
     EXPECT_TRUE(file.NextStatement());
     EXPECT_EQ(file.statement, "BO_ 2\n");
-    file.WriteLine("text");
+    Write("text");
     EXPECT_EQ(file.parseState, StateEndOfFile);
     file.Close();
     EXPECT_EQ(ReadTextFile(path), "BO_ 1\nBO_ 2\n");
@@ -328,10 +360,34 @@ TEST_F(StatementFileTest, ClosesWhenItGoesAway) {
     {
         StatementFile other;
         other.Open(path.c_str(), static_cast<std::uint32_t>(path.size() + 1), OpenMode::Write);
-        other.WriteLine("text");
+        LineBuffer line;
+        other.WriteLine(line.Append("text"));
     }
     EXPECT_EQ(ReadTextFile(path), "text\n");
 }
+
+#ifndef _WIN32
+
+// The rest of a line goes out at the close, if there is room again.
+TEST_F(StatementFileTest, TriesTheRestOfALineOnceMoreWhenItCloses) {
+    std::array<int, 2> ends{};
+    ASSERT_EQ(pipe2(ends.data(), O_NONBLOCK | O_CLOEXEC), 0);
+    const int descriptor = test::NextDescriptor();
+    Open(path, OpenMode::Write);
+    dup2(ends[1], descriptor);
+    std::string bytes(static_cast<std::size_t>(fcntl(ends[1], F_GETPIPE_SZ)), '?');
+    Write(std::string(bytes.size(), 'x') + "yz");
+    EXPECT_EQ(read(ends[0], bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    Write("lost");
+    file.Close();
+    ExpectClosed(StateStreamError);
+    EXPECT_EQ(read(ends[0], bytes.data(), bytes.size()), 3);
+    EXPECT_EQ(bytes.substr(0, 4), "yz\nx");
+    close(ends[0]);
+    close(ends[1]);
+}
+
+#endif
 
 // The device takes every open and refuses every byte.
 class FullDeviceTest : public StatementFileTest {
@@ -346,18 +402,18 @@ class FullDeviceTest : public StatementFileTest {
 };
 
 TEST_F(FullDeviceTest, ShowsAFailedLineAtTheNextOne) {
-    file.WriteLine("one");
+    Write("one");
     EXPECT_EQ(file.parseState, StateWriting);
-    file.WriteLine("two");
+    Write("two");
     EXPECT_EQ(file.parseState, StateStreamError);
-    file.WriteLine("three");
+    Write("three");
     EXPECT_EQ(file.parseState, StateStreamError);
     file.Close();
     ExpectClosed(StateStreamError);
 }
 
 TEST_F(FullDeviceTest, ShowsAFailedLastLineAtTheClose) {
-    file.WriteLine("one");
+    Write("one");
     EXPECT_EQ(file.parseState, StateWriting);
     file.Close();
     ExpectClosed(StateStreamError);
@@ -372,14 +428,14 @@ TEST_F(FullDeviceTest, FailsBehindAReadAsItDoesWithoutOne) {
     OpenWith("BO_ 1\n");
     EXPECT_TRUE(file.NextStatement());
     Open("/dev/full", OpenMode::Write);
-    file.WriteLine("one");
+    Write("one");
     EXPECT_EQ(file.parseState, StateWriting);
-    file.WriteLine("two");
+    Write("two");
     EXPECT_EQ(file.parseState, StateStreamError);
 }
 
 TEST_F(FullDeviceTest, IsForgottenWhenTheNextFileIsNotThere) {
-    file.WriteLine("one");
+    Write("one");
     file.Close();
     ExpectClosed(StateStreamError);
     Open(path + "/missing", OpenMode::Read);
@@ -389,11 +445,11 @@ TEST_F(FullDeviceTest, IsForgottenWhenTheNextFileIsNotThere) {
 }
 
 TEST_F(FullDeviceTest, WritesToTheNextFileAfterAFailure) {
-    file.WriteLine("one");
-    file.WriteLine("two");
+    Write("one");
+    Write("two");
     Open(path, OpenMode::Write);
     EXPECT_EQ(file.parseState, StateWriting);
-    file.WriteLine("three");
+    Write("three");
     file.Close();
     EXPECT_EQ(file.parseState, StateClosed);
     EXPECT_EQ(ReadTextFile(path), "three\n");

@@ -191,7 +191,7 @@ struct CopyCase {
 void ExpectCopies(std::initializer_list<CopyCase> rows) {
     for (const CopyCase& row : rows) {
         SCOPED_TRACE(testing::PrintToString(row.buffer));
-        std::string out = "before";
+        std::string_view out = "before";
         EXPECT_EQ(CopyUtf8Text(out, row.buffer.data(), row.buffer.size()), row.valid);
         EXPECT_EQ(out, row.text);
     }
@@ -280,7 +280,7 @@ TEST(CopyUtf8Text, RefusesWhatIsInvalidElsewhere) {
 }
 
 TEST(CopyUtf8Text, LooksAtNothingOfAnArrayOfSizeZero) {
-    std::string out = "before";
+    std::string_view out = "before";
     EXPECT_TRUE(CopyUtf8Text(out, nullptr, 0));
     EXPECT_EQ(out, "");
 }

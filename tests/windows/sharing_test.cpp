@@ -1,6 +1,10 @@
 // Files that somebody else has open at the same time: the library denies nobody anything, and is
 // stopped only by who denies it.
 // SPDX-License-Identifier: MIT
+#include <cstdint>
+#include <string>
+#include <thread>
+
 #include "windows/windows_test.h"
 
 namespace vexil::test {
@@ -12,6 +16,18 @@ class Sharing : public ApiTest {
         File file = OpenFile(Utf8Path(path).wstring(), access, sharing, OPEN_EXISTING);
         EXPECT_TRUE(file);
         return file;
+    }
+    // How many handles a program that the process starts inherits.
+    static std::size_t InheritedHandles() {
+        std::size_t count = 0;
+        for (std::uintptr_t value = 4; value < 0x4000; value += 4) {
+            DWORD flags = 0;
+            const auto handle = reinterpret_cast<HANDLE>(value);
+            if (GetHandleInformation(handle, &flags) && (flags & HANDLE_FLAG_INHERIT) != 0) {
+                ++count;
+            }
+        }
+        return count;
     }
     void SetUp() override { WriteBytes(path, "BO_ 1 A: 8 N\n"); }
 };
@@ -47,6 +63,22 @@ TEST_F(Sharing, LeavesNoFileOpenBehindACall) {
     EXPECT_TRUE(OpenElsewhere(GENERIC_WRITE, 0));
     EXPECT_EQ(Write(path), Success);
     EXPECT_TRUE(OpenElsewhere(GENERIC_WRITE, 0));
+}
+
+// A pipe holds the library up while its file is open.
+TEST_F(Sharing, ProgramsThatTheHostStartsInheritNoFile) {
+    const std::string pipe = "\\\\.\\pipe\\vexil64-" + std::to_string(GetCurrentProcessId());
+    File writer(
+        CreateNamedPipeA(pipe.c_str(), PIPE_ACCESS_OUTBOUND, PIPE_TYPE_BYTE, 1, 0, 0, 0, nullptr));
+    ASSERT_NE(writer.get(), INVALID_HANDLE_VALUE);
+    const std::size_t before = InheritedHandles();
+    Outcome outcome;
+    std::thread reader([&] { outcome = Read(pipe); });
+    EXPECT_TRUE(ConnectNamedPipe(writer.get(), nullptr) || GetLastError() == ERROR_PIPE_CONNECTED);
+    EXPECT_EQ(InheritedHandles(), before);
+    writer.reset();
+    reader.join();
+    EXPECT_EQ(outcome, Success);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <clocale>
 #include <string>
+#include <vector>
 
 #include "windows/windows_test.h"
 
@@ -37,6 +38,17 @@ class TextMode : public ApiTest {
                            .comment = "first\nsecond\n\nlast"});
         }
         AppendSignal(0, {.longName = "Signal", .comment = "one\ntwo"});
+    }
+
+    // Positions around the ends of the pieces in which files may be read.
+    static std::vector<std::size_t> PiecesEnds() {
+        std::vector<std::size_t> positions;
+        for (const std::size_t piece : {512, 1024, 4096, 65536, 131072}) {
+            for (std::size_t at = piece - 20; at < piece + 4; ++at) {
+                positions.push_back(at);
+            }
+        }
+        return positions;
     }
 
     static std::size_t Count(const std::string& bytes, std::string_view text) {
@@ -90,18 +102,40 @@ TEST_F(TextMode, WritesACarriageReturnOfATextAsItIs) {
     EXPECT_EQ(CommentOfMessage(0), "a\rb\r\nc");
 }
 
-// The runtime and the stream read in pieces; a line end may stand across two of them.
+// The runtime and the library read in pieces; what has a meaning may be at the border of two.
 TEST_F(TextMode, ReadsALineEndAtEachPlaceOfAFile) {
     const std::string head = "BO_ 1 A: 8 N\r\nCM_ BO_ 1 \"";
-    for (const std::size_t piece : {512, 1024, 4096}) {
-        for (std::size_t at = piece - 3; at < piece + 3; ++at) {
-            const std::string front(at - head.size(), ' ');
-            EXPECT_EQ(ReadText("BO_ 1 A: 8 N\r\n" + front + "\r\n  CM_ BO_ 1 \"x\r\ny\";\r\n"),
-                      Success);
-            EXPECT_EQ(CommentOfMessage(0), "x\ny") << at;
-            EXPECT_EQ(ReadText(head + "x\";" + front + "\r\n" + "BO_ 2 B: 8 N\r\n"), Success);
-            EXPECT_EQ(VexilGetNumCanMessages(), 2U) << at;
-        }
+    for (const std::size_t at : PiecesEnds()) {
+        const std::string front(at - head.size(), ' ');
+        EXPECT_EQ(ReadText("BO_ 1 A: 8 N\r\n" + front + "\r\n  CM_ BO_ 1 \"x\r\ny\";\r\n"),
+                  Success);
+        EXPECT_EQ(CommentOfMessage(0), "x\ny") << at;
+        EXPECT_EQ(ReadText(head + "x\";" + front + "\r\n" + "BO_ 2 B: 8 N\r\n"), Success);
+        EXPECT_EQ(VexilGetNumCanMessages(), 2U) << at;
+    }
+}
+
+TEST_F(TextMode, KeepsALoneCarriageReturnAtEachPlaceOfAFile) {
+    const std::string head = "BO_ 1 A: 8 N\r\n";
+    const std::string comment = "CM_ BO_ 1 \"x";
+    for (const std::size_t at : PiecesEnds()) {
+        const std::string front(at - head.size() - comment.size(), ' ');
+        EXPECT_EQ(ReadText(head + front + comment + "\ry\r\r\nz\";\r\n"), Success);
+        EXPECT_EQ(CommentOfMessage(0), "x\ry\r\nz") << at;
+        // The last byte of a file.
+        EXPECT_EQ(ReadText(head + front + comment + "\r"), Success);
+        EXPECT_EQ(VexilGetNumCanMessages(), 1U) << at;
+    }
+}
+
+TEST_F(TextMode, EndsAReadAtByteHex1AAtEachPlaceOfAFile) {
+    const std::string head = "BO_ 1 A: 8 N\r\n";
+    for (const std::size_t at : PiecesEnds()) {
+        const std::string front(at - head.size(), ' ');
+        EXPECT_EQ(ReadText(head + front + "BO_ 2 B: 8 N\r\n\x1a\r\nBO_ 3 C: 8 N\r\n"), Success);
+        EXPECT_EQ(VexilGetNumCanMessages(), 2U) << at;
+        EXPECT_EQ(ReadText(head + front + "\x1a" + "BO_ 2 B: 8 N\r\n"), Success);
+        EXPECT_EQ(VexilGetNumCanMessages(), 1U) << at;
     }
 }
 

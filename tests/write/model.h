@@ -1,99 +1,64 @@
-// The database of a test: emptied before and after each, filled by a line per message and signal,
-// and written section by section or as a whole.
+// The database of a test: emptied before and after each, filled from a file or by a line per
+// message and signal, and written section by section or as a whole.
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <functional>
 #include <initializer_list>
-#include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "frame/can_database.h"
 #include "support/files.h"
+#include "support/read_text.h"
 #include "text/statement_file.h"
 #include "write/write_driver.h"
+#include "write/write_order.h"
 
 namespace vexil::test {
 
-// A valid message whose names all agree.
-inline std::shared_ptr<CANMessage> NewMessage(std::uint32_t id, std::string_view name,
-                                              std::string_view transmitter = {}) {
-    auto message = std::make_shared<CANMessage>();
-    message->isEmpty = false;
-    message->id = id;
-    message->name = message->longName = message->rawName = name;
-    message->transmitter = transmitter;
-    return message;
-}
-
-// A valid signal whose names all agree.
-inline std::shared_ptr<CANSignal> NewSignal(std::string_view name) {
-    auto signal = std::make_shared<CANSignal>();
-    signal->isEmpty = false;
-    signal->name = signal->longName = signal->rawName = name;
-    return signal;
-}
-
-using Descriptions = std::vector<std::pair<std::int32_t, std::string>>;
-
-inline void Describe(CANSignal& signal, const Descriptions& descriptions) {
-    for (const auto& [value, text] : descriptions) {
-        signal.enums.Add(value, text);
-    }
-}
-
-class ModelTest : public testing::Test {
+class ModelTest : public DatabaseTest {
   protected:
-    ModelTest() { Empty(); }
-    ~ModelTest() override { Empty(); }
-
-    static void Empty() {
-        database.Reset();
-        database.messagesById.Clear();
-        database.info = {};
-    }
-
+    // A message whose names agree.
     static CANMessage& AddMessage(std::uint32_t id, std::string_view name,
                                   std::string_view transmitter = {}) {
-        database.messages.push_back(NewMessage(id, name, transmitter));
-        return *database.messages.back();
+        CANMessage message;
+        message.id = id;
+        message.name = message.longName = database.arena.Keep(name);
+        message.transmitter = database.arena.Keep(transmitter);
+        return database.messages.Add(database.arena, message);
     }
 
-    // Appends the signal also to a message that is full.
+    // A signal whose names agree; added to a full message, too.
     static CANSignal& AddSignal(CANMessage& message, std::string_view name,
-                                NodeList receivers = {}) {
-        message.signals.push_back(NewSignal(name));
-        message.signals.back()->receivers = std::move(receivers);
-        return *message.signals.back();
+                                std::string_view receivers = {}) {
+        auto* signal = database.arena.New<CANSignal>();
+        signal->name = signal->longName = signal->rawName = database.arena.Keep(name);
+        signal->receivers = database.arena.Keep(receivers);
+        message.signals.Add(database.arena, signal);
+        return *signal;
     }
 
     static std::vector<std::string> SignalNames(const CANMessage& message) {
         std::vector<std::string> names;
-        for (const auto& signal : message.signals) {
+        for (const CANSignal* signal : message.signals) {
             names.emplace_back(signal->name);
         }
         return names;
     }
 
-    // What section writes, as the bytes of a file.
-    std::string Written(const std::function<void(StatementFile&)>& section) const {
+    // What the section writes of the messages in their order.
+    std::string Written(void (*section)(StatementFile& file, const MessageList& messages),
+                        std::uint32_t order = OrderAsStored) const {
         const std::string path = folder.File("section.dbc");
         StatementFile file;
         file.Open(path.c_str(), static_cast<std::uint32_t>(path.size() + 1), OpenMode::Write);
-        EXPECT_EQ(file.parseState, 1U);
-        section(file);
-        EXPECT_EQ(file.parseState, 1U);
+        section(file, MessagesInOrder(database.messages, order));
+        EXPECT_EQ(file.parseState, StateWriting);
         file.Close();
-        EXPECT_EQ(file.parseState, 2U);
         return ReadTextFile(path);
     }
 
-    // Writes the database to path.
     struct WriteResult {
         bool succeeded;
         std::uint32_t code;
@@ -101,6 +66,7 @@ class ModelTest : public testing::Test {
         friend bool operator==(const WriteResult&, const WriteResult&) = default;
     };
 
+    // Writes the database to path.
     static WriteResult Write(const std::string& path, std::uint32_t order = OrderAsStored) {
         WriteResult result{false, 99};
         result.succeeded = WriteDbcFile(path.c_str(), static_cast<std::uint32_t>(path.size() + 1),
@@ -111,7 +77,7 @@ class ModelTest : public testing::Test {
     // The bytes of the file that the database makes.
     std::string WrittenFile(std::uint32_t order = OrderAsStored) const {
         const std::string path = folder.File("whole.dbc");
-        EXPECT_EQ(Write(path, order), (WriteResult{true, 2}));
+        EXPECT_EQ(Write(path, order), (WriteResult{true, StateClosed}));
         return ReadTextFile(path);
     }
 

@@ -12,25 +12,32 @@
 #include <locale>
 #include <random>
 
-#include "frame/can_message.h"
+#include "write/model.h"
 
 namespace vexil {
 namespace {
 
-// A number as NumberPairText writes it, in both places.
-std::string NumberText(double number) {
-    const std::string pair = NumberPairText("(,)", number, number);
-    const std::string text = pair.substr(1, (pair.size() - 3) / 2);
-    EXPECT_EQ(pair, '(' + text + ',' + text + ')');
+std::string PairText(std::string_view separators, double first, double second) {
+    LineBuffer line;
+    line.Append('<');
+    NumberText().AppendPair(line, separators, first, second);
+    return std::string(line.Text().substr(1));
+}
+
+// A number as it stands in both places of a pair.
+std::string Written(double number) {
+    const std::string pair = PairText("<(,)", number, number);
+    const std::string text = pair.substr(2, (pair.size() - 4) / 2);
+    EXPECT_EQ(pair, "<(" + text + ',' + text + ')');
     return text;
 }
 
-TEST(NumberPairText, PutsTheSeparatorsAroundTheNumbers) {
-    EXPECT_EQ(NumberPairText("(,)", 0.1, -40), "(0.1,-40)");
-    EXPECT_EQ(NumberPairText("[|]", 0, 6553.5), "[0|6553.5]");
+TEST(NumberText, PutsTheSeparatorsAroundTheNumbers) {
+    EXPECT_EQ(PairText(" (,)", 0.1, -40), " (0.1,-40)");
+    EXPECT_EQ(PairText(" [|]", 0, 6553.5), " [0|6553.5]");
 }
 
-TEST(NumberPairText, WritesAtMostTenDigits) {
+TEST(NumberText, WritesAtMostTenDigits) {
     const std::pair<double, std::string_view> cases[] = {
         {1, "1"},
         {0, "0"},
@@ -67,28 +74,28 @@ TEST(NumberPairText, WritesAtMostTenDigits) {
         {std::numeric_limits<double>::denorm_min(), "4.940656458e-324"},
     };
     for (const auto& [number, text] : cases) {
-        EXPECT_EQ(NumberText(number), text);
+        EXPECT_EQ(Written(number), text);
     }
 }
 
-TEST(NumberPairText, TellsWholeNumbersByTheSameRule) {
+TEST(NumberText, TellsWholeNumbersByTheSameRule) {
     for (const std::int64_t number : {7LL, -7LL, 1000000LL, 123456789LL, 1234567890LL}) {
-        EXPECT_EQ(NumberText(static_cast<double>(number)), std::to_string(number));
+        EXPECT_EQ(Written(static_cast<double>(number)), std::to_string(number));
     }
-    EXPECT_EQ(NumberText(12345678900.0), "1.23456789e+10");
+    EXPECT_EQ(Written(12345678900.0), "1.23456789e+10");
 }
 
-TEST(NumberPairText, SpellsInfinityAndNotANumberWithTheirSign) {
+TEST(NumberText, SpellsInfinityAndNotANumberWithTheirSign) {
     const double infinity = std::numeric_limits<double>::infinity();
     const double notANumber = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_EQ(NumberText(infinity), "inf");
-    EXPECT_EQ(NumberText(-infinity), "-inf");
-    EXPECT_EQ(NumberText(notANumber), "nan");
-    EXPECT_EQ(NumberText(-notANumber), "-nan");
+    EXPECT_EQ(Written(infinity), "inf");
+    EXPECT_EQ(Written(-infinity), "-inf");
+    EXPECT_EQ(Written(notANumber), "nan");
+    EXPECT_EQ(Written(-notANumber), "-nan");
 }
 
 // But for what is not a number, which has a sign in some runtimes only.
-TEST(NumberPairText, IsPrintfWithTenDigitsOnRandomNumbers) {
+TEST(NumberText, IsPrintfWithTenDigitsOnRandomNumbers) {
     constexpr unsigned Seed = 60517;
     std::mt19937_64 random(Seed);
     const auto expectAsPrinted = [&](double number) {
@@ -97,7 +104,7 @@ TEST(NumberPairText, IsPrintfWithTenDigitsOnRandomNumbers) {
         }
         char expected[64];
         std::snprintf(expected, sizeof expected, "%.10g", number);
-        ASSERT_EQ(NumberText(number), expected) << "seed " << Seed;
+        ASSERT_EQ(Written(number), expected) << "seed " << Seed;
     };
     for (int power = -323; power <= 308; ++power) {
         const double number = std::pow(10.0, power);
@@ -135,37 +142,39 @@ class GlobalLocale {
     std::locale former;
 };
 
-TEST(NumberPairText, TakesPointAndGroupsOfTheGlobalLocaleOfTheMoment) {
+TEST(NumberText, TakesPointAndGroupsOfTheGlobalLocaleOfTheMoment) {
     {
         const GlobalLocale locale;
-        EXPECT_EQ(NumberPairText("(,)", 0.5, -40), "(0,5,-40)");
-        EXPECT_EQ(NumberPairText("[|]", 1234567.25, 1000), "[1.234.567,25|1.000]");
+        EXPECT_EQ(PairText(" (,)", 0.5, -40), " (0,5,-40)");
+        EXPECT_EQ(PairText(" [|]", 1234567.25, 1000), " [1.234.567,25|1.000]");
     }
-    EXPECT_EQ(NumberPairText("(,)", 0.5, -40), "(0.5,-40)");
-    EXPECT_EQ(NumberPairText("[|]", 1234567.25, 1000), "[1234567.25|1000]");
+    EXPECT_EQ(PairText(" (,)", 0.5, -40), " (0.5,-40)");
+    EXPECT_EQ(PairText(" [|]", 1234567.25, 1000), " [1234567.25|1000]");
 }
 
-TEST(NumberPairText, IsTheOnlyTextThatALocaleChanges) {
-    CANMessage message;
-    message.isEmpty = false;
-    message.id = 2147483938U;
-    message.name = "Engine";
-    message.comment = "text";
-    message.dlc = 1000;
-    CANSignal signal;
-    signal.isEmpty = false;
-    signal.name = "Speed";
-    signal.multiplexType = MultiplexSelected;
-    signal.multiplexValue = 1234;
-    signal.startBit = 5678;
-    signal.bitLength = 9012;
-    signal.enums.Add(-123456, "x");
+TEST(NumberText, KeepsTheFormOfTheTimeWhenItWasMade) {
+    LineBuffer line;
+    const NumberText before;
+    {
+        const GlobalLocale locale;
+        before.AppendPair(line, " (,)", 0.5, -40);
+    }
+    EXPECT_EQ(line.Text(), " (0.5,-40)");
+}
+
+using Locale = test::ModelTest;
+
+TEST_F(Locale, ChangesNoOtherText) {
+    constexpr std::string_view File =
+        "BO_ 2147483938 M: 1000 N\n"
+        " SG_ S m1234 : 5678|9012@1+ (1,0) [0|1] \"\" N\n"
+        "\n"
+        "CM_ SG_ 2147483938 S \"c\";\n"
+        "VAL_ 2147483938 S -123456 \"x\";\n";
     const GlobalLocale locale;
-    EXPECT_EQ(message.FormatMessageLine(), "BO_ 2147483938 Engine: 1000 Marrowby");
-    EXPECT_EQ(message.FormatMessageComment(), "CM_ BO_ 2147483938 \"text\";");
-    EXPECT_EQ(signal.FormatSignalHead(), "SG_ Speed m1234 :");
-    EXPECT_EQ(signal.FormatBitLayout(), "5678|9012@1+");
-    EXPECT_EQ(signal.FormatValueDescription(message.id), "VAL_ 2147483938 Speed -123456 \"x\";");
+    EXPECT_EQ(test::ReadText(File), test::GoodRead);
+    const std::string file = WrittenFile();
+    EXPECT_EQ(file.substr(file.find("BO_ 2")), File);
 }
 
 }  // namespace

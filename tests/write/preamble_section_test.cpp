@@ -1,7 +1,5 @@
 // Tests of write/preamble_section.cpp.
 // SPDX-License-Identifier: MIT
-#include <gtest/gtest.h>
-
 #include "write/model.h"
 #include "write/sections.h"
 
@@ -24,6 +22,13 @@ class Preamble : public test::ModelTest {
         for (const std::string& transmitter : transmitters) {
             AddMessage(1, "M", transmitter);
         }
+    }
+
+    // The node list without its last line end and the empty line.
+    std::string Nodes() const {
+        const std::string section = Written(WriteNodes);
+        EXPECT_TRUE(section.ends_with("\n\n"));
+        return section.substr(0, section.size() - 2);
     }
 
     static std::vector<std::size_t> LineLengths(const std::string& text) {
@@ -82,67 +87,54 @@ TEST_F(Preamble, HasAnEmptyBitTiming) {
     EXPECT_EQ(Written(WriteBitTiming), "BS_ :\n\n");
 }
 
-TEST_F(Preamble, HasTheNodeListWithAnEmptyLineBehindIt) {
-    AddMessage(1, "M", "ECU1");
-    EXPECT_EQ(Written(WriteNodes), "BU_ :  ECU1\n\n");
+using NodeList = Preamble;
+
+TEST_F(NodeList, NamesNobodyForAnEmptyDatabase) {
+    EXPECT_EQ(Nodes(), "BU_ : ");
 }
 
-using BuildNodeList = Preamble;
-
-TEST_F(BuildNodeList, NamesNobodyForAnEmptyDatabase) {
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ : ");
-}
-
-TEST_F(BuildNodeList, NamesTheDefaultForAMissingTransmitter) {
+TEST_F(NodeList, NamesTheDefaultForAMissingTransmitter) {
     AddMessage(1, "M");
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ :  Marrowby");
+    EXPECT_EQ(Nodes(), "BU_ :  Marrowby");
 }
 
-TEST_F(BuildNodeList, NamesTheDefaultForMissingReceivers) {
+TEST_F(NodeList, NamesTheDefaultForMissingReceivers) {
     CANMessage& message = AddMessage(1, "M", "ECU1");
-    AddSignal(message, "S", {"ECU2"});
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ :  ECU2 ECU1");
+    AddSignal(message, "S", "ECU2");
+    EXPECT_EQ(Nodes(), "BU_ :  ECU2 ECU1");
     AddSignal(message, "T");
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ :  Marrowby ECU2 ECU1");
-    EXPECT_TRUE(message.signals[1]->receivers.IsEmpty());
+    EXPECT_EQ(Nodes(), "BU_ :  Marrowby ECU2 ECU1");
 }
 
-TEST_F(BuildNodeList, NamesTransmittersAndReceiversInDescendingOrder) {
+TEST_F(NodeList, NamesTransmittersAndReceiversInDescendingOrder) {
     CANMessage& message = AddMessage(1, "M", "ECU1");
-    AddSignal(message, "S", {"ECU2"});
-    AddSignal(message, "T", {"ECU1", "ECU3"});
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ :  ECU3 ECU2 ECU1");
+    AddSignal(message, "S", "ECU2");
+    AddSignal(message, "T", "ECU1,ECU3");
+    EXPECT_EQ(Nodes(), "BU_ :  ECU3 ECU2 ECU1");
 }
 
-TEST_F(BuildNodeList, NamesEachNodeOnce) {
+TEST_F(NodeList, NamesEachNodeOnce) {
     CANMessage& message = AddMessage(1, "M", "A");
-    AddSignal(message, "S", {"A", "B", "A"});
-    AddSignal(AddMessage(2, "N", "B"), "S", {"B"});
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ :  B A");
+    AddSignal(message, "S", "A,B,A");
+    AddSignal(AddMessage(2, "N", "B"), "S", "B");
+    EXPECT_EQ(Nodes(), "BU_ :  B A");
 }
 
-TEST_F(BuildNodeList, OrdersByBytesAndTheShorterNameFirst) {
+TEST_F(NodeList, OrdersByBytesAndTheShorterNameFirst) {
     AddTransmitters({"ecu", "ECU", "Ab", "Abc", "\xC3\xA4", "_", "9"});
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ :  \xC3\xA4 ecu _ ECU Abc Ab 9");
+    EXPECT_EQ(Nodes(), "BU_ :  \xC3\xA4 ecu _ ECU Abc Ab 9");
 }
 
-TEST_F(BuildNodeList, TakesReceiversAsTheyStand) {
-    AddSignal(AddMessage(1, "M", "A"), "S", {"no identifier"});
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ :  no identifier A");
+TEST_F(NodeList, TakesReceiversAsTheyStand) {
+    AddSignal(AddMessage(1, "M", "A"), "S", "no identifier");
+    EXPECT_EQ(Nodes(), "BU_ :  no identifier A");
 }
 
-TEST_F(BuildNodeList, CountsEmptyMessagesAndSignals) {
-    CANMessage& message = AddMessage(1, "M", "A");
-    message.isEmpty = true;
-    AddSignal(message, "S", {"B"}).isEmpty = true;
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ :  B A");
-}
-
-TEST_F(BuildNodeList, WrapsNamesOf32Characters) {
+TEST_F(NodeList, WrapsNamesOf32Characters) {
     for (int node = 0; node < 24; ++node) {
         AddMessage(1, "M", NextName(32));
     }
-    const std::string text = vexil::BuildNodeList();
+    const std::string text = Nodes();
     EXPECT_EQ(LineLengths(text), (std::vector<std::size_t>{237, 263, 263, 32}));
     // A name behind a wrap stands in the first column.
     EXPECT_EQ(text.substr(0, 13), "BU_ :  10023x");
@@ -151,31 +143,31 @@ TEST_F(BuildNodeList, WrapsNamesOf32Characters) {
     EXPECT_EQ(text.substr(764, 8), "x\n10000x");
 }
 
-TEST_F(BuildNodeList, WrapsNothingBelow256) {
+TEST_F(NodeList, WrapsNothingBelow256) {
     // In front of the second name stand 6 + 1 + 100 characters; 107 + 148 is 255.
     AddTransmitters({std::string(148, 'a'), std::string(100, 'b')});
-    EXPECT_EQ(LineLengths(vexil::BuildNodeList()), (std::vector<std::size_t>{256}));
-    Empty();
+    EXPECT_EQ(LineLengths(Nodes()), (std::vector<std::size_t>{256}));
+    test::ClearDatabase();
     AddTransmitters({std::string(149, 'a'), std::string(100, 'b')});
-    EXPECT_EQ(LineLengths(vexil::BuildNodeList()), (std::vector<std::size_t>{107, 149}));
+    EXPECT_EQ(LineLengths(Nodes()), (std::vector<std::size_t>{107, 149}));
 }
 
-TEST_F(BuildNodeList, WrapsInFrontOfAFirstNameOf250Characters) {
+TEST_F(NodeList, WrapsInFrontOfAFirstNameOf250Characters) {
     AddTransmitters({std::string(249, 'a')});
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ :  " + std::string(249, 'a'));
-    Empty();
+    EXPECT_EQ(Nodes(), "BU_ :  " + std::string(249, 'a'));
+    test::ClearDatabase();
     AddTransmitters({std::string(250, 'a')});
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ : \n" + std::string(250, 'a'));
+    EXPECT_EQ(Nodes(), "BU_ : \n" + std::string(250, 'a'));
 }
 
-TEST_F(BuildNodeList, WrapsByThePassedMultipleOf256AndNotByTheLine) {
+TEST_F(NodeList, WrapsByThePassedMultipleOf256AndNotByTheLine) {
     // The first name reaches far past the mark of the first wrap, and each wrap moves the mark by
     // 256 only.
     AddTransmitters({std::string(600, 'd'), "c", "b", "a"});
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ : \n" + std::string(600, 'd') + "\nc b a");
-    Empty();
+    EXPECT_EQ(Nodes(), "BU_ : \n" + std::string(600, 'd') + "\nc b a");
+    test::ClearDatabase();
     AddTransmitters({std::string(900, 'd'), "c", "b", "a"});
-    EXPECT_EQ(vexil::BuildNodeList(), "BU_ : \n" + std::string(900, 'd') + "\nc\nb a");
+    EXPECT_EQ(Nodes(), "BU_ : \n" + std::string(900, 'd') + "\nc\nb a");
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 // Tests of write/unique_names.cpp.
 // SPDX-License-Identifier: MIT
-#include <gtest/gtest.h>
-
 #include <random>
 
 #include "support/unique_names_twin.h"
@@ -14,88 +12,92 @@ using Names = std::vector<std::string>;
 
 const std::string Base27 = "Abcdefghijklmnopqrstuvwxyz_";
 
-std::shared_ptr<CANSignal> Signal(std::string_view name, bool hasNameSuffix = false) {
-    auto signal = test::NewSignal(name);
-    signal->hasNameSuffix = hasNameSuffix;
-    return signal;
-}
+class UniqueNamesTest : public test::ModelTest {
+  protected:
+    // A signal of its own.
+    static CANSignal& Signal(std::string_view name, bool hasNameSuffix = false) {
+        CANMessage message;
+        CANSignal& signal = AddSignal(message, name);
+        signal.hasNameSuffix = hasNameSuffix;
+        return signal;
+    }
 
-TEST(AddUniqueSuffix, WritesTheIndexOverTheLastDigits) {
+    static bool AddSuffix(CANSignal& signal, std::uint32_t index) {
+        return signal.AddUniqueSuffix(database.arena, index);
+    }
+};
+
+using AddUniqueSuffix = UniqueNamesTest;
+using BaseName = UniqueNamesTest;
+
+TEST_F(AddUniqueSuffix, WritesTheIndexOverTheLastDigits) {
     const std::pair<std::uint32_t, std::string_view> cases[] = {
         {0, "S_0000"},  {1, "S_0001"},   {9, "S_0009"},    {10, "S_0010"},
         {42, "S_0042"}, {999, "S_0999"}, {1000, "S_1000"}, {9999, "S_9999"},
     };
     for (const auto& [index, name] : cases) {
-        const auto signal = Signal("S");
-        EXPECT_TRUE(signal->AddUniqueSuffix(index));
-        EXPECT_EQ(signal->name, name);
-        EXPECT_TRUE(signal->hasNameSuffix);
+        CANSignal& signal = Signal("S");
+        EXPECT_TRUE(AddSuffix(signal, index));
+        EXPECT_EQ(signal.name, name);
+        EXPECT_TRUE(signal.hasNameSuffix);
     }
 }
 
-TEST(AddUniqueSuffix, RefusesAnIndexOf10000AndMore) {
+TEST_F(AddUniqueSuffix, RefusesAnIndexOf10000AndMore) {
     for (const std::uint32_t index : {10000U, 10001U, 4294967295U}) {
-        const auto signal = Signal("S");
-        EXPECT_FALSE(signal->AddUniqueSuffix(index));
-        EXPECT_EQ(signal->name, "S");
-        EXPECT_FALSE(signal->hasNameSuffix);
+        CANSignal& signal = Signal("S");
+        EXPECT_FALSE(AddSuffix(signal, index));
+        EXPECT_EQ(signal.name, "S");
+        EXPECT_FALSE(signal.hasNameSuffix);
     }
 }
 
-TEST(AddUniqueSuffix, RefusesAnEmptySignal) {
-    const auto signal = Signal("S");
-    signal->isEmpty = true;
-    EXPECT_FALSE(signal->AddUniqueSuffix(0));
-    EXPECT_EQ(signal->name, "S");
-    EXPECT_FALSE(signal->hasNameSuffix);
-}
-
-TEST(AddUniqueSuffix, KeepsTheNameWithin32Characters) {
+TEST_F(AddUniqueSuffix, KeepsTheNameWithin32Characters) {
     const std::string letters = Base27 + "12345";
     for (std::size_t size = 26; size <= 32; ++size) {
-        const auto signal = Signal(letters.substr(0, size));
-        EXPECT_TRUE(signal->AddUniqueSuffix(7));
-        EXPECT_EQ(signal->name, letters.substr(0, std::min<std::size_t>(size, 27)) + "_0007")
+        CANSignal& signal = Signal(letters.substr(0, size));
+        EXPECT_TRUE(AddSuffix(signal, 7));
+        EXPECT_EQ(signal.name, letters.substr(0, std::min<std::size_t>(size, 27)) + "_0007")
             << size;
     }
 }
 
-TEST(AddUniqueSuffix, GivesANameWithoutCharactersASuffixAlone) {
-    const auto signal = Signal("");
-    EXPECT_TRUE(signal->AddUniqueSuffix(3));
-    EXPECT_EQ(signal->name, "_0003");
+TEST_F(AddUniqueSuffix, GivesANameWithoutCharactersASuffixAlone) {
+    CANSignal& signal = Signal("");
+    EXPECT_TRUE(AddSuffix(signal, 3));
+    EXPECT_EQ(signal.name, "_0003");
 }
 
-TEST(AddUniqueSuffix, ReplacesASuffixThatItGave) {
-    const auto signal = Signal("S_0007", true);
-    EXPECT_TRUE(signal->AddUniqueSuffix(12));
-    EXPECT_EQ(signal->name, "S_0012");
-    const auto longest = Signal(Base27 + "_0007", true);
-    EXPECT_TRUE(longest->AddUniqueSuffix(8));
-    EXPECT_EQ(longest->name, Base27 + "_0008");
+TEST_F(AddUniqueSuffix, ReplacesASuffixThatItGave) {
+    CANSignal& signal = Signal("S_0007", true);
+    EXPECT_TRUE(AddSuffix(signal, 12));
+    EXPECT_EQ(signal.name, "S_0012");
+    CANSignal& longest = Signal(Base27 + "_0007", true);
+    EXPECT_TRUE(AddSuffix(longest, 8));
+    EXPECT_EQ(longest.name, Base27 + "_0008");
     // One that the name had from the start is part of the name.
-    const auto plain = Signal("S_0007");
-    EXPECT_TRUE(plain->AddUniqueSuffix(12));
-    EXPECT_EQ(plain->name, "S_0007_0012");
+    CANSignal& plain = Signal("S_0007");
+    EXPECT_TRUE(AddSuffix(plain, 12));
+    EXPECT_EQ(plain.name, "S_0007_0012");
 }
 
-TEST(AddUniqueSuffix, ChangesNothingButTheName) {
-    const auto signal = Signal("S");
-    signal->longName = "Long";
-    signal->rawName = "Raw";
-    signal->AddUniqueSuffix(0);
-    EXPECT_EQ(signal->longName, "Long");
-    EXPECT_EQ(signal->rawName, "Raw");
+TEST_F(AddUniqueSuffix, ChangesNothingButTheName) {
+    CANSignal& signal = Signal("S");
+    signal.longName = "Long";
+    signal.rawName = "Raw";
+    AddSuffix(signal, 0);
+    EXPECT_EQ(signal.longName, "Long");
+    EXPECT_EQ(signal.rawName, "Raw");
 }
 
-TEST(BaseName, IsTheNameWithoutTheSuffixThatItWasGiven) {
-    EXPECT_EQ(Signal("S_0007", true)->BaseName(), "S");
-    EXPECT_EQ(Signal("S_0007", false)->BaseName(), "S_0007");
-    EXPECT_EQ(Signal("_0000", true)->BaseName(), "");
-    EXPECT_EQ(Signal("")->BaseName(), "");
+TEST_F(BaseName, IsTheNameWithoutTheSuffixThatItWasGiven) {
+    EXPECT_EQ(Signal("S_0007", true).BaseName(), "S");
+    EXPECT_EQ(Signal("S_0007", false).BaseName(), "S_0007");
+    EXPECT_EQ(Signal("_0000", true).BaseName(), "");
+    EXPECT_EQ(Signal("").BaseName(), "");
 }
 
-class MakeSignalNamesUnique : public test::ModelTest {
+class MakeSignalNamesUnique : public UniqueNamesTest {
   protected:
     static CANMessage& MessageWith(const Names& names) {
         CANMessage& message = AddMessage(1, "M");
@@ -113,7 +115,8 @@ class MakeSignalNamesUnique : public test::ModelTest {
     static void ExpectPasses(const Names& names, const std::vector<Pass>& passes) {
         CANMessage& message = MessageWith(names);
         for (std::size_t at = 0; at < passes.size(); ++at) {
-            EXPECT_EQ(message.MakeSignalNamesUnique(), passes[at].foundDuplicate) << "pass " << at;
+            EXPECT_EQ(message.MakeSignalNamesUnique(database.arena), passes[at].foundDuplicate)
+                << "pass " << at;
             EXPECT_EQ(SignalNames(message), passes[at].names) << "pass " << at;
         }
     }
@@ -161,15 +164,15 @@ TEST_F(MakeSignalNamesUnique, LeavesTheNamesOfOtherMessages) {
     CANMessage& second = AddMessage(1, "M");
     AddSignal(first, "A");
     AddSignal(second, "A");
-    EXPECT_FALSE(first.MakeSignalNamesUnique());
-    EXPECT_FALSE(second.MakeSignalNamesUnique());
+    EXPECT_FALSE(first.MakeSignalNamesUnique(database.arena));
+    EXPECT_FALSE(second.MakeSignalNamesUnique(database.arena));
     EXPECT_EQ(SignalNames(first), (Names{"A"}));
     EXPECT_EQ(SignalNames(second), (Names{"A"}));
 }
 
 TEST_F(MakeSignalNamesUnique, KeepsLongNamesAndMarksTheSuffix) {
     CANMessage& message = MessageWith({"A", "A", "B"});
-    message.MakeSignalNamesUnique();
+    message.MakeSignalNamesUnique(database.arena);
     EXPECT_EQ(message.signals[0]->longName, "A");
     EXPECT_EQ(message.signals[1]->rawName, "A");
     EXPECT_TRUE(message.signals[0]->hasNameSuffix);
@@ -218,51 +221,33 @@ TEST_F(MakeSignalNamesUnique, MixesACutGroupWithTheNameThatItWasCutTo) {
 
 TEST_F(MakeSignalNamesUnique, GivesASignalThatCameLaterTheNextFreePlace) {
     CANMessage& message = MessageWith({"A", "A"});
-    message.MakeSignalNamesUnique();
+    message.MakeSignalNamesUnique(database.arena);
     AddSignal(message, "B");
     AddSignal(message, "A");
-    EXPECT_TRUE(message.MakeSignalNamesUnique());
+    EXPECT_TRUE(message.MakeSignalNamesUnique(database.arena));
     EXPECT_EQ(SignalNames(message), (Names{"A_0000", "A_0001", "B", "A_0002"}));
 }
 
 TEST_F(MakeSignalNamesUnique, NumbersAfreshWhenASignalCameInBetween) {
     CANMessage& message = MessageWith({"A", "A"});
-    message.MakeSignalNamesUnique();
+    message.MakeSignalNamesUnique(database.arena);
     AddSignal(message, "A");
     std::swap(message.signals[0], message.signals[2]);
-    EXPECT_TRUE(message.MakeSignalNamesUnique());
+    EXPECT_TRUE(message.MakeSignalNamesUnique(database.arena));
     EXPECT_EQ(SignalNames(message), (Names{"A_0000", "A_0001", "A_0002"}));
     EXPECT_TRUE(message.signals[0]->hasNameSuffix);
 }
 
-TEST_F(MakeSignalNamesUnique, KeepsASuffixWithoutItsGroup) {
-    CANMessage& message = MessageWith({"A", "A"});
-    message.MakeSignalNamesUnique();
-    message.signals.erase(message.signals.begin());
-    EXPECT_FALSE(message.MakeSignalNamesUnique());
-    EXPECT_EQ(SignalNames(message), (Names{"A_0001"}));
-}
-
-TEST_F(MakeSignalNamesUnique, CountsAnEmptySignalAndLeavesItsName) {
-    CANMessage& message = MessageWith({"A", "A", "A"});
-    message.signals[1]->isEmpty = true;
-    EXPECT_TRUE(message.MakeSignalNamesUnique());
-    EXPECT_EQ(SignalNames(message), (Names{"A_0000", "A", "A_0002"}));
-    message.signals[0]->isEmpty = true;
-    EXPECT_TRUE(message.MakeSignalNamesUnique());
-    EXPECT_EQ(SignalNames(message), (Names{"A_0000", "A", "A_0002"}));
-}
-
 TEST_F(MakeSignalNamesUnique, NumbersAFullMessage) {
     CANMessage& message = MessageWith(Names(MaxSignalsPerMessage, "A"));
-    EXPECT_TRUE(message.MakeSignalNamesUnique());
-    EXPECT_EQ(message.signals.front()->name, "A_0000");
-    EXPECT_EQ(message.signals.back()->name, "A_9999");
+    EXPECT_TRUE(message.MakeSignalNamesUnique(database.arena));
+    EXPECT_EQ(message.signals[0]->name, "A_0000");
+    EXPECT_EQ(message.signals[9999]->name, "A_9999");
 }
 
 TEST_F(MakeSignalNamesUnique, HasNoSuffixForMoreThan10000Signals) {
     CANMessage& message = MessageWith(Names(MaxSignalsPerMessage + 2, "A"));
-    EXPECT_TRUE(message.MakeSignalNamesUnique());
+    EXPECT_TRUE(message.MakeSignalNamesUnique(database.arena));
     EXPECT_EQ(message.signals[9999]->name, "A_9999");
     EXPECT_EQ(message.signals[10000]->name, "A");
     EXPECT_EQ(message.signals[10001]->name, "A");
@@ -293,7 +278,7 @@ class RandomNames {
     }
 
     test::TwinSignal Signal() {
-        test::TwinSignal signal{Name(), false, Below(20) == 0};
+        test::TwinSignal signal{Name(), false};
         if (Below(3) == 0) {
             signal.name = signal.name.substr(0, 27) + "_000" + static_cast<char>('0' + Below(4));
             signal.hasNameSuffix = true;
@@ -316,16 +301,12 @@ TEST_F(MakeSignalNamesUnique, IsThePlainStepsOnRandomNames) {
         CANMessage message;
         for (test::TwinSignal& twin : twins) {
             twin = random.Signal();
-            auto signal = std::make_shared<CANSignal>();
-            signal->name = twin.name;
-            signal->hasNameSuffix = twin.hasNameSuffix;
-            signal->isEmpty = twin.isEmpty;
-            message.signals.push_back(signal);
+            AddSignal(message, twin.name).hasNameSuffix = twin.hasNameSuffix;
         }
         for (int pass = 0; pass < 4; ++pass) {
             const std::vector<test::TwinSignal> before = twins;
             const bool twinFound = TwinMakeSignalNamesUnique(twins);
-            ASSERT_EQ(message.MakeSignalNamesUnique(), twinFound)
+            ASSERT_EQ(message.MakeSignalNamesUnique(database.arena), twinFound)
                 << "seed " << Seed << ", round " << round << ", pass " << pass;
             for (std::size_t at = 0; at < twins.size(); ++at) {
                 const CANSignal& signal = *message.signals[at];

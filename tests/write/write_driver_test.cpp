@@ -2,83 +2,52 @@
 // SPDX-License-Identifier: MIT
 #include "write/write_driver.h"
 
-#include <gtest/gtest.h>
-
 #ifdef __linux__
 #include <sys/resource.h>
 
 #include <csignal>
 #endif
 
+#include <algorithm>
+
 #include "write/model.h"
+#include "write/sections.h"
 
 namespace vexil {
 namespace {
 
+using test::ReadText;
 using test::ReadTextFile;
 using test::Text;
 using test::WriteBytes;
 
-// The first 34 lines, the same in every file.
-std::string Head() {
-    return Text({
-        "VERSION \"\"",
-        "",
-        "NS_ :",
-        "    NS_DESC_",
-        "    CM_",
-        "    BA_DEF_",
-        "    BA_",
-        "    VAL_",
-        "    CAT_DEF_",
-        "    CAT_",
-        "    FILTER",
-        "    BA_DEF_DEF_",
-        "    EV_DATA_",
-        "    ENVVAR_DATA_",
-        "    SGTYPE_",
-        "    SGTYPE_VAL_",
-        "    BA_DEF_SGTYPE_",
-        "    BA_SGTYPE_",
-        "    SIG_TYPE_REF_",
-        "    VAL_TABLE_",
-        "    SIG_GROUP_",
-        "    SIG_VALTYPE_",
-        "    SIGTYPE_VALTYPE_",
-        "    BO_TX_BU_",
-        "    BA_DEF_REL_",
-        "    BA_REL_",
-        "    BA_DEF_DEF_REL_",
-        "    BU_SG_REL_",
-        "    BU_EV_REL_",
-        "    BU_BO_REL_",
-        "    SG_MUL_VAL_",
-        "",
-        "BS_ :",
-        "",
-    });
-}
+// A file without its first 34 lines, by sections.
+const std::string Messages =
+    "BU_ :  Marrowby ECU1 ABS\n"
+    "\n"
+    "BO_ 291 Engine: 8 ECU1\n"
+    " SG_ Speed : 0|16@1+ (0.1,0) [0|6553.5] \"km/h\" ABS\n"
+    " SG_ Temp : 16|32@1- (1,0) [0|0] \"\" Marrowby\n"
+    "\n";
+const std::string Comments =
+    "CM_ BO_ 291 \"Main data\";\n"
+    "CM_ SG_ 291 Speed \"Vehicle speed\";\n";
+const std::string Attributes =
+    "BA_DEF_ \"BusType\" STRING ;\n"
+    "BA_DEF_ BO_ \"Marrowby_Msg_Name\" STRING ;\n"
+    "BA_DEF_DEF_ \"BusType\" \"CAN FD\";\n"
+    "BA_DEF_DEF_ \"Marrowby_Msg_Name\" \"\";\n"
+    "BA_ \"Marrowby_Msg_Name\" BO_ 291 \"Engine data\";\n";
+const std::string Values = "VAL_ 291 Speed 0 \"Off\" 1 \"On\";\n";
+const std::string Types = "SIG_VALTYPE_ 291 Temp : 1;\n";
 
 class WriteDbcFile : public test::ModelTest {
   protected:
-    // One message with two signals that brings a line of every section but the attributes.
-    static void AddSmallDatabase() {
-        CANMessage& message = AddMessage(291, "Engine", "ECU1");
-        message.dlc = 8;
-        message.comment = "Main data";
-        CANSignal& speed = AddSignal(message, "Speed", {"ABS"});
-        speed.bitLength = 16;
-        speed.factor = 0.1;
-        speed.maximum = 6553.5;
-        speed.unit = "km/h";
-        speed.comment = "Vehicle speed";
-        test::Describe(speed, {{0, "Off"}, {1, "On"}});
-        CANSignal& temp = AddSignal(message, "Temp");
-        temp.startBit = 16;
-        temp.bitLength = 32;
-        temp.valueType = ValueFloat32;
-        temp.factor = 1;
-    }
+    // The first lines, the same in every file.
+    std::string Head() const { return Written(WriteVersionAndSymbols) + Written(WriteBitTiming); }
+
+    // One message that brings a line of every section but the attributes.
+    static void ReadSmallDatabase() { ReadText(Messages + Comments + Values + Types); }
 
     // A message whose two signals get suffixes when a write gets that far.
     static CANMessage& AddDuplicates() {
@@ -103,73 +72,17 @@ class WriteDbcFile : public test::ModelTest {
     }
 };
 
-TEST_F(WriteDbcFile, WritesEverySectionInItsPlace) {
-    AddSmallDatabase();
-    const std::string file = WrittenFile();
-    EXPECT_EQ(file, Head() + Text({
-                                 "BU_ :  Marrowby ECU1 ABS",
-                                 "",
-                                 "BO_ 291 Engine: 8 ECU1",
-                                 " SG_ Speed : 0|16@1+ (0.1,0) [0|6553.5] \"km/h\" ABS",
-                                 " SG_ Temp : 16|32@1- (1,0) [0|0] \"\" Marrowby",
-                                 "",
-                                 "CM_ BO_ 291 \"Main data\";",
-                                 "CM_ SG_ 291 Speed \"Vehicle speed\";",
-                                 "VAL_ 291 Speed 0 \"Off\" 1 \"On\";",
-                                 "SIG_VALTYPE_ 291 Temp : 1;",
-                             }));
-    EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 44);
-}
-
-TEST_F(WriteDbcFile, LeavesNothingOfEmptySections) {
-    AddSmallDatabase();
-    CANMessage& message = *database.messages.front();
-    message.comment.Clear();
-    message.signals[0]->comment.Clear();
-    message.signals[0]->enums.Clear();
-    message.signals[1]->valueType = ValueSigned;
-    EXPECT_EQ(WrittenFile(), Head() + Text({
-                                          "BU_ :  Marrowby ECU1 ABS",
-                                          "",
-                                          "BO_ 291 Engine: 8 ECU1",
-                                          " SG_ Speed : 0|16@1+ (0.1,0) [0|6553.5] \"km/h\" ABS",
-                                          " SG_ Temp : 16|32@1- (1,0) [0|0] \"\" Marrowby",
-                                          "",
-                                      }));
-}
-
-TEST_F(WriteDbcFile, PutsAttributesBetweenCommentsAndValueDescriptions) {
-    AddSmallDatabase();
-    database.messages.front()->longName = "Engine data";
-    database.info.busType = BusCanFd;
-    EXPECT_EQ(WrittenFile(), Head() + Text({
-                                          "BU_ :  Marrowby ECU1 ABS",
-                                          "",
-                                          "BO_ 291 Engine: 8 ECU1",
-                                          " SG_ Speed : 0|16@1+ (0.1,0) [0|6553.5] \"km/h\" ABS",
-                                          " SG_ Temp : 16|32@1- (1,0) [0|0] \"\" Marrowby",
-                                          "",
-                                          "CM_ BO_ 291 \"Main data\";",
-                                          "CM_ SG_ 291 Speed \"Vehicle speed\";",
-                                          "BA_DEF_ \"BusType\" STRING ;",
-                                          "BA_DEF_ BO_ \"Marrowby_Msg_Name\" STRING ;",
-                                          "BA_DEF_DEF_ \"BusType\" \"CAN FD\";",
-                                          "BA_DEF_DEF_ \"Marrowby_Msg_Name\" \"\";",
-                                          "BA_ \"Marrowby_Msg_Name\" BO_ 291 \"Engine data\";",
-                                          "VAL_ 291 Speed 0 \"Off\" 1 \"On\";",
-                                          "SIG_VALTYPE_ 291 Temp : 1;",
-                                      }));
+TEST_F(WriteDbcFile, WritesEverySectionInItsPlaceAndNothingOfEmptyOnes) {
+    const std::string head = Head();
+    EXPECT_EQ(std::count(head.begin(), head.end(), '\n'), 34);
+    for (const std::string& body : {Messages, Messages + Comments + Values + Types,
+                                    Messages + Comments + Attributes + Values + Types}) {
+        ReadText(body);
+        EXPECT_EQ(WrittenFile(), head + body);
+    }
 }
 
 TEST_F(WriteDbcFile, HandsTheWriteOrderToEverySectionBehindTheNodeList) {
-    for (const auto& [id, name] : {std::pair{5U, "B"}, std::pair{100U, "C"}, std::pair{7U, "A"}}) {
-        CANMessage& message = AddMessage(id, name, std::string("N") + name);
-        message.longName = std::string("long ") + name;
-        test::Describe(AddSignal(message, "S", {"N"}), {{0, name}});
-        CANSignal& other = AddSignal(message, "F", {"N"});
-        other.valueType = ValueFloat32;
-        other.comment = name;
-    }
     const auto file = [](std::initializer_list<std::pair<int, char>> order) {
         std::string blocks;
         std::string comments;
@@ -180,30 +93,23 @@ TEST_F(WriteDbcFile, HandsTheWriteOrderToEverySectionBehindTheNodeList) {
             const std::string id = std::to_string(number);
             blocks += "BO_ " + id + ' ' + letter + ": 0 N" + letter +
                       "\n SG_ S : 0|0@1+ (0,0) [0|0] \"\" N\n"
-                      " SG_ F : 0|0@1- (0,0) [0|0] \"\" N\n\n";
+                      " SG_ F : 0|32@1- (0,0) [0|0] \"\" N\n\n";
             comments += "\nCM_ SG_ " + id + " F \"" + letter + "\";\n";
             names += "BA_ \"Marrowby_Msg_Name\" BO_ " + id + " \"long " + letter + "\";\n";
             values += "VAL_ " + id + " S 0 \"" + letter + "\";\n";
             types += "SIG_VALTYPE_ " + id + " F : 1;\n";
         }
-        return Head() + "BU_ :  NC NB NA N\n\n" + blocks + comments +
+        return "BU_ :  NC NB NA N\n\n" + blocks + comments +
                "BA_DEF_ BO_ \"Marrowby_Msg_Name\" STRING ;\n"
                "BA_DEF_DEF_ \"Marrowby_Msg_Name\" \"\";\n" +
                names + values + types;
     };
-    EXPECT_EQ(WrittenFile(0), file({{100, 'C'}, {7, 'A'}, {5, 'B'}}));
-    EXPECT_EQ(WrittenFile(1), file({{7, 'A'}, {5, 'B'}, {100, 'C'}}));
-    EXPECT_EQ(WrittenFile(2), file({{5, 'B'}, {100, 'C'}, {7, 'A'}}));
-    EXPECT_EQ(WrittenFile(7), file({{5, 'B'}, {100, 'C'}, {7, 'A'}}));
-}
-
-TEST_F(WriteDbcFile, LeavesTheOrderOfTheDatabase) {
-    AddMessage(5, "B");
-    AddMessage(100, "A");
-    WrittenFile(OrderByIdDescending);
-    WrittenFile(OrderByNameAscending);
-    EXPECT_EQ(database.messages[0]->id, 5U);
-    EXPECT_EQ(database.messages[1]->id, 100U);
+    const std::string stored = file({{5, 'B'}, {100, 'C'}, {7, 'A'}});
+    ReadText(stored);
+    EXPECT_EQ(WrittenFile(0), Head() + file({{100, 'C'}, {7, 'A'}, {5, 'B'}}));
+    EXPECT_EQ(WrittenFile(1), Head() + file({{7, 'A'}, {5, 'B'}, {100, 'C'}}));
+    EXPECT_EQ(WrittenFile(2), Head() + stored);
+    EXPECT_EQ(WrittenFile(7), Head() + stored);
 }
 
 TEST_F(WriteDbcFile, MakesSignalNamesUniqueForGood) {
@@ -228,7 +134,7 @@ TEST_F(WriteDbcFile, MakesSignalNamesUniqueForGood) {
 
 TEST_F(WriteDbcFile, MakesTheNamesOfEveryMessageUniqueUnderEveryOrder) {
     for (const std::uint32_t order : {0U, 1U, 2U}) {
-        Empty();
+        test::ClearDatabase();
         const CANMessage& first = AddDuplicates();
         const CANMessage& second = AddDuplicates();
         WrittenFile(order);
@@ -338,7 +244,7 @@ TEST_F(WriteDbcFileToAFullDisk, FailsAndKeepsTheNewNames) {
 }
 
 TEST_F(WriteDbcFileToAFullDisk, LeavesTheBeginningOfTheNewFile) {
-    AddSmallDatabase();
+    ReadSmallDatabase();
     const std::string whole = WrittenFile();
     const std::string path = folder.File("cut.dbc");
     const std::size_t lastLine = whole.rfind('\n', whole.size() - 2) + 1;
@@ -352,7 +258,7 @@ TEST_F(WriteDbcFileToAFullDisk, LeavesTheBeginningOfTheNewFile) {
 }
 
 TEST_F(WriteDbcFileToAFullDisk, SucceedsWithAStreamErrorWhenOnlyTheLastLineFails) {
-    AddSmallDatabase();
+    ReadSmallDatabase();
     const std::string whole = WrittenFile();
     const std::string path = folder.File("cut.dbc");
     const std::size_t lastLine = whole.rfind('\n', whole.size() - 2) + 1;
@@ -375,7 +281,7 @@ TEST_F(WriteDbcFileToAFullDisk, SucceedsWhenTheAttributesAreTheLastLineThatFails
 }
 
 TEST_F(WriteDbcFileToAFullDisk, WorksAgainAfterwards) {
-    AddSmallDatabase();
+    ReadSmallDatabase();
     const std::string whole = WrittenFile();
     EXPECT_EQ(Write("/dev/full"), (WriteResult{false, 8}));
     EXPECT_EQ(WrittenFile(), whole);

@@ -9,15 +9,19 @@
 namespace vexil {
 namespace {
 
-using test::NewMessage;
+CANMessage NewMessage(std::uint32_t id, std::string_view name) {
+    CANMessage message;
+    message.id = id;
+    message.name = name;
+    return message;
+}
 
 TEST(CompareByIdDescending, ComparesUnsignedIds) {
-    EXPECT_TRUE(CompareByIdDescending(*NewMessage(2, "A"), *NewMessage(1, "B")));
-    EXPECT_FALSE(CompareByIdDescending(*NewMessage(1, "A"), *NewMessage(2, "B")));
-    EXPECT_FALSE(CompareByIdDescending(*NewMessage(1, "A"), *NewMessage(1, "B")));
-    EXPECT_TRUE(
-        CompareByIdDescending(*NewMessage(2147483648U, "A"), *NewMessage(2147483647U, "A")));
-    EXPECT_TRUE(CompareByIdDescending(*NewMessage(4294967295U, "A"), *NewMessage(0, "A")));
+    EXPECT_TRUE(CompareByIdDescending(NewMessage(2, "A"), NewMessage(1, "B")));
+    EXPECT_FALSE(CompareByIdDescending(NewMessage(1, "A"), NewMessage(2, "B")));
+    EXPECT_FALSE(CompareByIdDescending(NewMessage(1, "A"), NewMessage(1, "B")));
+    EXPECT_TRUE(CompareByIdDescending(NewMessage(2147483648U, "A"), NewMessage(2147483647U, "A")));
+    EXPECT_TRUE(CompareByIdDescending(NewMessage(4294967295U, "A"), NewMessage(0, "A")));
 }
 
 TEST(CompareByNameAscending, ComparesUnsignedBytesAndThenLengths) {
@@ -26,19 +30,18 @@ TEST(CompareByNameAscending, ComparesUnsignedBytesAndThenLengths) {
         {"A9", "A_"}, {"Abc", "Ac"}, {"z", "\xC3\xA4"}, {"\x7F", "\x80"},
     };
     for (const auto& [first, second] : ascending) {
-        EXPECT_TRUE(CompareByNameAscending(*NewMessage(9, first), *NewMessage(1, second))) << first;
-        EXPECT_FALSE(CompareByNameAscending(*NewMessage(1, second), *NewMessage(9, first)))
-            << first;
+        EXPECT_TRUE(CompareByNameAscending(NewMessage(9, first), NewMessage(1, second))) << first;
+        EXPECT_FALSE(CompareByNameAscending(NewMessage(1, second), NewMessage(9, first))) << first;
     }
-    EXPECT_FALSE(CompareByNameAscending(*NewMessage(1, "A"), *NewMessage(2, "A")));
+    EXPECT_FALSE(CompareByNameAscending(NewMessage(1, "A"), NewMessage(2, "A")));
 }
 
 TEST(CompareByNameAscending, LeavesTheLongNameOut) {
-    const auto a = NewMessage(1, "A");
-    const auto b = NewMessage(1, "B");
-    a->longName = "last";
-    b->longName = "first";
-    EXPECT_TRUE(CompareByNameAscending(*a, *b));
+    CANMessage a = NewMessage(1, "A");
+    CANMessage b = NewMessage(1, "B");
+    a.longName = "last";
+    b.longName = "first";
+    EXPECT_TRUE(CompareByNameAscending(a, b));
 }
 
 class MessagesInOrder : public test::ModelTest {
@@ -46,8 +49,8 @@ class MessagesInOrder : public test::ModelTest {
     // The order of the messages under an option, told by their transmitters.
     static std::string Order(std::uint32_t option) {
         std::string told;
-        for (const auto& message : vexil::MessagesInOrder(database.messages, option)) {
-            told += message->transmitter + ' ';
+        for (const CANMessage* message : vexil::MessagesInOrder(database.messages, option)) {
+            told.append(message->transmitter).append(" ");
         }
         return told;
     }
@@ -101,7 +104,7 @@ TEST_F(MessagesInOrder, LeavesTheDatabaseAsItStands) {
 
 TEST_F(MessagesInOrder, RefersToTheMessagesOfTheDatabase) {
     AddMessage(5, "B");
-    EXPECT_EQ(vexil::MessagesInOrder(database.messages, 0).front(), database.messages.front());
+    EXPECT_EQ(vexil::MessagesInOrder(database.messages, 0).front(), &database.messages[0]);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@ void Banned(int* number) {
     std::cout << "text" << std::endl;
     std::printf("text");
     int* other = new int(5);
+    other = ::new int(5);
     delete number;
     std::abort();
     std::exit(1);

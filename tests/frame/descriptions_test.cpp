@@ -1,0 +1,223 @@
+// Tests of Descriptions: the texts by value, whatever statements and records they come from.
+// SPDX-License-Identifier: MIT
+#include "frame/descriptions.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <map>
+#include <random>
+#include <string>
+#include <string_view>
+
+#include "frame/enums_of.h"
+
+namespace vexil {
+namespace {
+
+using test::EnumPairs;
+using test::EnumsOf;
+
+constexpr std::int32_t smallest = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
+
+class DescriptionsTest : public testing::Test {
+  protected:
+    // Gives the notes one more statement. Precondition: nobody has looked at them yet.
+    void AddStatement(Notes& notes, std::string_view text) {
+        Note** end = &notes.statements;
+        while (*end != nullptr) {
+            end = &(*end)->next;
+        }
+        *end = arena.New<Note>(arena.Keep(text));
+    }
+
+    void Append(Notes& notes, std::int32_t value, std::string_view text) {
+        notes.added = arena.New<AddedDescription>(value, arena.Keep(text), notes.added);
+    }
+
+    // What a look at the notes shows, after those before it.
+    EnumPairs Look(const Notes& notes) {
+        descriptions.LookAt(notes);
+        return EnumsOf(descriptions);
+    }
+
+    EnumPairs OfStatement(std::string_view text) {
+        Notes notes;
+        AddStatement(notes, text);
+        return EnumsOf(notes);
+    }
+
+    Arena arena;
+    Descriptions descriptions;
+};
+
+TEST_F(DescriptionsTest, AreNoneOfNotesThatAreNew) {
+    EXPECT_EQ(descriptions.Count(), 0U);
+    EXPECT_EQ(Look(Notes()), EnumPairs{});
+}
+
+TEST_F(DescriptionsTest, ArePairsOfANumberAndAQuotedText) {
+    EXPECT_EQ(OfStatement(" 2 \"two\" 0 \"zero\" 1 \"one\" ;\n"),
+              (EnumPairs{{0, "zero"}, {1, "one"}, {2, "two"}}));
+    EXPECT_EQ(OfStatement("\n+1 ohm\t\"T\xc3\xbcr\nb\" -1\"\";"),
+              (EnumPairs{{-1, ""}, {1, "T\xc3\xbcr\nb"}}));
+    for (const std::string_view text : {"", " ", " ;", " 1 ;", " x ;"}) {
+        EXPECT_EQ(OfStatement(text), EnumPairs{}) << text;
+    }
+}
+
+TEST_F(DescriptionsTest, ShiftByAQuoteWhereNoNumberIs) {
+    EXPECT_EQ(OfStatement(" x \"1\" 2 \"3\" 4 \""), (EnumPairs{{1, " 2 "}, {3, " 4 "}}));
+    EXPECT_EQ(OfStatement(" x \"1\" 2 \"b\";"), (EnumPairs{{1, " 2 "}}));
+    EXPECT_EQ(OfStatement(" 2147483648 \"x\" 1 \"a\";"), (EnumPairs{{1, "a"}}));
+    EXPECT_EQ(OfStatement("\"\"1\"a\""), (EnumPairs{{1, "a"}}));
+    EXPECT_EQ(OfStatement(" x \"y"), EnumPairs{});
+    EXPECT_EQ(OfStatement(" x \"1"), EnumPairs{});
+}
+
+TEST_F(DescriptionsTest, AreEmptyWhereTheStatementEndsAfterAnOpeningQuote) {
+    EXPECT_EQ(OfStatement(" 1 \"a\" 2 \""), (EnumPairs{{1, "a"}, {2, ""}}));
+    EXPECT_EQ(OfStatement(" 1 \"a\" 2 \"cut off ;\n"), (EnumPairs{{1, "a"}, {2, ""}}));
+}
+
+TEST_F(DescriptionsTest, AreInTheOrderOfTheSignedValues) {
+    Notes notes;
+    for (const std::int32_t value : {0, 2, largest, -1, smallest, 1}) {
+        Append(notes, value, std::to_string(value));
+    }
+    EXPECT_EQ(Look(notes), (EnumPairs{{smallest, "-2147483648"},
+                                      {-1, "-1"},
+                                      {0, "0"},
+                                      {1, "1"},
+                                      {2, "2"},
+                                      {largest, "2147483647"}}));
+}
+
+TEST_F(DescriptionsTest, JoinTheTextsOfAValueInTheOrderInWhichTheyCame) {
+    Notes notes;
+    AddStatement(notes, " 3 \"a\" 1 \"\" 3 \"b\"");
+    AddStatement(notes, " 3 \"c\" 1 \"off\"");
+    Append(notes, 3, "");
+    Append(notes, 1, "say \"off\"");
+    Append(notes, 3, "d");
+    EXPECT_EQ(Look(notes), (EnumPairs{{1, " - off - say \"off\""}, {3, "a - b - c -  - d"}}));
+}
+
+TEST_F(DescriptionsTest, TakeWhatWasAppendedSinceTheLastLook) {
+    Notes notes;
+    AddStatement(notes, " 2 \"a\" 4 \"b\"");
+    EXPECT_EQ(Look(notes), (EnumPairs{{2, "a"}, {4, "b"}}));
+    Append(notes, 5, "c");
+    Append(notes, 4, "d");
+    EXPECT_EQ(Look(notes), (EnumPairs{{2, "a"}, {4, "b - d"}, {5, "c"}}));
+    EXPECT_EQ(Look(notes), (EnumPairs{{2, "a"}, {4, "b - d"}, {5, "c"}}));
+    Append(notes, 5, "e");
+    EXPECT_EQ(Look(notes), (EnumPairs{{2, "a"}, {4, "b - d"}, {5, "c - e"}}));
+    Append(notes, 2, "f");
+    Append(notes, 1, "g");
+    EXPECT_EQ(Look(notes), (EnumPairs{{1, "g"}, {2, "a - f"}, {4, "b - d"}, {5, "c - e"}}));
+}
+
+TEST_F(DescriptionsTest, AreThoseOfTheSignalThatIsLookedAt) {
+    Notes first;
+    AddStatement(first, " 1 \"a\"");
+    AddStatement(first, " 1 \"b\"");
+    Notes late;  // has the second statement of the first alone
+    late.statements = first.statements->next;
+    Notes twin = first;
+    Notes other;
+    for (int round = 0; round < 3; ++round) {
+        Append(twin, 2, "t");
+        Append(other, 3, "o");
+        std::string twinText = "t";
+        std::string otherText = "o";
+        for (int earlier = 0; earlier < round; ++earlier) {
+            twinText += " - t";
+            otherText += " - o";
+        }
+        EXPECT_EQ(Look(first), (EnumPairs{{1, "a - b"}}));
+        EXPECT_EQ(Look(twin), (EnumPairs{{1, "a - b"}, {2, twinText}}));
+        EXPECT_EQ(Look(first), (EnumPairs{{1, "a - b"}}));
+        EXPECT_EQ(Look(late), (EnumPairs{{1, "b"}}));
+        EXPECT_EQ(Look(other), (EnumPairs{{3, otherText}}));
+        EXPECT_EQ(Look(Notes()), EnumPairs{});
+    }
+}
+
+TEST_F(DescriptionsTest, AreWrittenAsAStatementHasThem) {
+    Notes notes;
+    LineBuffer line;
+    line.Append("VAL_ 5 S");
+    descriptions.LookAt(notes);
+    descriptions.AppendAll(line);
+    EXPECT_EQ(line.Text(), "VAL_ 5 S");
+    AddStatement(notes, " 2147483647 \"a\" -1 \"b\" 0 \"\" -1 \"c\";");
+    descriptions.LookAt(notes);
+    descriptions.AppendAll(line);
+    EXPECT_EQ(line.Text(), "VAL_ 5 S -1 \"b - c\" 0 \"\" 2147483647 \"a\"");
+}
+
+TEST_F(DescriptionsTest, StopBetweenTwoTextsThatAreEnough) {
+    Notes notes;
+    AddStatement(notes, " 1 \"aa\" 1 \"bb\" 1 \"cc\"");
+    descriptions.LookAt(notes);
+    LineBuffer scratch;
+    scratch.Append("of an earlier call");
+    EXPECT_EQ(descriptions.Text(0, scratch, 2), "aa");
+    EXPECT_EQ(descriptions.Text(0, scratch, 3), "aa - bb");
+    EXPECT_EQ(descriptions.Text(0, scratch, 7), "aa - bb");
+    EXPECT_EQ(descriptions.Text(0, scratch, 8), "aa - bb - cc");
+}
+
+TEST_F(DescriptionsTest, CopyNothingWhereAValueHasOneText) {
+    Notes notes;
+    Append(notes, 1, "a");
+    Append(notes, 2, "b");
+    descriptions.LookAt(notes);
+    LineBuffer scratch;
+    EXPECT_EQ(descriptions.Text(0, scratch, 1).data(), notes.added->earlier->text.data());
+    EXPECT_EQ(descriptions.Text(1, scratch, 1).data(), notes.added->text.data());
+    EXPECT_EQ(scratch.Text(), "");
+}
+
+// Which shows when the text changes, as it does when the memory of the notes goes to others.
+TEST_F(DescriptionsTest, AreKeptForTheNextLookUntilClear) {
+    Notes notes;
+    AddStatement(notes, " 1 \"a\"");
+    EXPECT_EQ(Look(notes), (EnumPairs{{1, "a"}}));
+    notes.statements->text = " 2 \"b\" 1 \"c\"";
+    EXPECT_EQ(Look(notes), (EnumPairs{{1, "a"}}));
+    Append(notes, 1, "d");
+    EXPECT_EQ(Look(notes), (EnumPairs{{1, "a - d"}}));
+    descriptions.Clear();
+    EXPECT_EQ(descriptions.Count(), 0U);
+    EXPECT_EQ(Look(notes), (EnumPairs{{1, "c - d"}, {2, "b"}}));
+}
+
+// Against a map, with looks in between.
+TEST_F(DescriptionsTest, AreThoseOfAMapWhateverTheOrder) {
+    for (std::uint32_t seed = 1; seed <= 500 && !HasFailure(); ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        std::mt19937 random(seed);
+        const std::size_t values = seed % 10 == 0 ? 200 : 10;
+        Notes notes;
+        std::map<std::int32_t, std::string> expected;
+        for (std::size_t count = random() % (values * 3); count > 0; --count) {
+            const std::int32_t value = static_cast<std::int32_t>(random() % values) - 5;
+            const std::string text(1, static_cast<char>('a' + random() % 26));
+            const auto [entry, isNew] = expected.try_emplace(value, text);
+            if (!isNew) {
+                entry->second += " - " + text;
+            }
+            Append(notes, value, text);
+            if (random() % (values / 2) == 0) {
+                EXPECT_EQ(Look(notes), EnumPairs(expected.begin(), expected.end()));
+            }
+        }
+        EXPECT_EQ(Look(notes), EnumPairs(expected.begin(), expected.end()));
+    }
+}
+
+}  // namespace
+}  // namespace vexil
