@@ -46,18 +46,6 @@ void Descriptions::LookAt(const Notes& notes) {
     isValid = true;
 }
 
-void Descriptions::AppendAll(LineBuffer& line) const {
-    for (std::size_t at = 0; at < pairs.size(); ++at) {
-        if (at > 0 && pairs[at].value == pairs[at - 1].value) {
-            line.Append(Separator);
-        } else {
-            line.Append(at == 0 ? " " : "\" ", pairs[at].value, " \"");
-        }
-        line.Append(pairs[at].text);
-    }
-    line.Append(pairs.empty() ? "" : "\"");
-}
-
 std::string_view Descriptions::Text(std::size_t position, LineBuffer& scratch,
                                     std::size_t enough) const {
     std::size_t at = runs[position];

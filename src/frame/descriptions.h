@@ -32,10 +32,6 @@ class Descriptions {
     // The value at a position in ascending order.
     std::int32_t ValueAt(std::size_t position) const { return pairs[runs[position]].value; }
 
-    // Appends all values with their texts in the form of a VAL_ statement: a blank, the value, a
-    // blank and the text in double quotes.
-    void AppendAll(LineBuffer& line) const;
-
     // Returns the text of the value at a position: all texts that describe the value, in the order
     // in which they came, with " - " between them. A view into the notes or into scratch.
     //   enough  how many bytes the caller looks at; the rest may be missing.

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "text/keyed_hash.h"
 
-#include <bit>
 #include <chrono>
 #include <cstring>
+#include <functional>
 
 namespace vexil {
 namespace {
@@ -24,19 +24,19 @@ std::uint64_t Spread(std::uint64_t number) noexcept {
     return number ^ (number >> 31U);
 }
 
-// What an attacker cannot know: where the process has its data, and when it was started.
+// What an attacker cannot know: when the process was started, and where it has its data.
 struct Secret {
-    Secret() noexcept
+    explicit Secret(const void* place) noexcept
         : start(Spread(static_cast<std::uint64_t>(
               std::chrono::steady_clock::now().time_since_epoch().count()))),
-          factor(Spread(start ^ std::bit_cast<std::uintptr_t>(this)) | 1U) {}
+          factor(Spread(start + std::hash<const void*>{}(place)) | 1U) {}
 
     std::uint64_t start;
     std::uint64_t factor;
 };
 
 const Secret& ProcessSecret() noexcept {
-    static const Secret secret;
+    static const Secret secret(&secret);
     return secret;
 }
 

@@ -4,6 +4,9 @@
 //   VAL_ id name number "text" number "text";
 //   SIG_VALTYPE_ id name : number;
 // SPDX-License-Identifier: MIT
+#include <charconv>
+#include <limits>
+
 #include "frame/can_database.h"
 #include "text/constants.h"
 #include "write/sections.h"
@@ -13,6 +16,55 @@ namespace {
 
 bool IsFloat(const CANSignal& signal) {
     return signal.valueType == ValueFloat32 || signal.valueType == ValueFloat64;
+}
+
+// Whether text is a number between two blanks, as it is written.
+bool IsWrittenNumber(std::string_view text, std::int32_t& value) {
+    if (text.size() < 3 || text.front() != ' ' || text.back() != ' ') {
+        return false;
+    }
+    const char* const first = text.data() + 1;
+    const char* const end = text.data() + text.size() - 1;
+    const auto [after, error] = std::from_chars(first, end, value);
+    const char leading = *first == '-' ? first[1] : *first;
+    return error == std::errc() && after == end && (leading != '0' || end - first == 1);
+}
+
+// The value descriptions of a statement that has them just as they are written, which spares taking
+// them apart: ascending values, and one blank where there may be more. Nothing of any other one.
+std::string_view WrittenPairs(std::string_view statement) {
+    std::int64_t last = std::numeric_limits<std::int64_t>::min();
+    Position end = 0;
+    for (Position quote = 0; (quote = statement.find('"', end)) != npos;) {
+        std::int32_t value = 0;
+        if (!IsWrittenNumber(statement.substr(end, quote - end), value) || value <= last) {
+            return {};
+        }
+        last = value;
+        end = statement.find('"', quote + 1) + 1;
+        if (end == 0) {
+            return {};
+        }
+    }
+    return statement.substr(0, end);
+}
+
+// Appends the value descriptions of a signal in ascending order of the values.
+void AppendPairs(LineBuffer& line, const CANSignal& signal) {
+    const Note* const statement = signal.notes.statements;
+    if (statement != nullptr && statement->next == nullptr && signal.notes.added == nullptr) {
+        const std::string_view written = WrittenPairs(statement->text);
+        if (!written.empty()) {
+            line.Append(written);
+            return;
+        }
+    }
+    const Descriptions& descriptions = database.DescriptionsOf(signal);
+    LineBuffer scratch;
+    for (std::size_t at = 0; at < descriptions.Count(); ++at) {
+        line.Append(" ", descriptions.ValueAt(at), " \"", descriptions.Text(at, scratch, npos),
+                    "\"");
+    }
 }
 
 // keyword id name
@@ -46,16 +98,18 @@ void WriteSignalValueTypes(StatementFile& file, const MessageList& messages) {
 }
 
 void CANSignal::AppendValueDescription(LineBuffer& line, std::uint32_t messageId) const {
-    if (IsFloat(*this)) {
+    if (IsFloat(*this) || (notes.statements == nullptr && notes.added == nullptr)) {
         return;
     }
-    const Descriptions& descriptions = database.DescriptionsOf(*this);
-    if (descriptions.Count() == 0) {
-        return;
-    }
+    const std::size_t start = line.Size();
     AppendLineHead(line, keyword::VAL_, messageId, name);
-    descriptions.AppendAll(line);
-    line.Append(";");
+    const std::size_t afterName = line.Size();
+    AppendPairs(line, *this);
+    if (line.Size() == afterName) {
+        line.Cut(start);
+    } else {
+        line.Append(";");
+    }
 }
 
 void CANSignal::AppendSignalValueType(LineBuffer& line, std::uint32_t messageId) const {

@@ -145,19 +145,6 @@ TEST_F(DescriptionsTest, AreThoseOfTheSignalThatIsLookedAt) {
     }
 }
 
-TEST_F(DescriptionsTest, AreWrittenAsAStatementHasThem) {
-    Notes notes;
-    LineBuffer line;
-    line.Append("VAL_ 5 S");
-    descriptions.LookAt(notes);
-    descriptions.AppendAll(line);
-    EXPECT_EQ(line.Text(), "VAL_ 5 S");
-    AddStatement(notes, " 2147483647 \"a\" -1 \"b\" 0 \"\" -1 \"c\";");
-    descriptions.LookAt(notes);
-    descriptions.AppendAll(line);
-    EXPECT_EQ(line.Text(), "VAL_ 5 S -1 \"b - c\" 0 \"\" 2147483647 \"a\"");
-}
-
 TEST_F(DescriptionsTest, StopBetweenTwoTextsThatAreEnough) {
     Notes notes;
     AddStatement(notes, " 1 \"aa\" 1 \"bb\" 1 \"cc\"");

@@ -44,6 +44,52 @@ TEST_F(ValueSections, TellValuesInAscendingOrder) {
     }
 }
 
+// What a statement has as it is written is copied; all else is put into that form.
+TEST_F(ValueSections, TellStatementsInOneForm) {
+    const std::pair<std::string_view, std::string_view> cases[] = {
+        {" -2147483648 \"\" -1 \"a\" 0 \"b  c\" 2147483647 \"d\" ; x",
+         " -2147483648 \"\" -1 \"a\" 0 \"b  c\" 2147483647 \"d\";\n"},
+        {" 01 \"a\"", " 1 \"a\";\n"},
+        {" 00 \"a\"", " 0 \"a\";\n"},
+        {" -0 \"a\"", " 0 \"a\";\n"},
+        {" -01 \"a\"", " -1 \"a\";\n"},
+        {" +1 \"a\"", " 1 \"a\";\n"},
+        {"  1 \"a\"", " 1 \"a\";\n"},
+        {"1 \"a\"", " 1 \"a\";\n"},
+        {" 1\"a\"", " 1 \"a\";\n"},
+        {" 1  \"a\"", " 1 \"a\";\n"},
+        {"\n1 \"a\"", " 1 \"a\";\n"},
+        {" 1\n\"a\"", " 1 \"a\";\n"},
+        {" 1 V \"a\"", " 1 \"a\";\n"},
+        {" 1 \"a\"  2 \"b\"", " 1 \"a\" 2 \"b\";\n"},
+        {" 1 \"a\" 1 \"b\"", " 1 \"a - b\";\n"},
+        {" 1 \"a\" 2 \"b", " 1 \"a\" 2 \"\";\n"},
+        {" 1 \"a\" x \"2\" 3 \"", " 1 \"a\" 2 \" 3 \";\n"},
+        {" 2147483648 \"a\" 1 \"b\"", " 1 \"b\";\n"},
+    };
+    for (const auto& [statement, values] : cases) {
+        test::ClearDatabase();
+        AddValues(AddMessage(5, "M"), "S", ValueUnsigned, statement);
+        EXPECT_EQ(ValueLines(), std::string("VAL_ 5 S").append(values)) << statement;
+    }
+    for (const std::string_view statement : {" ;", " 1 ;", " x \"y", " \"", "\"\"", " \"\" ;"}) {
+        test::ClearDatabase();
+        AddValues(AddMessage(5, "M"), "S", ValueUnsigned, statement);
+        EXPECT_EQ(ValueLines(), "") << statement;
+    }
+}
+
+TEST_F(ValueSections, JoinStatementsAndWhatAHostAppended) {
+    CANMessage& message = AddMessage(5, "M");
+    CANSignal& appended = AddValues(message, "A", ValueUnsigned, " 1 \"a\" 3 \"c\"");
+    CanEnumRecord record{2, "b"};
+    EXPECT_TRUE(appended.AddEnum(database.arena, &record));
+    CANSignal& twice = AddValues(message, "T", ValueUnsigned, " 1 \"a\" 3 \"c\"");
+    twice.notes.statements->next = database.arena.New<Note>(" 1 \"d\" 4 \"e\"");
+    EXPECT_EQ(ValueLines(),
+              Text({"VAL_ 5 A 1 \"a\" 2 \"b\" 3 \"c\";", "VAL_ 5 T 1 \"a - d\" 3 \"c\" 4 \"e\";"}));
+}
+
 // A record of a host may bring any type and any text.
 TEST_F(ValueSections, TellDescriptionsOfIntegersAndTypesOfFloats) {
     struct Case {
