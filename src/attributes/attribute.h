@@ -57,7 +57,7 @@ struct Attribute {
 struct AttributeValue {
     const Attribute* definition = nullptr;  // never null in a table
     std::string_view signalName = {};
-    AttributeContent content;
+    AttributeContent content = {};
     std::uint32_t messageId = 0;
 };
 

@@ -53,11 +53,7 @@ void AddMessageNames(AttributeTable& table, const MessageList& messages) {
         if (definition == nullptr) {
             definition = DefineName(table, attribute::Marrowby_Msg_Name, AttributeObjectKind::Msg);
         }
-        AttributeValue name;
-        name.definition = definition;
-        name.messageId = message->id;
-        name.content.stringValue = message->longName;
-        table.AddValue(name);
+        table.AddValue({definition, {}, {.stringValue = message->longName}, message->id});
     }
 }
 
@@ -72,12 +68,8 @@ void AddSignalNames(AttributeTable& table, const MessageList& messages) {
                 definition =
                     DefineName(table, attribute::Marrowby_Sig_Name, AttributeObjectKind::Sig);
             }
-            AttributeValue name;
-            name.definition = definition;
-            name.messageId = message->id;
-            name.signalName = signal->name;
-            name.content.stringValue = signal->longName;
-            table.AddValue(name);
+            table.AddValue(
+                {definition, signal->name, {.stringValue = signal->longName}, message->id});
         }
     }
 }

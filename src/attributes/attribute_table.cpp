@@ -17,11 +17,6 @@ std::size_t HashOf(const AttributeValue& value) {
                      value.signalName);
 }
 
-bool IsOfSameOwner(const AttributeValue& a, const AttributeValue& b) {
-    return a.messageId == b.messageId && a.definition == b.definition &&
-           a.signalName == b.signalName;
-}
-
 }  // namespace
 
 const Attribute* AttributeTable::FindDefinition(std::string_view name, AttributeObjectKind kind,
@@ -37,10 +32,7 @@ const Attribute* AttributeTable::FindDefinition(std::string_view name, Attribute
 const AttributeValue* AttributeTable::FindValue(const Attribute& definition,
                                                 std::uint32_t messageId,
                                                 std::string_view signalName) {
-    AttributeValue wanted;
-    wanted.definition = &definition;
-    wanted.messageId = messageId;
-    wanted.signalName = signalName;
+    const AttributeValue wanted{&definition, signalName, {}, messageId};
     const std::uint32_t* place = PlaceOf(wanted, HashOf(wanted));
     return place == nullptr ? nullptr : &values[*place];
 }
@@ -67,8 +59,11 @@ void AttributeTable::ClearEntries() {
 }
 
 std::uint32_t* AttributeTable::PlaceOf(const AttributeValue& wanted, std::size_t hash) {
-    return index.Find(
-        hash, [&](std::uint32_t position) { return IsOfSameOwner(values[position], wanted); });
+    return index.Find(hash, [&](std::uint32_t position) {
+        const AttributeValue& value = values[position];
+        return value.messageId == wanted.messageId && value.definition == wanted.definition &&
+               value.signalName == wanted.signalName;
+    });
 }
 
 }  // namespace vexil

@@ -3,6 +3,7 @@
 #include "attributes/attribute_text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -11,38 +12,24 @@
 namespace vexil {
 namespace {
 
-void AppendQuoted(LineBuffer& line, std::string_view text) {
-    line.Append("\"", text, "\"");
-}
-
-// The keyword of the owner kind with a blank behind it; nothing for the network.
+// The keyword of the owner kind with a blank after it; nothing for the network.
 std::string_view OwnerKeyword(AttributeObjectKind kind) {
-    switch (kind) {
-        case AttributeObjectKind::Msg:
-            return "BO_ ";
-        case AttributeObjectKind::Sig:
-            return "SG_ ";
-        case AttributeObjectKind::Gen:
-            break;
-    }
-    return {};
+    constexpr std::array<std::string_view, 3> Keywords = {"", "BO_ ", "SG_ "};
+    return Keywords[static_cast<std::size_t>(kind)];
 }
 
 void AppendEnumType(LineBuffer& line, const Attribute& definition) {
     line.Append("ENUM");
     std::string_view separator = " ";
     for (const std::string_view entry : definition.enumValues) {
-        line.Append(separator);
-        AppendQuoted(line, entry);
+        line.Append(separator, "\"", entry, "\"");
         separator = ",";
     }
 }
 
 // Whether lines can be written: an unsupported type has none.
 bool HasType(const Attribute& definition) {
-    return definition.valueType == AttributeValueType::Int ||
-           definition.valueType == AttributeValueType::Enum ||
-           definition.valueType == AttributeValueType::Str;
+    return definition.valueType != AttributeValueType::Unsup;
 }
 
 void AppendType(LineBuffer& line, const Attribute& definition) {
@@ -69,9 +56,9 @@ void AppendContent(LineBuffer& line, const Attribute& definition, const Attribut
     if (definition.valueType == AttributeValueType::Int) {
         line.Append(content.intValue);
     } else if (definition.valueType == AttributeValueType::Str) {
-        AppendQuoted(line, content.stringValue);
+        line.Append("\"", content.stringValue, "\"");
     } else if (enumForm == EnumForm::Text) {
-        AppendQuoted(line, *definition.EnumText(content));
+        line.Append("\"", *definition.EnumText(content), "\"");
     } else {
         line.Append(content.enumIndex);
     }
@@ -80,9 +67,7 @@ void AppendContent(LineBuffer& line, const Attribute& definition, const Attribut
 // Appends: keyword owner "name" and a blank.
 void AppendLineHead(LineBuffer& line, std::string_view keyword, std::string_view owner,
                     const Attribute& definition) {
-    line.Append(keyword, " ", owner);
-    AppendQuoted(line, definition.name);
-    line.Append(" ");
+    line.Append(keyword, " ", owner, "\"", definition.name, "\" ");
 }
 
 // Appends the line that append makes, with its end; nothing when append makes none.

@@ -61,7 +61,7 @@ constexpr std::array statementKinds = {
 constexpr std::array<Handler, KeywordCount> handlers = [] {
     std::array<Handler, KeywordCount> byRow{};
     for (const StatementKind& kind : statementKinds) {
-        byRow[RowOf(kind.keyword)] = kind.handler;
+        byRow[KeywordRowOf(kind.keyword)] = kind.handler;
     }
     return byRow;
 }();

@@ -18,6 +18,7 @@ void Arena::AddChunk(std::size_t size) {
     const std::size_t rounded = (size + Alignment - 1) / Alignment * Alignment;
     const std::size_t chunkSize = std::max(ordinary, rounded + sizeof(Chunk));
     void* memory = source->allocate(chunkSize, Alignment);
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): Release gives it back
     chunks = ::new (memory) Chunk{chunks, chunkSize};
     next = static_cast<std::byte*>(memory) + sizeof(Chunk);
     room = chunkSize - sizeof(Chunk);

@@ -56,6 +56,7 @@ void CloseDescriptor(int descriptor) {
 int OpenDescriptor(const std::string& path, OpenMode mode) {
     const int access = mode == OpenMode::Read ? O_RDONLY : O_WRONLY | O_CREAT | O_TRUNC;
     constexpr mode_t Permissions = 0666;  // less what the process masks out
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system has it so
     return open(path.c_str(), access | O_CLOEXEC, Permissions);
 }
 
@@ -103,21 +104,23 @@ bool File::Open(const std::string& path, OpenMode mode) {
     return IsOpen();
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): the file moves on
 std::ptrdiff_t File::Read(std::span<char> room) noexcept {
     const std::size_t size = std::min(room.size(), LargestTransfer);
     return Uninterrupted([&] { return ReadOnce(descriptor, room.data(), size); });
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): the file changes
 std::size_t File::Write(std::string_view text) noexcept {
     std::size_t written = 0;
     while (written < text.size()) {
         const std::size_t size = std::min(text.size() - written, LargestTransfer);
-        const std::ptrdiff_t count = WriteOnce(descriptor, text.data() + written, size);
-        if (count > 0) {
-            written += static_cast<std::size_t>(count);
-        } else if (count == 0 || errno != EINTR) {
+        const std::ptrdiff_t count =
+            Uninterrupted([&] { return WriteOnce(descriptor, text.data() + written, size); });
+        if (count <= 0) {
             break;
         }
+        written += static_cast<std::size_t>(count);
     }
     return written;
 }

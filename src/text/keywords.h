@@ -44,13 +44,12 @@ inline constexpr std::array<KeywordRow, KeywordCount> keywordTable = [] {
     return table;
 }();
 
-// The row of a keyword, at compile time.
-constexpr std::size_t RowOf(std::string_view keyword) {
-    std::size_t row = 0;
-    while (keywordTable[row].keyword != keyword) {
-        ++row;
-    }
-    return row;
+// The row of the token in the table; KeywordCount when it is no keyword.
+constexpr std::size_t KeywordRowOf(std::string_view token) {
+    const auto* const row =
+        std::find_if(keywordTable.begin(), keywordTable.end(),
+                     [token](const KeywordRow& candidate) { return candidate.keyword == token; });
+    return static_cast<std::size_t>(row - keywordTable.begin());
 }
 
 inline constexpr std::size_t LongestKeyword = 16;
@@ -63,9 +62,6 @@ constexpr bool MayEndKeyword(char ch) noexcept {
 static_assert(std::all_of(keywordTable.begin(), keywordTable.end(), [](const KeywordRow& row) {
     return MayEndKeyword(row.keyword.back()) && row.keyword.size() <= LongestKeyword;
 }));
-
-// The row of the token in the table; KeywordCount when it is no keyword.
-std::size_t KeywordRowOf(std::string_view token);
 
 // Whether the next token of text at or behind from is keyword, with white space behind it; the end
 // of the text does not count as white space.

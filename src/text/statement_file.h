@@ -51,6 +51,15 @@ class StatementFile {
     // offset: the position of its first character.
     std::size_t KeywordBefore(std::size_t mark, std::size_t& offset) const;
 
+    // Whether the next mark ends its line.
+    bool IsAtLineEnd() const { return blocks.At(blocks.Marks()[nextMark]) == '\n'; }
+
+    void SkipToLineEnd() {
+        while (!IsAtLineEnd()) {
+            ++nextMark;
+        }
+    }
+
     // Finds the first line with a keyword, and drops the text before the keyword.
     bool FindFirstKeyword();
 

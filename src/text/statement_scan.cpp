@@ -58,14 +58,13 @@ bool StatementFile::FindFirstKeyword() {
             return false;
         }
         for (bool isLineEnd = false; !isLineEnd; ++nextMark) {
-            const std::size_t mark = blocks.Marks()[nextMark];
             std::size_t offset = 0;
-            keywordRow = KeywordBefore(mark, offset);
+            keywordRow = KeywordBefore(blocks.Marks()[nextMark], offset);
             if (keywordRow != KeywordCount) {
                 keywordOffset = offset;
                 return true;
             }
-            isLineEnd = blocks.At(mark) == '\n';
+            isLineEnd = IsAtLineEnd();
         }
     }
 }
@@ -77,9 +76,8 @@ bool StatementFile::NextStatement() {
     statementKeyword = keywordRow;
     bool wantsSemicolon = keywordTable[keywordRow].needsSemicolon;
     for (;;) {
-        std::size_t mark = blocks.Marks()[nextMark];
         std::size_t offset = 0;
-        const std::size_t row = KeywordBefore(mark, offset);
+        const std::size_t row = KeywordBefore(blocks.Marks()[nextMark], offset);
         if (row != KeywordCount && offset != keywordOffset) {
             if (!wantsSemicolon || EndsInSemicolon(blocks.Text(keywordOffset, offset))) {
                 statement = blocks.Text(keywordOffset, offset);
@@ -87,15 +85,13 @@ bool StatementFile::NextStatement() {
                 keywordRow = row;
                 keywordPending = true;
                 // A mark that ends the line, too, is still to be looked at.
-                nextMark += blocks.At(mark) != '\n' ? 1 : 0;
+                nextMark += IsAtLineEnd() ? 0 : 1;
                 return true;
             }
             wantsSemicolon = false;
-            while (blocks.At(mark) != '\n') {
-                mark = blocks.Marks()[++nextMark];
-            }
+            SkipToLineEnd();
         }
-        ++nextMark;
+        const std::size_t mark = blocks.Marks()[nextMark++];
         if (blocks.At(mark) == '\n') {
             std::size_t end = mark + 1;
             if (end - keywordOffset <= StatementLimit) {

@@ -31,9 +31,10 @@ bool AppendShortDecimal(LineBuffer& line, double number) {
         return true;
     }
     std::uint32_t scale = 10000;
-    for (double limit = 1e6; magnitude >= limit; limit *= 10) {
+    for (std::uint64_t limit = 1000000; whole >= limit; limit *= 10) {
         scale /= 10;
     }
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): what comes out wrong is refused
     const auto scaled = static_cast<std::uint64_t>(magnitude * scale + 0.5);
     if (static_cast<double>(scaled) / scale != magnitude) {
         return false;

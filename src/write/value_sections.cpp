@@ -36,15 +36,14 @@ std::string_view WrittenPairs(std::string_view statement) {
     std::int64_t last = std::numeric_limits<std::int64_t>::min();
     Position end = 0;
     for (Position quote = 0; (quote = statement.find('"', end)) != npos;) {
+        const Position close = statement.find('"', quote + 1);
         std::int32_t value = 0;
-        if (!IsWrittenNumber(statement.substr(end, quote - end), value) || value <= last) {
+        if (close == npos || !IsWrittenNumber(statement.substr(end, quote - end), value) ||
+            value <= last) {
             return {};
         }
         last = value;
-        end = statement.find('"', quote + 1) + 1;
-        if (end == 0) {
-            return {};
-        }
+        end = close + 1;
     }
     return statement.substr(0, end);
 }

@@ -19,15 +19,15 @@ MessageList MessagesInOrder(const PagedList<CANMessage>& messages, std::uint32_t
     for (std::size_t at = 0; at < ordered.size(); ++at) {
         ordered[at] = &messages[at];
     }
-    if (order == OrderByIdDescending) {
+    const auto sortBy = [&](auto comesBefore) {
         std::stable_sort(
             ordered.begin(), ordered.end(),
-            [](const CANMessage* a, const CANMessage* b) { return CompareByIdDescending(*a, *b); });
+            [&](const CANMessage* a, const CANMessage* b) { return comesBefore(*a, *b); });
+    };
+    if (order == OrderByIdDescending) {
+        sortBy(CompareByIdDescending);
     } else if (order == OrderByNameAscending) {
-        std::stable_sort(ordered.begin(), ordered.end(),
-                         [](const CANMessage* a, const CANMessage* b) {
-                             return CompareByNameAscending(*a, *b);
-                         });
+        sortBy(CompareByNameAscending);
     }
     return ordered;
 }

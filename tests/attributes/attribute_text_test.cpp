@@ -130,13 +130,11 @@ TEST(AttributeLines, AreEmptyWithoutAnEntryAtTheIndexOfAnEnum) {
 }
 
 TEST(AttributeLines, AreEmptyForATypeThatHasNone) {
-    for (const auto type : {Unsup, static_cast<AttributeValueType>(4)}) {
-        for (const AttributeObjectKind kind : Kinds) {
-            const Attribute attribute = MakeAttribute(kind, "A", type);
-            EXPECT_EQ(DefinitionLine(attribute), "");
-            EXPECT_EQ(DefaultLine(attribute), "");
-            EXPECT_EQ(ValueLine(attribute, 5, "S"), "");
-        }
+    for (const AttributeObjectKind kind : Kinds) {
+        const Attribute attribute = MakeAttribute(kind, "A", Unsup);
+        EXPECT_EQ(DefinitionLine(attribute), "");
+        EXPECT_EQ(DefaultLine(attribute), "");
+        EXPECT_EQ(ValueLine(attribute, 5, "S"), "");
     }
 }
 
