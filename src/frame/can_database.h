@@ -45,8 +45,8 @@ class CANDatabase {
     std::size_t oldestLook = 0;
 };
 
-// The one instance, made when the library is loaded and destroyed when it is unloaded. Making it
-// needs no memory, so that a load cannot fail for want of it.
-extern CANDatabase database;
+// The one instance, made when the library is loaded, which needs no memory and so cannot fail, and
+// emptied when it is unloaded.
+extern CANDatabase& database;
 
 }  // namespace vexil

@@ -4,15 +4,13 @@
 
 #include <utf8.h>
 
+#include <array>
+
 namespace vexil {
 namespace {
 
 bool IsValid(std::string_view text) {
     return IsAscii(text) || utf8::is_valid(text.begin(), text.end());
-}
-
-unsigned char ByteFromEnd(std::string_view text, std::size_t distance) {
-    return static_cast<unsigned char>(text[text.size() - distance]);
 }
 
 }  // namespace
@@ -41,29 +39,19 @@ bool Utf8FitLength(std::string_view text, std::uint64_t bufferSize, std::uint64_
         length = size;
         return true;
     }
-    // The span may end inside a character: behind its lead byte, or one or two bytes further on.
-    if (size == 1) {
-        return true;
+    // The span may end inside a character: after its lead byte, or one or two bytes further on.
+    constexpr std::array<unsigned char, 3> LeadBytes = {0xC0, 0xE0, 0xF0};
+    for (std::size_t cut = 1; cut <= LeadBytes.size(); ++cut) {
+        if (size == cut) {
+            return true;
+        }
+        const auto lead = static_cast<unsigned char>(span[size - cut]);
+        if (lead >= LeadBytes[cut - 1] && IsValid(span.substr(0, size - cut))) {
+            length = size - cut;
+            return true;
+        }
     }
-    if (ByteFromEnd(span, 1) >= 0xC0 && IsValid(span.substr(0, size - 1))) {
-        length = size - 1;
-        return true;
-    }
-    if (size == 2) {
-        return true;
-    }
-    if (ByteFromEnd(span, 2) >= 0xE0 && IsValid(span.substr(0, size - 2))) {
-        length = size - 2;
-        return true;
-    }
-    if (size == 3) {
-        return true;
-    }
-    if (ByteFromEnd(span, 3) < 0xF0 || !IsValid(span.substr(0, size - 3))) {
-        return false;
-    }
-    length = size - 3;
-    return true;
+    return false;
 }
 
 bool CopyUtf8Text(std::string_view& out, const char* buffer, std::uint64_t bufferSize) {

@@ -120,6 +120,21 @@ TEST_F(VexilWriteDbcFileTest, WritesTheSameAfterItWasRead) {
     EXPECT_EQ(ReadTextFile(path), first);
 }
 
+// As docs/format.md says: each of the two comment lines reaches both messages.
+TEST_F(VexilWriteDbcFileTest, DoublesTheCommentsOfTwoMessagesOfOneIdWithEachTrip) {
+    AppendMessage({.id = 1, .longName = "A", .comment = "x"});
+    AppendMessage({.id = 1, .longName = "B", .comment = "y"});
+    std::string joined = "xy";
+    for (int trip = 0; trip < 5; ++trip) {
+        EXPECT_EQ(Write(path, OrderAsStored), Success);
+        EXPECT_EQ(Read(path), Success);
+        EXPECT_EQ(Write(path), Success);
+        const std::string line = "CM_ BO_ 1 \"" + joined + "\";";
+        EXPECT_EQ(LinesWith("CM_"), (Lines{line, line}));
+        joined += joined;
+    }
+}
+
 TEST_F(VexilWriteDbcFileTest, ChangesNothingInTheDatabaseButNamesOfSignals) {
     SetInfo({ProtocolJ1939, BusCanFd});
     AppendMessage({.id = 2, .longName = "T\xc3\xbcr", .comment = "\"x\""});

@@ -4,6 +4,7 @@
 #include <malloc.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <memory_resource>
@@ -122,6 +123,31 @@ TEST_F(LoadingTest, TakesNoMemoryFromTheDefaultResource) {
     EXPECT_EQ(library->Write(output), StateClosed);
     library->ClearData();
     EXPECT_TRUE(test::ReadBytes(output) == expectedFile);
+}
+
+// A handler that was registered before the library was loaded runs after the library has gone.
+TEST_F(LoadingTest, LeavesAnEmptyDatabaseToExitHandlers) {
+    static const LoadedLibrary* library = nullptr;
+    static std::string path;
+    path = input;
+    const auto callAtExit = [] {
+        const bool isEmpty = library->GetNumCanMessages() == 0 && library->GetNumCanErrors() == 0;
+        const bool isUsable = library->Read(path) == StateClosed &&
+                              library->Write(path) == StateClosed &&
+                              library->GetNumCanMessages() != 0;
+        library->ClearData();
+        std::_Exit(isEmpty && isUsable && library->GetNumCanMessages() == 0 ? 7 : 8);
+    };
+    EXPECT_EXIT(
+        {
+            std::atexit(callAtExit);
+            const LoadedLibrary loaded;
+            library = &loaded;
+            if (loaded.Read(path) == StateClosed && loaded.GetNumCanMessages() != 0) {
+                std::exit(0);
+            }
+        },
+        testing::ExitedWithCode(7), "");
 }
 
 // How many regions of memory the process has.

@@ -301,7 +301,7 @@ Shape Bounded(Shape shape, std::vector<Bound> bounds) {
 
 std::vector<Shape> OwnerShapes() {
     // One text for all owners, which a written file repeats for each.
-    const std::vector<Bound> repeated = {{Phase::Write, Unit::WrittenByte, 20}};
+    const std::vector<Bound> repeated = {{Phase::Write, Unit::WrittenByte, 20, 0, 256 * KiB}};
     return {
         ForOneSignal("CommentsOfAMessage", "", "CM_ BO_ 1 \"text\";\n", ""),
         ForOneSignal("CommentsOfASignal", "", "CM_ SG_ 1 S \"text\";\n", ""),
@@ -331,7 +331,7 @@ std::vector<Shape> OwnerShapes() {
         Statements("CommentsForNestedNames", NestedName, Comment),
         // A statement means every name that it begins with, and each of them is compared with it.
         Bounded(Statements("ValueTypesForNestedNames", NestedName, ValueType),
-                {{Phase::Read, Unit::InputByteToThreeHalves, 0.3, 0, 16 * MiB}}),
+                {{Phase::Read, Unit::InputByteToThreeHalves, 0.3, 0, 4 * MiB}}),
         Statements("StatementsForLateDifferences", LateDifference, AllThree, true),
         Statements("StatementsForLongBeginnings", LongBeginning, AllThree, true),
         Statements("StatementsForNamesOfManyWords", NameOfManyWords, AllThree, true),
@@ -346,7 +346,7 @@ std::vector<Shape> OwnerShapes() {
                     "CommentsForOneName", [](std::size_t) { return "S"; }, Comment),
                 repeated),
         Bounded(Statements("DescriptionsForNestedNames", NestedName, Description, true),
-                {{Phase::Read, Unit::InputByteToThreeHalves, 0.3, 0, 16 * MiB},
+                {{Phase::Read, Unit::InputByteToThreeHalves, 0.3, 0, 4 * MiB},
                  {Phase::FirstDescriptions, Unit::InputByteToThreeHalves, 0.4},
                  {Phase::Fetch, Unit::InputByteToThreeHalves, 0.4},
                  {Phase::Write, Unit::InputByteToThreeHalves, 0.4}}),

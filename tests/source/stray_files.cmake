@@ -1,0 +1,29 @@
+# Checks that tracked_files.cmake finds each kind of stray file.
+#   cmake -DCHECK=... -DWORK=... -P stray_files.cmake
+cmake_minimum_required(VERSION 3.25)
+file(REMOVE_RECURSE "${WORK}")
+string(REPEAT "x" 65536 largest)
+foreach(good src/good.cpp LICENSE scripts/do-it fuzz/corpus/read/any_name samples/a.dbc build/b.o)
+    file(WRITE "${WORK}/${good}" "${largest}")
+endforeach()
+execute_process(COMMAND "${CMAKE_COMMAND}" "-DROOT=${WORK}" -P "${CHECK}"
+    RESULT_VARIABLE result ERROR_VARIABLE reported)
+if(NOT result EQUAL 0)
+    message(FATAL_ERROR "Refused a sound tree:\n${reported}")
+endif()
+
+foreach(stray default.profraw docs/core fuzz/corpus/read/a.o)
+    file(WRITE "${WORK}/${stray}" "")
+endforeach()
+file(WRITE "${WORK}/docs/large.txt" "${largest}x")
+execute_process(COMMAND "${CMAKE_COMMAND}" "-DROOT=${WORK}" -P "${CHECK}"
+    RESULT_VARIABLE result ERROR_VARIABLE reported)
+string(REGEX REPLACE "\n+CMake Error.*" "\n" reported "${reported}")
+set(expected "default.profraw:0: a file that nobody wrote, by its name
+docs/core:0: a file that nobody wrote, by its name
+docs/large.txt:0: a file that nobody wrote, by its size
+fuzz/corpus/read/a.o:0: a file that nobody wrote, by its name
+")
+if(result EQUAL 0 OR NOT reported STREQUAL expected)
+    message(FATAL_ERROR "Found other faults:\n${reported}")
+endif()

@@ -1,0 +1,38 @@
+# Checks that every file of the tree is one that somebody wrote: of a kind that is known, and small.
+#   cmake -DROOT=... -P tracked_files.cmake
+# The files are those that git tracks, or all but those of build where there is no git.
+cmake_minimum_required(VERSION 3.25)
+include("${CMAKE_CURRENT_LIST_DIR}/source_lines.cmake")
+
+set(most_bytes 65536)
+set(kinds "[.](c|cpp|h|cmake|py|md|txt|in|json|dict|dbc|gitkeep|gitattributes|gitignore)$")
+set(named "(^|/)(LICENSE|[.]editorconfig|[.]clang-format|[.]clang-tidy|[.]ci/run|scripts/[a-z-]+)$")
+# Inputs of the fuzz targets have any name.
+set(inputs "^fuzz/(corpus|regressions)/[a-z]+/[A-Za-z0-9_.]+$")
+set(built "[.](profraw|profdata|gcda|gcno|log|zip|gz|o|a|so|dll|exe)$")
+
+find_program(GIT git)
+set(result 1)
+if(GIT AND EXISTS "${ROOT}/.git")
+    execute_process(COMMAND "${GIT}" -c "safe.directory=*" ls-files
+        WORKING_DIRECTORY "${ROOT}" OUTPUT_VARIABLE files RESULT_VARIABLE result)
+    string(STRIP "${files}" files)
+    string(REPLACE "\n" ";" files "${files}")
+endif()
+if(NOT result EQUAL 0)
+    file(GLOB_RECURSE files RELATIVE "${ROOT}" "${ROOT}/*")
+    list(FILTER files EXCLUDE REGEX "^(build|[.]git)/")
+endif()
+
+foreach(file IN LISTS files)
+    if(NOT EXISTS "${ROOT}/${file}")
+        continue() # about to be removed
+    endif()
+    file(SIZE "${ROOT}/${file}" size)
+    if(file MATCHES "${built}" OR NOT file MATCHES "${kinds}|${named}|${inputs}")
+        fault("${file}" 0 "a file that nobody wrote, by its name")
+    elseif(size GREATER most_bytes)
+        fault("${file}" 0 "a file that nobody wrote, by its size")
+    endif()
+endforeach()
+end_check()
