@@ -115,12 +115,12 @@ std::size_t File::Write(std::string_view text) noexcept {
     std::size_t written = 0;
     while (written < text.size()) {
         const std::size_t size = std::min(text.size() - written, LargestTransfer);
-        const std::ptrdiff_t count =
-            Uninterrupted([&] { return WriteOnce(descriptor, text.data() + written, size); });
-        if (count <= 0) {
+        const std::ptrdiff_t count = WriteOnce(descriptor, text.data() + written, size);
+        if (count > 0) {
+            written += static_cast<std::size_t>(count);
+        } else if (count == 0 || errno != EINTR) {
             break;
         }
-        written += static_cast<std::size_t>(count);
     }
     return written;
 }
