@@ -6,6 +6,7 @@
 #include <cstring>
 #include <filesystem>
 
+#include "budget.h"
 #include "expect.h"
 #include "held_model.h"
 #include "pattern.h"
@@ -33,11 +34,13 @@ test::ModelSignal* Host::SignalAt(std::uint32_t messageIndex, std::uint32_t inde
 void Host::Call(char function) {
     switch (function) {
         case 'v':
-            return ExpectSame(VexilGetLibraryVersion(), 1.33F, "the version");
+            return ExpectSame(Within(0, VexilGetLibraryVersion), 1.33F, "the version");
         case 'n':
-            return ExpectSame(VexilGetNumCanMessages(), model.messages.size(), "message count");
+            return ExpectSame(Within(0, VexilGetNumCanMessages), model.messages.size(),
+                              "message count");
         case 'x':
-            return ExpectSame(VexilGetNumCanErrors(), model.errorCodes.size(), "error count");
+            return ExpectSame(Within(0, VexilGetNumCanErrors), model.errorCodes.size(),
+                              "error count");
         case 'c':
             return Clear();
         case 'i':
@@ -74,7 +77,7 @@ void Host::Call(char function) {
 }
 
 void Host::Clear() {
-    VexilClearData();
+    Within(HeldBytes(), VexilClearData);
     model = {{ProtocolPlainCan, model.info.busType}, {}, {}};
     ExpectHeld(model, "a clear");
 }
@@ -85,7 +88,7 @@ void Host::GetInfo() {
     const bool isNull = input.Next('!');
     unsigned char bytes[16];
     std::memset(bytes, Pattern, sizeof bytes);
-    VexilGetDatabaseInfo(isNull ? nullptr : bytes, size);
+    Within(0, [&] { VexilGetDatabaseInfo(isNull ? nullptr : bytes, size); });
     unsigned char expected[16];
     std::memset(expected, Pattern, sizeof expected);
     std::memcpy(expected, &model.info,
@@ -98,7 +101,7 @@ void Host::SetInfo() {
     const std::uint64_t size = input.Word();
     const DatabaseInfo info = {input.Word(), input.Word()};
     const bool isNull = input.Next('!');
-    VexilSetDatabaseInfo(isNull ? nullptr : &info, size);
+    Within(0, [&] { VexilSetDatabaseInfo(isNull ? nullptr : &info, size); });
     std::memcpy(&model.info, &info, isNull ? 0 : std::min<std::uint64_t>(size, sizeof info));
     ExpectHeld(model, "an info that is set");
 }

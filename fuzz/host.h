@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
+#include "any_path.h"
 #include "byte_source.h"
 #include "property/model.h"
 
@@ -16,6 +18,12 @@ class Host {
 
     // Makes the call of this letter; none when no function has it.
     void Call(char function);
+
+    // Reads a file of these bytes.
+    void ReadFile(std::string_view bytes);
+
+    // What the library holds.
+    const test::Model& Held() const { return model; }
 
   private:
     // Of the model; null when there is none.
@@ -35,6 +43,7 @@ class Host {
     void AppendSignal();
     void AppendEnum();
     void Read();
+    void ReadBytes(const AnyPath& path, std::string_view bytes);
     void ReadWritten();
     void Write();
 

@@ -1,5 +1,6 @@
 // The calls of a host that append records.
 // SPDX-License-Identifier: MIT
+#include "budget.h"
 #include "expect.h"
 #include "held_model.h"
 #include "host.h"
@@ -23,7 +24,8 @@ void Host::AppendMessage() {
     input.TextInto(record.comment);
     test::ModelMessage message;
     const bool isValid = test::AppendedMessage(record, message);
-    ExpectSame(VexilAppendCanMessage(&record) == 1, isValid, "whether a message is taken");
+    const bool isTaken = Within(sizeof record, [&] { return VexilAppendCanMessage(&record) == 1; });
+    ExpectSame(isTaken, isValid, "whether a message is taken");
     if (isValid) {
         model.messages.push_back(message);
     }
@@ -55,8 +57,10 @@ void Host::AppendSignal() {
     test::ModelMessage* const message = MessageAt(messageIndex);
     test::ModelSignal signal;
     const bool isValid = message != nullptr && test::AppendedSignal(record, signal);
-    ExpectSame(VexilAppendCanSignalToCanMessage(messageIndex, &record) == 1, isValid,
-               "whether a signal is taken");
+    const bool isTaken = Within(sizeof record, [&] {
+        return VexilAppendCanSignalToCanMessage(messageIndex, &record) == 1;
+    });
+    ExpectSame(isTaken, isValid, "whether a signal is taken");
     if (isValid) {
         message->signals.push_back(signal);
     }
@@ -72,8 +76,10 @@ void Host::AppendEnum() {
     input.TextInto(record.text);
     test::ModelSignal* const signal = SignalAt(messageIndex, index);
     const bool isValid = signal != nullptr && test::AppendedDescription(record, signal->enums);
-    ExpectSame(VexilAppendEnumToCanSignal(messageIndex, index, &record) == 1, isValid,
-               "whether a value description is taken");
+    const bool isTaken = Within(sizeof record, [&] {
+        return VexilAppendEnumToCanSignal(messageIndex, index, &record) == 1;
+    });
+    ExpectSame(isTaken, isValid, "whether a value description is taken");
     ExpectHeld(model, "a value description that is appended");
 }
 

@@ -3,6 +3,7 @@
 #include <iterator>
 #include <string>
 
+#include "budget.h"
 #include "expect.h"
 #include "held_model.h"
 #include "host.h"
@@ -33,7 +34,8 @@ void Host::GetMessage() {
         return;
     }
     auto record = Patterned<CanMessageRecord>();
-    const bool success = VexilGetCanMessageData(index, &record) == 1;
+    const bool success =
+        Within(sizeof record, [&] { return VexilGetCanMessageData(index, &record) == 1; });
     ExpectSame(success, message != nullptr, "whether there is a message");
     if (success) {
         const test::DatabaseRecords expected = test::RecordsOf({{}, {*message}, {}});
@@ -47,7 +49,8 @@ void Host::CountSignals() {
     const std::uint32_t index = input.Word();
     const test::ModelMessage* const message = MessageAt(index);
     std::uint32_t count = 99;
-    const bool success = VexilGetNumCanSignalsInCanMessage(index, &count) == 1;
+    const bool success =
+        Within(0, [&] { return VexilGetNumCanSignalsInCanMessage(index, &count) == 1; });
     ExpectSame(success, message != nullptr, "whether there are signals to count");
     ExpectSame(count, success ? message->signals.size() : 99, "signal count");
 }
@@ -62,7 +65,9 @@ void Host::GetSignal() {
         return;
     }
     auto record = Patterned<CanSignalRecord>();
-    const bool success = VexilGetCanSignalData(messageIndex, index, &record) == 1;
+    const bool success = Within(sizeof record + HeldBytes(), [&] {
+        return VexilGetCanSignalData(messageIndex, index, &record) == 1;
+    });
     ExpectSame(success, signal != nullptr, "whether there is a signal");
     if (success) {
         test::ModelMessage owner;
@@ -79,7 +84,8 @@ void Host::CountEnums() {
     const std::uint32_t index = input.Word();
     const test::ModelSignal* const signal = SignalAt(messageIndex, index);
     std::uint32_t count = 99;
-    const bool success = VexilGetNumEnumsInCanSignal(messageIndex, index, &count) == 1;
+    const bool success = Within(
+        HeldBytes(), [&] { return VexilGetNumEnumsInCanSignal(messageIndex, index, &count) == 1; });
     ExpectSame(success, signal != nullptr, "whether there are value descriptions to count");
     ExpectSame(count, success ? signal->enums.size() : 99, "value description count");
 }
@@ -92,7 +98,9 @@ void Host::GetEnum() {
     const test::ModelSignal* const signal = SignalAt(messageIndex, index);
     const bool isThere = signal != nullptr && enumIndex < signal->enums.size();
     auto record = Patterned<CanEnumRecord>();
-    const bool success = VexilGetCanSignalEnumData(messageIndex, index, enumIndex, &record) == 1;
+    const bool success = Within(sizeof record + HeldBytes(), [&] {
+        return VexilGetCanSignalEnumData(messageIndex, index, enumIndex, &record) == 1;
+    });
     ExpectSame(success, isThere, "whether there is a value description");
     if (success) {
         const auto entry = std::next(signal->enums.begin(), enumIndex);
@@ -111,7 +119,8 @@ void Host::GetError() {
         return;
     }
     auto record = Patterned<ParseError>();
-    const bool success = VexilGetErrorData(index, &record) == 1;
+    const bool success =
+        Within(sizeof record, [&] { return VexilGetErrorData(index, &record) == 1; });
     ExpectSame(success, index < model.errorCodes.size(), "whether there is an error");
     if (success) {
         ExpectSame(record.code, model.errorCodes[index], "code of an error");

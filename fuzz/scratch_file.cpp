@@ -4,7 +4,9 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <system_error>
 
+#include "budget.h"
 #include "support/files.h"
 #include "vexil64.h"
 
@@ -20,20 +22,34 @@ std::string ScratchFile(std::string_view name) {
     return ScratchFolder() + '/' + std::string(name);
 }
 
-CallResult ReadDbc(const std::string& path) {
+CallResult ReadPath(const char* path, std::uint32_t size, const std::string& file) {
+    std::error_code none;
+    const std::uintmax_t fileBytes = file.empty() ? 0 : std::filesystem::file_size(file, none);
     CallResult result;
-    const std::string buffer = path;  // of its own, so that a byte too far is seen
-    result.success = VexilReadDbcFile(buffer.c_str(), static_cast<std::uint32_t>(path.size() + 1),
-                                      &result.code) != 0;
+    const Budget budget;
+    result.success = VexilReadDbcFile(path, size, &result.code) == 1;
+    budget.ExpectRead(none ? 0 : fileBytes);
     return result;
 }
 
-CallResult WriteDbc(const std::string& path, unsigned order) {
+CallResult WritePath(const char* path, std::uint32_t size, unsigned order,
+                     const std::string& file) {
+    const std::uint64_t heldBytes = HeldBytes();
     CallResult result;
-    const std::string buffer = path;
-    result.success = VexilWriteDbcFile(buffer.c_str(), static_cast<std::uint32_t>(path.size() + 1),
-                                       order, &result.code) != 0;
+    const Budget budget;
+    result.success = VexilWriteDbcFile(path, size, order, &result.code) == 1;
+    budget.ExpectCall(heldBytes + (result.success ? std::filesystem::file_size(file) : 0));
     return result;
+}
+
+CallResult ReadDbc(const std::string& path) {
+    const std::string buffer = path;  // of its own, so that a byte too far is seen
+    return ReadPath(buffer.c_str(), static_cast<std::uint32_t>(path.size() + 1), path);
+}
+
+CallResult WriteDbc(const std::string& path, unsigned order) {
+    const std::string buffer = path;
+    return WritePath(buffer.c_str(), static_cast<std::uint32_t>(path.size() + 1), order, path);
 }
 
 }  // namespace vexil::fuzz

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,11 @@ struct CallResult {
     bool success = false;
     unsigned code = 99;
 };
+
+// Call the library under its budget.
+//   file  the file that the path leads to; empty when the library does not open one.
+CallResult ReadPath(const char* path, std::uint32_t size, const std::string& file);
+CallResult WritePath(const char* path, std::uint32_t size, unsigned order, const std::string& file);
 
 // Call the library with a buffer of exactly the path and its NUL.
 CallResult ReadDbc(const std::string& path);
