@@ -19,6 +19,9 @@ class ByteSource {
 
     bool IsAtEnd() const { return rest.empty(); }
 
+    // What was not taken yet.
+    std::string_view Rest() const { return rest; }
+
     char Byte() {
         const std::string_view byte = Take(1);
         return byte.empty() ? '\0' : byte.front();
