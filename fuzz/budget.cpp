@@ -20,7 +20,7 @@ struct Limit {
 constexpr Limit ReadPeak = {48, 256 * 1024};   // SECURITY.md states the 48 bytes
 constexpr Limit ReadTotal = {64, 256 * 1024};  // lists double, so they are allocated twice
 constexpr Limit CallTotal = {32, 128 * 1024};
-constexpr Limit Nanoseconds = {2000, 250'000'000};
+constexpr Limit Nanoseconds = {1000, 200'000'000};
 
 std::int64_t ThreadNanoseconds() {
     timespec time{};
@@ -50,8 +50,8 @@ std::uint64_t BytesOf(const Notes& notes, std::uint64_t enough) {
     return bytes;
 }
 
-// The lines of a message or signal have some hundred bytes without its texts.
-constexpr std::uint64_t LineBytes = 256;
+// The line of a message or signal without its texts.
+constexpr std::uint64_t LineBytes = 64;
 
 }  // namespace
 

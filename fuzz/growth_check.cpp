@@ -17,10 +17,10 @@ namespace {
 
 // Comments and value descriptions of many owners can make an output of gigabytes. Beyond this size
 // a fetch and a write take too long to be worth it.
-constexpr std::uint64_t MostHeldBytes = 4 * 1024 * 1024;
+constexpr std::uint64_t MostHeldBytes = 8 * 1024 * 1024;
 
 // A record and the calls for it cost this much without its texts.
-constexpr std::uint64_t RecordBytes = 2048;
+constexpr std::uint64_t RecordBytes = 64;
 
 std::uint64_t FetchSignal(std::uint32_t messageIndex, std::uint32_t index) {
     CanSignalRecord signal;

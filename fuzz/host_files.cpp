@@ -12,6 +12,7 @@
 #include "host.h"
 #include "property/record_checks.h"
 #include "property/round_trip_rules.h"
+#include "property/text_rules.h"
 #include "scratch_file.h"
 #include "support/files.h"
 #include "support/record_dump.h"
@@ -63,6 +64,9 @@ void Host::ReadBytes(const AnyPath& path, std::string_view bytes) {
     }
     model = HeldModel();
     Expect(model.info.busType <= BusCanFd || model.info.busType == formerBus, "the bus type");
+    const std::string text = test::WithoutControls(std::string(bytes));
+    Expect(text.find("\"BusType\"") != std::string::npos || model.info.busType == formerBus,
+           "a file without a bus type leaves that of before");
     ExpectRecords(model, "a read");
     test::DatabaseRecords records = test::FetchDatabase();
     records.info.busType = 0;
