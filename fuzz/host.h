@@ -46,6 +46,7 @@ class Host {
     void ReadBytes(const AnyPath& path, std::string_view bytes);
     void ReadWritten();
     void Write();
+    void WriteToFullDevice(std::uint32_t order);
 
     ByteSource& input;
     test::Model model;

@@ -96,10 +96,23 @@ void Host::ReadWritten() {
     ExpectRecords(model, "a read of a written file");
 }
 
-// The choice of the path and the order.
+// The device fails at the first line, which shows at the second.
+void Host::WriteToFullDevice(std::uint32_t order) {
+    const CallResult result = WriteDbc("/dev/full", order);
+    Expect(!result.success, "a write to a full device");
+    ExpectSame(result.code, model.messages.empty() ? StateClosed : StateStreamError,
+               "code of a write to a full device");
+    test::SuffixedNames(model);
+    ExpectHeld(model, "a write to a full device");
+}
+
+// The choice of the path and the order, then "!" for a device that is full instead.
 void Host::Write() {
     const AnyPath path = PathOf(input.Byte());
     const std::uint32_t order = input.Word();
+    if (input.Next('!')) {
+        return WriteToFullDevice(order);
+    }
     const CallResult result = WritePath(path.Pointer(), path.size, order, path.file);
     if (model.messages.empty()) {
         ExpectSame(result.code, StateClosed, "code of a write of nothing");
