@@ -222,7 +222,7 @@ class File:
 
     def mutate_number(self, at):
         text = self.tokens[at].text
-        match = re.fullmatch(r"(0x[0-9a-fA-F]+|\d+)([uUlL]*)", text)
+        match = re.fullmatch(r"(0x[0-9a-fA-F]+|0|[1-9]\d*)([uUlL]*)", text)
         if not match:
             self.exchange(at, f"({text} + 1)")
             return
