@@ -4,9 +4,38 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <set>
 #include <string>
+
+#ifdef __linux__
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <ctime>
+#include <iostream>
+#include <iterator>
+#include <sstream>
+#include <vector>
+
+namespace {
+
+bool isClockStopped = false;
+
+}  // namespace
+
+// Stands in for that of the C library, also for the runtime of C++.
+extern "C" [[gnu::visibility("default")]] int clock_gettime(clockid_t clock,
+                                                            timespec* time) noexcept {
+    if (isClockStopped) {
+        *time = {1, 0};
+        return 0;
+    }
+    return static_cast<int>(syscall(SYS_clock_gettime, clock, time));
+}
+#endif
 
 namespace vexil {
 namespace {
@@ -87,16 +116,91 @@ TEST(PrefixHash, GoesOverTheTextInManySteps) {
     }
 }
 
-// The environment tells the second process what the first one found. Windows has no setenv.
-#ifndef _WIN32
-TEST(KeyedHashDeathTest, HasAnotherKeyInEachProcess) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");  // starts the program anew
-    const std::string hash = std::to_string(KeyedHash(7, "name"));
-    setenv("VEXIL64_TEST_HASH", hash.c_str(), 0);
-    EXPECT_EXIT(std::exit(hash == std::getenv("VEXIL64_TEST_HASH") ? 1 : 0),
-                testing::ExitedWithCode(0), "");
-    unsetenv("VEXIL64_TEST_HASH");
+// -- The key --
+
+// Whoever names the signals of a file may learn when a process started or where it has its data,
+// but not both. So the key must depend on either of them alone. Windows starts no process as Linux
+// does.
+#ifdef __linux__
+
+// Keeps what a process prints to standard error.
+struct Keeps {
+    using is_gtest_matcher = void;  // NOLINT(readability-identifier-naming): the name of gtest
+
+    bool MatchAndExplain(const std::string& output, std::ostream* /*explanation*/) const {
+        *printed = output;
+        return true;
+    }
+    void DescribeTo(std::ostream* /*text*/) const {}
+    void DescribeNegationTo(std::ostream* /*text*/) const {}
+
+    std::string* printed;
+};
+
+class KeyedHashDeathTest : public testing::Test {
+  protected:
+    KeyedHashDeathTest() {
+        GTEST_FLAG_SET(death_test_style, "threadsafe");  // starts the program anew
+    }
+
+    // Returns the words that a new process prints to standard error in print().
+    template <typename Print>
+    static std::vector<std::string> PrintedByANewProcess(Print print) {
+        std::string printed;
+        EXPECT_EXIT((print(), std::exit(0)), testing::ExitedWithCode(0), Keeps{&printed});
+        std::istringstream words(printed);
+        return {std::istream_iterator<std::string>(words), {}};
+    }
+
+    // The hash of nothing shows the key alone.
+    static void PrintHash() { std::cerr << KeyedHash(0, "") << ' '; }
+
+    // Prints the hash of a copy of this process, which has its data at the same place.
+    static void PrintHashOfACopy() {
+        const pid_t copy = fork();
+        if (copy == 0) {
+            PrintHash();
+            _exit(0);
+        }
+        waitpid(copy, nullptr, 0);
+    }
+};
+
+TEST_F(KeyedHashDeathTest, HasAnotherKeyInEachProcess) {
+    const auto first = PrintedByANewProcess(PrintHash);
+    const auto second = PrintedByANewProcess(PrintHash);
+    EXPECT_EQ(first.size(), 1U);
+    EXPECT_EQ(second.size(), 1U);
+    EXPECT_NE(first, second);
 }
+
+TEST_F(KeyedHashDeathTest, HasAnotherKeyAtAnotherTime) {
+    const auto hashes = PrintedByANewProcess([] {
+        PrintHashOfACopy();
+        PrintHashOfACopy();
+    });
+    ASSERT_EQ(hashes.size(), 2U);
+    EXPECT_NE(hashes[0], hashes[1]);
+}
+
+TEST_F(KeyedHashDeathTest, HasAnotherKeyWithDataAtAnotherPlace) {
+    const auto print = [] {
+        isClockStopped = true;
+        std::cerr << std::chrono::steady_clock::now().time_since_epoch().count() << ' '
+                  << &isClockStopped << ' ';
+        PrintHash();
+    };
+    const auto first = PrintedByANewProcess(print);
+    const auto second = PrintedByANewProcess(print);
+    ASSERT_EQ(first.size(), 3U);
+    ASSERT_EQ(second.size(), 3U);
+    ASSERT_EQ(first[0], second[0]) << "the clock runs";
+    if (first[1] == second[1]) {
+        GTEST_SKIP() << "the system gives every process the same addresses";
+    }
+    EXPECT_NE(first[2], second[2]);
+}
+
 #endif
 
 }  // namespace
