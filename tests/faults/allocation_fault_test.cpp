@@ -368,6 +368,48 @@ TEST_F(AllocationFaultTest, LosesNothingInAFetch) {
     }
 }
 
+// The fetch that fails is the first of the signal, or the first after an append.
+TEST_F(AllocationFaultTest, JoinsInOrderWhatIsAppendedAfterAFetchThatFailed) {
+    UseInput(
+        "BO_ 1 M: 8 N\n"
+        " SG_ S : 0|8@1+ (1,0) [0|0] \"\" N\n"
+        "VAL_ 1 S 2 \"old\" 3 \"three\" 1 \"one\" ;\n");
+    for (const Exhaustion exhaustion : BothKinds) {
+        for (const bool isFirst : {true, false}) {
+            std::size_t thrown = 1;
+            std::size_t n = 1;
+            for (; thrown != 0; ++n) {
+                SCOPED_TRACE("allocation " + std::to_string(n));
+                Refill();
+                if (!isFirst) {
+                    EXPECT_EQ(EnumCount(0, 0), 3U);
+                }
+                for (const std::int32_t value : {2, 0, 2, 4}) {
+                    AppendEnum(0, 0, {value, "more"});
+                }
+                {
+                    std::uint32_t count = 0;
+                    const FailingAllocations failing(n, exhaustion);
+                    try {
+                        VexilGetNumEnumsInCanSignal(0, 0, &count);
+                    } catch (const std::bad_alloc&) {
+                    }
+                    thrown = failing.Thrown();
+                }
+                AppendEnum(0, 0, {2, "new"});
+                AppendEnum(0, 0, {3, "new"});
+                ASSERT_EQ(EnumCount(0, 0), 5U);
+                ExpectEnum(0, 0, 0, {0, "more"});
+                ExpectEnum(0, 0, 1, {1, "one"});
+                ExpectEnum(0, 0, 2, {2, "old - more - more - new"});
+                ExpectEnum(0, 0, 3, {3, "three - new"});
+                ExpectEnum(0, 0, 4, {4, "more"});
+            }
+            EXPECT_GT(n, 2U) << "no fetch failed";
+        }
+    }
+}
+
 TEST_F(AllocationFaultTest, NeverMeetsAClear) {
     for (const Step& prepare : {Step([this] { Refill(); }), Step(Clear)}) {
         prepare();
