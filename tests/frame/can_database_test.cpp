@@ -1,9 +1,11 @@
-// Tests of CANDatabase: its reset, and the end of a read.
+// Tests of CANDatabase: its reset, the end of a read, and the descriptions that it keeps.
 // SPDX-License-Identifier: MIT
 #include "frame/can_database.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string>
 #include <string_view>
 #include <type_traits>
 
@@ -79,6 +81,96 @@ TEST(CANDatabase, ForgetsDescriptionsAtAReset) {
         EXPECT_EQ(EnumsOf(filled.DescriptionsOf(CANSignal())), EnumPairs{});
         EXPECT_EQ(EnumsOf(filled.DescriptionsOf(signal)), (EnumPairs{{1, text}}));
         filled.Reset();
+    }
+}
+
+// Signals with a VAL_ statement each: one signal more than the database keeps descriptions of.
+class ManyLooks {
+  public:
+    explicit ManyLooks(CANDatabase& looked) : owner(looked) {
+        for (std::size_t at = 0; at < Count; ++at) {
+            signals[at].notes.statements = &notes[at];
+        }
+        SetTexts("1 \"a\"");
+    }
+
+    // Replaces the text of each statement. This does not change the descriptions that are kept.
+    void SetTexts(std::string_view text) {
+        for (Note& note : notes) {
+            note.text = text;
+        }
+    }
+
+    void ExpectAll(const EnumPairs& expected) {
+        for (std::size_t at = 0; at < Count; ++at) {
+            Expect(at, expected);
+        }
+    }
+
+    void Expect(std::size_t at, const EnumPairs& expected) {
+        EXPECT_EQ(EnumsOf(owner.DescriptionsOf(signals[at])), expected) << "signal " << at;
+    }
+
+    void Append(std::size_t at, std::int32_t value, std::string_view text) {
+        Notes& to = signals[at].notes;
+        to.added = owner.arena.New<AddedDescription>(value, owner.arena.Keep(text), to.added);
+    }
+
+    static constexpr std::size_t Count = 5;
+
+  private:
+    CANDatabase& owner;
+    std::array<Note, Count> notes;
+    std::array<CANSignal, Count> signals;
+};
+
+TEST(CANDatabase, KeepsTheDescriptionsOfFourSignals) {
+    CANDatabase filled;
+    ManyLooks looks(filled);
+    looks.ExpectAll({{1, "a"}});
+    looks.SetTexts("1 \"b\"");
+    for (int round = 0; round < 2; ++round) {
+        for (std::size_t at = ManyLooks::Count; --at > 0;) {
+            looks.Expect(at, {{1, "a"}});
+        }
+    }
+    looks.Expect(0, {{1, "b"}});  // takes the place of signal 1
+    for (const std::size_t at : {4U, 3U, 2U}) {
+        looks.Expect(at, {{1, "a"}});
+    }
+    looks.Expect(1, {{1, "b"}});
+    looks.Expect(0, {{1, "b"}});
+}
+
+TEST(CANDatabase, AddsAppendedDescriptionsToThoseThatItKeeps) {
+    CANDatabase filled;
+    ManyLooks looks(filled);
+    looks.ExpectAll({{1, "a"}});
+    EnumPairs expected = {{1, "a"}};
+    for (const char* const text : {"b", "c"}) {
+        for (std::size_t at = 0; at < ManyLooks::Count; ++at) {
+            looks.Append(at, 1, text);
+        }
+        expected[0].second += std::string(" - ") + text;
+        looks.ExpectAll(expected);
+    }
+    for (std::size_t at = 0; at < ManyLooks::Count; ++at) {
+        looks.Append(at, 1, "d");
+        looks.Expect(at, {{1, "a - b - c - d"}});
+        looks.Append(at, 0, "e");
+        looks.Expect(at, {{0, "e"}, {1, "a - b - c - d"}});
+    }
+    looks.ExpectAll({{0, "e"}, {1, "a - b - c - d"}});
+}
+
+TEST(CANDatabase, ForgetsTheDescriptionsOfAllSignalsAtAReset) {
+    CANDatabase filled;
+    ManyLooks looks(filled);
+    looks.ExpectAll({{1, "a"}});
+    looks.SetTexts("1 \"b\"");
+    filled.Reset();
+    for (std::size_t at = ManyLooks::Count; at-- > 0;) {
+        looks.Expect(at, {{1, "b"}});
     }
 }
 
