@@ -79,6 +79,26 @@ TEST_F(ValueSections, TellStatementsInOneForm) {
     }
 }
 
+// Shown by descriptions that the database keeps: others would take their place.
+TEST_F(ValueSections, ParseNoStatementThatHasTheWrittenForm) {
+    for (const std::string_view statement :
+         {" 0 \"a\" ;\n", " 10 \"\" 20 \"b  c\";", " -10 \"a\" -9 \"b\" 0 \"c\" 1 \"d\" ;",
+          " -2147483648 \"a\" 2147483647 \"b\" ;"}) {
+        test::ClearDatabase();
+        Note note{" 7 \"a\""};
+        CANSignal fetched;
+        fetched.notes.statements = &note;
+        EXPECT_EQ(database.DescriptionsOf(fetched).Count(), 1U);
+        note.text = "";
+        CANMessage& message = AddMessage(5, "M");
+        for (const std::string_view name : {"A", "B", "C", "D"}) {
+            AddValues(message, name, ValueUnsigned, statement);
+        }
+        EXPECT_NE(ValueLines(), "");
+        EXPECT_EQ(database.DescriptionsOf(fetched).Count(), 1U) << statement;
+    }
+}
+
 TEST_F(ValueSections, JoinStatementsAndWhatAHostAppended) {
     CANMessage& message = AddMessage(5, "M");
     CANSignal& appended = AddValues(message, "A", ValueUnsigned, " 1 \"a\" 3 \"c\"");
