@@ -65,6 +65,14 @@ TEST(NumberText, WritesAtMostTenDigits) {
         {0.00012345678905, "0.0001234567891"},
         {1.0000000001, "1"},
         {1.000000001, "1.000000001"},
+        {999999.1234, "999999.1234"},
+        {1000000.1234, "1000000.123"},
+        {9999999.123, "9999999.123"},
+        {10000000.123, "10000000.12"},
+        {99999999.12, "99999999.12"},
+        {100000000.12, "100000000.1"},
+        {999999999.1, "999999999.1"},
+        {1000000000.1, "1000000000"},
         {0.5, "0.5"},
         {100.25, "100.25"},
         {1e100, "1e+100"},
@@ -95,30 +103,44 @@ TEST(NumberText, SpellsInfinityAndNotANumberWithTheirSign) {
 }
 
 // But for what is not a number, which has a sign in some runtimes only.
-TEST(NumberText, IsPrintfWithTenDigitsOnRandomNumbers) {
-    constexpr unsigned Seed = 60517;
-    std::mt19937_64 random(Seed);
-    const auto expectAsPrinted = [&](double number) {
-        if (std::isnan(number)) {
-            return;
-        }
+void ExpectAsPrinted(double number) {
+    if (!std::isnan(number)) {
         char expected[64];
         std::snprintf(expected, sizeof expected, "%.10g", number);
-        ASSERT_EQ(Written(number), expected) << "seed " << Seed;
-    };
+        EXPECT_EQ(Written(number), expected);
+    }
+}
+
+// Whole numbers on both sides of each number of digits, with decimals of each number of digits.
+TEST(NumberText, IsPrintfWithTenDigitsAtEachNumberOfDigits) {
+    for (double power = 1; power <= 1e11; power *= 10) {
+        for (const double whole : {power - 1, power, power + 1, power * 4.294967295}) {
+            for (double scale = 1; scale <= 1e6; scale *= 10) {
+                for (const double decimals : {0.0, 1.0, scale / 2, scale - 1, 0.123456 * scale}) {
+                    ExpectAsPrinted(whole + std::floor(decimals) / scale);
+                }
+            }
+        }
+    }
+}
+
+TEST(NumberText, IsPrintfWithTenDigitsOnRandomNumbers) {
+    constexpr unsigned Seed = 60517;
+    SCOPED_TRACE("seed " + std::to_string(Seed));
+    std::mt19937_64 random(Seed);
     for (int power = -323; power <= 308; ++power) {
         const double number = std::pow(10.0, power);
-        expectAsPrinted(number);
-        expectAsPrinted(-number);
-        expectAsPrinted(std::nextafter(number, 0));
-        expectAsPrinted(std::nextafter(number, std::numeric_limits<double>::infinity()));
+        ExpectAsPrinted(number);
+        ExpectAsPrinted(-number);
+        ExpectAsPrinted(std::nextafter(number, 0));
+        ExpectAsPrinted(std::nextafter(number, std::numeric_limits<double>::infinity()));
     }
     for (int round = 0; round < 20000; ++round) {
-        expectAsPrinted(std::bit_cast<double>(random()));                   // any bit pattern
-        expectAsPrinted(std::bit_cast<double>(random() >> 12));             // denormal
-        expectAsPrinted(static_cast<double>(random() >> (random() % 64)));  // whole
-        expectAsPrinted(-static_cast<double>(random() % 1000000) / 1000);   // of few digits
-        expectAsPrinted(static_cast<double>(random() % 100000000000) / 10 + 0.05);  // on the edge
+        ExpectAsPrinted(std::bit_cast<double>(random()));                   // any bit pattern
+        ExpectAsPrinted(std::bit_cast<double>(random() >> 12));             // denormal
+        ExpectAsPrinted(static_cast<double>(random() >> (random() % 64)));  // whole
+        ExpectAsPrinted(-static_cast<double>(random() % 1000000) / 1000);   // of few digits
+        ExpectAsPrinted(static_cast<double>(random() % 100000000000) / 10 + 0.05);  // on the edge
     }
 }
 
