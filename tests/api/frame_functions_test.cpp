@@ -79,6 +79,21 @@ TEST_F(FrameFunctionsTest, ClearDataIsFollowedByAppendsFromIndexZero) {
     ExpectMessage(0, {.id = 9});
 }
 
+// The second round may get the memory of the first.
+TEST_F(FrameFunctionsTest, ClearDataForgetsTheDescriptionsThatWereFetched) {
+    for (const std::int32_t value : {1, 2}) {
+        AppendMessageOf(1, {"A", "B", "C", "D", "E"});
+        for (std::uint32_t signal = 0; signal < 5; ++signal) {
+            AppendEnum(0, signal, {value, "text"});
+        }
+        for (std::uint32_t signal = 5; signal-- > 0;) {
+            EXPECT_EQ(EnumCount(0, signal), 1U);
+            ExpectEnum(0, signal, 0, {value, "text"});
+        }
+        VexilClearData();
+    }
+}
+
 // -- VexilGetDatabaseInfo and VexilSetDatabaseInfo ---------------------------------------------
 
 TEST_F(FrameFunctionsTest, GetDatabaseInfoCopiesTheFirstBytes) {

@@ -125,6 +125,34 @@ TEST_F(VexilReadDbcFileTest, ForgetsTheAttributesOfTheFileBefore) {
     ExpectMessage(0, {.id = 1, .name = "A", .dlc = 8, .longName = "A", .transmitter = "N"});
 }
 
+// Both files have the same layout, so that the second one may get the memory of the first.
+TEST_F(VexilReadDbcFileTest, ForgetsTheDescriptionsOfTheFileBefore) {
+    constexpr std::uint32_t SignalTotal = 5;
+    const auto read = [&](const std::string& pairs) {
+        std::string text = "BO_ 1 M: 8 N\n";
+        for (const char name : {'A', 'B', 'C', 'D', 'E'}) {
+            text += std::string(" SG_ ") + name + " : 0|8@1+ (1,0) [0|1] \"\" R\n";
+        }
+        for (const char name : {'A', 'B', 'C', 'D', 'E'}) {
+            text += std::string("VAL_ 1 ") + name + pairs;
+        }
+        EXPECT_EQ(ReadText(text), Success);
+    };
+    for (int round = 0; round < 2; ++round) {
+        read(" 1 \"four\" ;\n");
+        for (std::uint32_t signal = 0; signal < SignalTotal; ++signal) {
+            EXPECT_EQ(EnumCount(0, signal), 1U);
+            ExpectEnum(0, signal, 0, {1, "four"});
+        }
+        read(" 2 \"\" 3 \"\";\n");
+        for (std::uint32_t signal = SignalTotal; signal-- > 0;) {
+            EXPECT_EQ(EnumCount(0, signal), 2U);
+            ExpectEnum(0, signal, 0, {2, ""});
+            ExpectEnum(0, signal, 1, {3, ""});
+        }
+    }
+}
+
 // A comment finds the messages of its own file, not those of the file before.
 TEST_F(VexilReadDbcFileTest, ForgetsTheIdsOfTheFileBefore) {
     EXPECT_EQ(ReadText("BO_ 1 A: 8 N\n"), Success);
