@@ -13,6 +13,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdint>
 #include <cstdlib>
 #include <ctime>
 #include <iostream>
@@ -23,6 +24,7 @@
 namespace {
 
 bool isClockStopped = false;
+constexpr timespec stoppedAt = {8123456789, 987654321};
 
 }  // namespace
 
@@ -30,7 +32,7 @@ bool isClockStopped = false;
 extern "C" [[gnu::visibility("default")]] int clock_gettime(clockid_t clock,
                                                             timespec* time) noexcept {
     if (isClockStopped) {
-        *time = {1, 0};
+        *time = stoppedAt;
         return 0;
     }
     return static_cast<int>(syscall(SYS_clock_gettime, clock, time));
@@ -181,6 +183,18 @@ TEST_F(KeyedHashDeathTest, HasAnotherKeyAtAnotherTime) {
     });
     ASSERT_EQ(hashes.size(), 2U);
     EXPECT_NE(hashes[0], hashes[1]);
+}
+
+// The hash of the first half of the key and no text is 0, whatever the second half is.
+TEST_F(KeyedHashDeathTest, HasSplitmix64OfTheTimeInItsKey) {
+    const auto hash = PrintedByANewProcess([] {
+        isClockStopped = true;
+        std::uint64_t number = std::uint64_t{stoppedAt.tv_sec} * 1000000000U + stoppedAt.tv_nsec;
+        number = (number ^ (number >> 30U)) * 0xbf58476d1ce4e5b9U;
+        number = (number ^ (number >> 27U)) * 0x94d049bb133111ebU;
+        std::cerr << KeyedHash(number ^ (number >> 31U), "");
+    });
+    EXPECT_EQ(hash, std::vector<std::string>{"0"});
 }
 
 TEST_F(KeyedHashDeathTest, HasAnotherKeyWithDataAtAnotherPlace) {
