@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <new>
 #include <string>
@@ -75,6 +76,24 @@ TEST(HashIndex, AsksOnlyForEntriesOfTheHash) {
     EXPECT_EQ(*index.Find(17, anyEntry), 11U);
     EXPECT_EQ(index.Find(33, anyEntry), nullptr);
     EXPECT_EQ(*index.Find(1, anyEntry), 10U);
+}
+
+// The last of 2^n slots is the one of the hash 2^32 - 1, so its place shows how many slots there
+// are.
+TEST(HashIndex, DoublesTheSlotsWhenThreeQuartersAreTaken) {
+    HashIndex index;
+    index.Add(0, 0);
+    index.Add(0xFFFFFFFF, 1);
+    std::size_t slots = 16;
+    for (std::size_t count = 2; count < 200; ++count) {
+        const auto first = reinterpret_cast<std::uintptr_t>(index.Find(0, anyEntry));
+        const auto last = reinterpret_cast<std::uintptr_t>(index.Find(0xFFFFFFFF, anyEntry));
+        EXPECT_EQ((last - first) / (2 * sizeof(std::uint32_t)) + 1, slots) << count << " entries";
+        if (count == slots * 3 / 4) {
+            slots *= 2;
+        }
+        index.Add(count - 1, count);
+    }
 }
 
 TEST(HashIndex, LetsAPositionBeReplaced) {
