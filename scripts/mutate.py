@@ -6,12 +6,17 @@ A mutant differs from src in one place:
   - an operator exchanged: && and ||, + and -, * and /, & and |, << and >>, ++ and --, and those
     with an assignment; a "!" left out
   - a condition without any of these, or a value that is returned, negated
-  - a statement left out
+  - a statement left out: an expression, such as a call, a reset or a clear, or a jump
+  - two neighbouring arguments of a call, or elements of a list in braces, exchanged
+  - a return moved up: over the statement before it (if that is a condition, a loop or a
+    declaration; of others it is the same as leaving them out), over the two before it, or to the
+    start of its block. The end of a function counts as a return.
 
 No mutants are made of what only declares: includes and all else of the preprocessor,
 static_assert, enumerations, template arguments such as the size of an array. Nor of what has no
 effect that a test could see: rooms set aside beforehand (reserve, Reserve, constants named
-Ordinary... or ...Reserve), and what is compiled on another system only.
+Ordinary... or ...Reserve), arguments of std::min and std::max exchanged, and what is compiled on
+another system only.
 
 A mutant is compiled and linked aside, from a copy of its one file, and the test programs run until
 one fails, that of the changed folder first, or for a header those that are linked soonest. A test
@@ -38,7 +43,7 @@ import threading
 import time
 
 Workers = 2
-NeededShare = 95  # per cent
+NeededShare = 97  # per cent
 CpuFactor = 10    # a mutant may take so many times the processor time of the unchanged program
 LeastCpu = 5      # seconds, for programs that hardly take any
 WallFactor = 20   # for those that sleep or wait, on top of the processor time allowed
@@ -84,6 +89,9 @@ NoExpression = {"alignas", "auto", "case", "catch", "class", "const", "consteval
                 "thread_local", "try", "typedef", "typename", "union", "unsigned", "using",
                 "virtual", "volatile", "while"}
 Closing = {"(": ")", "[": "]", "{": "}"}
+NoCall = {"if", "for", "while", "switch", "catch", "return", "sizeof", "alignof", "alignas",
+          "decltype", "noexcept", "operator", "static_assert"}
+AnyOrder = {"min", "max"}  # functions whose arguments may be exchanged
 
 # Lines that only set room aside, and an if for nothing else.
 RoomOnly = re.compile(
@@ -129,6 +137,8 @@ class File:
             if not self.is_declaration[at]:
                 self.mutate_token(at)
                 self.mutate_statement(at)
+                self.mutate_arguments(at)
+                self.mutate_return(at)
 
     def is_text(self, at, *texts):
         return 0 <= at < len(self.tokens) and self.tokens[at].text in texts
@@ -146,6 +156,8 @@ class File:
                     texts = [t.text for t in self.tokens[header:at]]
                     inside = not {"class", "struct", "enum", "namespace", "union"} & set(texts) and (
                         bool({")", "]", "const", "noexcept", "override"} & set(texts[-1:])))
+                    if inside:
+                        self.mark_initialisers(header, at)
                     header = at + 1
                 stack.append((at, inside))
             elif token.text in Closing.values() and token.kind == "sign":
@@ -156,6 +168,15 @@ class File:
                     header = at + 1
             elif token.text == ";":
                 header = at + 1
+
+    def mark_initialisers(self, header, brace):
+        """Counts the initialisers of a constructor to its function."""
+        at = header
+        while at < brace:
+            if self.is_text(at, ":") and self.is_text(at - 1, ")", "noexcept"):
+                self.in_function[at:brace] = [True] * (brace - at)
+                return
+            at = max(at, self.partner.get(at, at)) + 1
 
     def mark_declarations(self):
         for at, token in enumerate(self.tokens):
@@ -251,6 +272,94 @@ class File:
             # The semicolon stays, for what stands in front of the statement may want one.
             self.add(at, end - 1, "", f"\"{self.brief(at, end)}\" left out")
 
+    def mutate_arguments(self, at):
+        if not (self.is_text(at, "(", "{") and self.in_function[at] and self.is_list(at)):
+            return
+        commas = []
+        inner = at + 1
+        while inner < self.partner[at]:
+            if self.is_text(inner, ",") and not self.is_declaration[inner]:
+                commas.append(inner)
+            inner = self.partner[inner] + 1 if self.tokens[inner].text in Closing else inner + 1
+        ends = [at, *commas, self.partner[at]]
+        for before, comma, after in zip(ends, ends[1:], ends[2:]):
+            first = self.text_of(before + 1, comma - 1)
+            second = self.text_of(comma + 1, after - 1)
+            # A lambda has a type of its own.
+            if first != second and first.startswith("[") == second.startswith("["):
+                self.add(before + 1, after - 1, f"{second}, {first}",
+                         f"\"{self.brief(before + 1, comma - 1)}\" and "
+                         f"\"{self.brief(comma + 1, after - 1)}\" exchanged")
+
+    def is_list(self, at):
+        """Whether a bracket holds the arguments of a call or the elements of a list."""
+        if self.is_text(at, "{"):
+            return not self.is_block(at) and self.partner[at] > at + 1
+        if self.is_text(at - 1, ">"):
+            return self.is_declaration[at - 1] and not self.is_declaration[at]
+        return self.tokens[at - 1].kind == "name" and not self.is_text(at - 1, *NoCall, *AnyOrder)
+
+    def is_block(self, at):
+        """Whether a brace begins a block of statements."""
+        return any(self.is_text(inner, ";") for inner in range(at, self.partner[at])) or (
+            self.is_text(at - 1, ")", "else", "do", "try"))
+
+    def mutate_return(self, at):
+        """Moves the return at the end of a block up."""
+        if not (self.is_text(at, "{") and self.in_function[at + 1] and self.is_block(at)):
+            return
+        close = self.partner[at]
+        statements = []
+        start = at + 1
+        while start < close:
+            end = self.end_of_any_statement(start)
+            if end is None:
+                return
+            statements = [] if self.is_text(start, "case", "default") else [*statements, start]
+            start = end + 1
+        if statements and self.is_text(statements[-1], "return"):
+            target = statements.pop()
+        elif self.is_function_body(at):
+            target = close
+        else:
+            return
+        for count in sorted({1, 2, len(statements)}):
+            if 0 < count <= len(statements):
+                first = statements[-count]
+                end = self.end_of_any_statement(first)
+                if count > 1 or not self.is_expression_statement(first, end):
+                    self.add(first, target - 1, "",
+                             f"return moved up to \"{self.brief(first, end)}\"")
+
+    def is_function_body(self, at):
+        """Whether a block is that of a function, and not of a condition or a loop."""
+        if not self.is_text(at - 1, ")"):
+            return not self.is_text(at - 1, "else", "do", "try", ";", "{", "}", ":")
+        before = self.partner[at - 1] - 1
+        return not self.is_text(before, "if", "constexpr", "for", "while", "switch", "catch")
+
+    def end_of_any_statement(self, at):
+        """The last token of a statement with all that belongs to it, or of a label."""
+        if self.is_text(at, "case", "default"):
+            return next(i for i in range(at, len(self.tokens)) if self.is_text(i, ":"))
+        if self.is_text(at, "{"):
+            return self.partner[at]
+        if self.is_text(at, "do", "try"):
+            end = self.end_of_any_statement(at + 1)
+            while self.is_text(end + 1, "catch"):
+                end = self.end_of_any_statement(self.partner[end + 2] + 1)
+            return self.end_of_statement(end + 1) if self.is_text(at, "do") else end
+        if self.is_text(at, "if", "for", "while", "switch"):
+            bracket = at + 1 if self.is_text(at + 1, "(") else at + 2
+            end = self.end_of_any_statement(self.partner[bracket] + 1)
+            if end is not None and self.is_text(at, "if") and self.is_text(end + 1, "else"):
+                return self.end_of_any_statement(end + 2)
+            return end
+        return self.end_of_statement(at)
+
+    def text_of(self, first, last):
+        return self.text[self.tokens[first].start:self.tokens[last].end]
+
     def begins_statement(self, at):
         if self.is_text(at - 1, ":"):
             first = at - 1
@@ -260,11 +369,10 @@ class File:
         return self.is_text(at - 1, ";", "{", "}", "else")
 
     def negate(self, first, last, change):
-        text = self.text[self.tokens[first].start:self.tokens[last].end]
-        self.add(first, last, f"!({text})", change)
+        self.add(first, last, f"!({self.text_of(first, last)})", change)
 
     def brief(self, at, end):
-        text = " ".join(self.text[self.tokens[at].start:self.tokens[end].end].split())
+        text = " ".join(self.text_of(at, end).split())
         return text if len(text) <= 60 else text[:57] + "..."
 
     def end_of_statement(self, at):
