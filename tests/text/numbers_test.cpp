@@ -242,6 +242,26 @@ TEST(TryParseDouble, TakesTheDecimalPointOfTheHostsLocale) {
     EXPECT_EQ(point, 1);
 }
 
+// Seen by the error number, which is set before each call of strtod.
+TEST(TryParseDouble, CallsStrtodForAllButPlainDecimals) {
+    const auto callsStrtod = [](std::string_view text) {
+        double value = 0;
+        errno = EDOM;
+        TryParseDouble(text, value);
+        return errno != EDOM;
+    };
+    for (const std::string_view text :
+         {"0", "-0", "9", " 1", "\n-12.5 x", ".5", "5.", "-.5", "-5.", "1.5\t", "00000",
+          "123456789012345", "12345678901234.5", "-0.12345678901234", ".123456789012345"}) {
+        EXPECT_FALSE(callsStrtod(text)) << text;
+    }
+    for (const std::string_view text :
+         {"", " ", "-", ".", "-.", "+1", "--1", "- 1", "1e3", "1,5", "1.5.5", "1..", "0x1", "inf",
+          "1:", "1/", "1234567890123456", "0.123456789012345"}) {
+        EXPECT_TRUE(callsStrtod(text)) << text;
+    }
+}
+
 TEST(TryParse, DependsOnNoEarlierErrorNumber) {
     std::uint32_t u32 = 99;
     std::int32_t i32 = 99;
@@ -254,7 +274,7 @@ TEST(TryParse, DependsOnNoEarlierErrorNumber) {
     errno = ERANGE;
     EXPECT_TRUE(TryParseI64("3", i64));
     errno = ERANGE;
-    EXPECT_TRUE(TryParseDouble("4", f64));
+    EXPECT_TRUE(TryParseDouble("4e0", f64));
     EXPECT_EQ(u32, 1U);
     EXPECT_EQ(i32, 2);
     EXPECT_EQ(i64, 3);
