@@ -225,6 +225,25 @@ TEST_F(LineBlocksTest, SeesNoBorderOfBlocks) {
     }
 }
 
+// A read asks for as many bytes as there is room for, which is doubled when half of it is kept.
+TEST_F(LineBlocksTest, ReadsABlockAtATimeAndMoreWhenHalfOfItIsKept) {
+    struct Row {
+        std::size_t kept;
+        std::size_t added;
+    };
+    const Row rows[] = {{0, BlockSize - 1},
+                        {BlockSize / 2 - 2, BlockSize / 2 + 1},
+                        {BlockSize / 2 - 1, BlockSize / 2 * 3},
+                        {BlockSize - 1, BlockSize}};
+    for (const auto& [kept, added] : rows) {
+        Open(std::string(10 * BlockSize, '\n'));
+        EXPECT_EQ(ReadKeepingNothing(), Outcome::Lines);
+        EXPECT_EQ(Text().size(), BlockSize - 1);
+        EXPECT_EQ(blocks.Read(file, blocks.End() - kept), Outcome::Lines);
+        EXPECT_EQ(Text().size(), kept + added) << kept;
+    }
+}
+
 TEST_F(LineBlocksTest, EndsAFileAtTheBorderOfABlock) {
     for (std::size_t size = BlockSize - 4; size <= BlockSize + 2; ++size) {
         SCOPED_TRACE(size);
