@@ -121,6 +121,13 @@ TEST_F(ArenaTest, GivesAllMemoryBackAndStartsAfresh) {
     EXPECT_EQ(resource.sizes, std::vector<std::size_t>{16 * Kilobyte});
 }
 
+TEST_F(ArenaTest, HandsOutNothingOfAReleasedChunk) {
+    EXPECT_EQ(arena.Allocate(0), nullptr);
+    EXPECT_NE(arena.Allocate(8), nullptr);
+    arena.Release();
+    EXPECT_EQ(arena.Allocate(0), nullptr);
+}
+
 TEST_F(ArenaTest, GivesAllMemoryBackWhenItGoesAway) {
     {
         Arena other(&resource);
