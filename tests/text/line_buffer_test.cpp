@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace vexil {
 namespace {
@@ -33,6 +34,21 @@ TEST(LineBuffer, AppendsMoreThanTwiceWhatItHas) {
     LineBuffer line;
     line.Append("abc", std::string(100000, 'x'));
     EXPECT_TRUE(line.Text() == "abc" + std::string(100000, 'x'));
+}
+
+// The text moves when the memory grows.
+TEST(LineBuffer, DoublesItsMemoryFrom256Bytes) {
+    LineBuffer line;
+    std::vector<std::size_t> moves;
+    const char* place = nullptr;
+    while (line.Size() < 3000) {
+        line.Append('.');
+        if (line.Text().data() != place) {
+            place = line.Text().data();
+            moves.push_back(line.Size());
+        }
+    }
+    EXPECT_EQ(moves, (std::vector<std::size_t>{1, 257, 513, 1025, 2049}));
 }
 
 TEST(LineBuffer, AppendsIntegersInDecimal) {
