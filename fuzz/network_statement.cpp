@@ -177,8 +177,10 @@ class Statement {
         switch (ch) {
             case '"':
                 return std::string(input.TextUpTo('|'));
-            case '*':
-                return Repeated(input.TextUpTo('|'), input.Word() % LongestText);
+            case '*': {
+                const std::string_view once = input.TextUpTo('|');
+                return Repeated(once, input.Word() % LongestText);
+            }
             case '#':
                 return std::string(entries[0]) + std::to_string(number);
             case '^':
@@ -218,7 +220,7 @@ class Statement {
         const std::uint32_t count = input.Word() % 300;
         const std::uint32_t statement = number;
         const ByteSource first = input;
-        for (std::uint32_t at = 0; at < count; ++at) {
+        for (std::uint32_t at = 0; at < count && pairs.size() < LongestText; ++at) {
             input = count > 9 ? first : input;
             number = statement * count + at;
             pairs += Joined({" ", Field(Numbers), " \"", Field(Texts), "\""});
