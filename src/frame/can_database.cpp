@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <memory>
 #include <new>
 
 namespace vexil {
@@ -19,9 +20,10 @@ CANDatabase& database = *::new (memory.data()) CANDatabase;
 namespace {
 
 // It is emptied but not destroyed: exit handlers of a host may run later, and call.
-const struct LastReset {
-    ~LastReset() { database.Reset(); }
-} lastReset;
+const std::unique_ptr<CANDatabase, void (*)(CANDatabase*)> lastReset(&database,
+                                                                     [](CANDatabase* instance) {
+                                                                         instance->Reset();
+                                                                     });
 
 }  // namespace
 
