@@ -410,6 +410,44 @@ TEST_F(AllocationFaultTest, JoinsInOrderWhatIsAppendedAfterAFetchThatFailed) {
     }
 }
 
+// A sort asks for memory that it can do without.
+TEST_F(AllocationFaultTest, SortsNoDescriptionsThatAreInOrder) {
+    UseInput(
+        "BO_ 1 M: 8 N\n"
+        " SG_ Ordered : 0|8@1+ (1,0) [0|0] \"\" N\n"
+        " SG_ Mixed : 0|8@1+ (1,0) [0|0] \"\" N\n"
+        "VAL_ 1 Ordered 1 \"a\" 2 \"b\" 2 \"c\" 3 \"d\" ;\n"
+        "VAL_ 1 Mixed 3 \"a\" 2 \"b\" 1 \"c\" ;\n");
+    // appended: the value that is added after a first fetch, or null for a first fetch.
+    const auto isSorted = [this](std::uint32_t signal, const std::int32_t* appended) {
+        std::size_t thrown = 1;
+        std::size_t refused = 0;
+        for (std::size_t n = 1; thrown != 0 && refused == 0; ++n) {
+            Refill();
+            if (appended != nullptr) {
+                EXPECT_EQ(EnumCount(0, signal), 3U);
+                AppendEnum(0, signal, {*appended, "e"});
+            }
+            std::uint32_t count = 0;
+            const FailingAllocations failing(n, Exhaustion::Once);
+            try {
+                VexilGetNumEnumsInCanSignal(0, signal, &count);
+            } catch (const std::bad_alloc&) {
+            }
+            thrown = failing.Thrown();
+            refused = failing.Refused();
+        }
+        return refused != 0;
+    };
+    const std::int32_t first = 0;
+    const std::int32_t last = 3;
+    EXPECT_FALSE(isSorted(0, nullptr));
+    EXPECT_FALSE(isSorted(0, &last));
+    EXPECT_TRUE(isSorted(0, &first));
+    EXPECT_TRUE(isSorted(1, nullptr));
+    EXPECT_FALSE(isSorted(1, &last));
+}
+
 TEST_F(AllocationFaultTest, NeverMeetsAClear) {
     for (const Step& prepare : {Step([this] { Refill(); }), Step(Clear)}) {
         prepare();
