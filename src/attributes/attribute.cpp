@@ -33,11 +33,9 @@ bool Attribute::SetValueFromText(AttributeContent& content, std::string_view tok
     switch (valueType) {
         case AttributeValueType::Int: {
             std::int32_t number = 0;
-            if (!TryParseI32(token, number)) {
-                return false;
-            }
-            content.intValue = number;
-            return true;
+            const bool isNumber = TryParseI32(token, number);
+            content.intValue = isNumber ? number : content.intValue;
+            return isNumber;
         }
         case AttributeValueType::Enum:
             return SetEnumIndex(*this, content.enumIndex, token);

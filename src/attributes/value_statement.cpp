@@ -6,6 +6,7 @@
 //
 // Which of the forms a statement must have is up to the definition of the name.
 // SPDX-License-Identifier: MIT
+#include <array>
 #include <utility>
 
 #include "attributes/attribute_statements.h"
@@ -22,17 +23,8 @@ using enum TokenClass;
 // Where a definition stands in the search for a name: kinds in the order Gen, Msg, Sig, and in each
 // the types in the order Int, Str, Enum.
 std::pair<AttributeObjectKind, int> SearchRank(const Attribute& definition) {
-    switch (definition.valueType) {
-        case AttributeValueType::Int:
-            return {definition.objectKind, 0};
-        case AttributeValueType::Str:
-            return {definition.objectKind, 1};
-        case AttributeValueType::Enum:
-            return {definition.objectKind, 2};
-        case AttributeValueType::Unsup:
-            break;
-    }
-    return {definition.objectKind, 3};
+    constexpr std::array<int, 4> Ranks = {3, 0, 2, 1};  // of Unsup, Int, Enum and Str
+    return {definition.objectKind, Ranks[static_cast<std::size_t>(definition.valueType)]};
 }
 
 // Intentional: the first definition in the order of the search is the only one that counts, so

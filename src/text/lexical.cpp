@@ -56,17 +56,13 @@ bool ParseUnsignedToken(std::string_view text, std::uint32_t& value, Position& e
         return false;
     }
     const bool isNegative = text[start] == '-';
-    const Position digits = start + (isNegative ? 1 : 0);
-    Position at = digits;
+    Position at = start + (isNegative ? 1 : 0);
     std::uint64_t number = 0;
     for (; at < text.size() && IsDigit(text[at]); ++at) {
         number = number * 10 + static_cast<std::uint64_t>(text[at] - '0');
         if (number > std::numeric_limits<std::uint32_t>::max()) {
             return false;
         }
-    }
-    if (at == digits) {
-        return false;
     }
     auto wrapped = static_cast<std::uint32_t>(number);
     if (isNegative) {

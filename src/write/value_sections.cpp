@@ -4,48 +4,16 @@
 //   VAL_ id name number "text" number "text";
 //   SIG_VALTYPE_ id name : number;
 // SPDX-License-Identifier: MIT
-#include <charconv>
-#include <limits>
-
 #include "frame/can_database.h"
 #include "text/constants.h"
 #include "write/sections.h"
+#include "write/written_pairs.h"
 
 namespace vexil {
 namespace {
 
 bool IsFloat(const CANSignal& signal) {
     return signal.valueType == ValueFloat32 || signal.valueType == ValueFloat64;
-}
-
-// Whether text is a number between two blanks, as it is written.
-bool IsWrittenNumber(std::string_view text, std::int32_t& value) {
-    if (text.size() < 3 || text.front() != ' ' || text.back() != ' ') {
-        return false;
-    }
-    const char* const first = text.data() + 1;
-    const char* const end = text.data() + text.size() - 1;
-    const auto [after, error] = std::from_chars(first, end, value);
-    const char leading = *first == '-' ? first[1] : *first;
-    return error == std::errc() && after == end && (leading != '0' || end - first == 1);
-}
-
-// The value descriptions of a statement that has them just as they are written, which spares taking
-// them apart: ascending values, and one blank where there may be more. Nothing of any other one.
-std::string_view WrittenPairs(std::string_view statement) {
-    std::int64_t last = std::numeric_limits<std::int64_t>::min();
-    Position end = 0;
-    for (Position quote = 0; (quote = statement.find('"', end)) != npos;) {
-        const Position close = statement.find('"', quote + 1);
-        std::int32_t value = 0;
-        if (close == npos || !IsWrittenNumber(statement.substr(end, quote - end), value) ||
-            value <= last) {
-            return {};
-        }
-        last = value;
-        end = close + 1;
-    }
-    return statement.substr(0, end);
 }
 
 // Appends the value descriptions of a signal in ascending order of the values.
