@@ -22,8 +22,8 @@ function(vexil64_compile_flags target)
 endfunction()
 
 # Compiles headers that most sources of a target include once for all of them, which takes a third off
-# the time of a build with tests. A build without tests goes without, and so shows whether each source
-# includes what it uses.
+# the time in which a test is compiled. A build without tests goes without, and so shows whether each
+# source includes what it uses.
 #   vexil64_precompile(target [header...])    headers besides those of the standard library
 function(vexil64_precompile target)
     if(VEXIL64_BUILD_TESTS)

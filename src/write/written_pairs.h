@@ -1,5 +1,5 @@
-// A short way past the parser for the value descriptions of most files. It takes a fifth off the
-// instructions of a written line.
+// WrittenPairs, the value descriptions of a statement that can be copied. Those of most files can,
+// which takes a fifth off the instructions of a written line.
 // SPDX-License-Identifier: MIT
 #pragma once
 

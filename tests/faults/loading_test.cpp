@@ -125,7 +125,7 @@ TEST_F(LoadingTest, TakesNoMemoryFromTheDefaultResource) {
     EXPECT_TRUE(test::ReadBytes(output) == expectedFile);
 }
 
-// A handler that was registered before the library was loaded runs after the library has gone.
+// A handler that was registered before the library was loaded runs after those of the library.
 TEST_F(LoadingTest, LeavesAnEmptyDatabaseToExitHandlers) {
     static const LoadedLibrary* library = nullptr;
     static std::string path;

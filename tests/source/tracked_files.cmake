@@ -1,6 +1,6 @@
 # Checks that every file of the tree is one that somebody wrote: of a kind that is known, and small.
 #   cmake -DROOT=... -P tracked_files.cmake
-# The files are those that git tracks, or all but those of build where there is no git.
+# The files are those that git tracks, or all but those of build folders where there is no git.
 cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/source_lines.cmake")
 
@@ -21,7 +21,7 @@ if(GIT AND EXISTS "${ROOT}/.git")
 endif()
 if(NOT result EQUAL 0)
     file(GLOB_RECURSE files RELATIVE "${ROOT}" "${ROOT}/*")
-    list(FILTER files EXCLUDE REGEX "^(build|[.]git)/")
+    list(FILTER files EXCLUDE REGEX "^(build[^/]*|[.]git)/")
 endif()
 
 foreach(file IN LISTS files)
