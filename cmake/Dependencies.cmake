@@ -3,6 +3,10 @@
 # Finds a CMake package that provides a target, or ends the configure step in one clear line.
 function(vexil64_require package target debian_package)
     find_package(${package} QUIET)
+    # utf8-cpp 4 exports its target in a namespace, utf8-cpp 3 without one.
+    if(NOT TARGET ${target} AND TARGET ${package}::${target})
+        add_library(${target} ALIAS ${package}::${target})
+    endif()
     if(NOT TARGET ${target})
         message(FATAL_ERROR "${package} was not found. Install the Debian package ${debian_package}.")
     endif()
