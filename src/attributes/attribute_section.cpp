@@ -41,7 +41,7 @@ const Attribute* DefineName(AttributeTable& table, std::string_view name,
     definition.objectKind = kind;
     definition.valueType = AttributeValueType::Str;
     table.AddDefinition(definition);
-    return &table.definitions.back();
+    return table.definitions.back().get();
 }
 
 void AddMessageNames(AttributeTable& table, const MessageList& messages) {

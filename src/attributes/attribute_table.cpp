@@ -21,12 +21,10 @@ std::size_t HashOf(const AttributeValue& value) {
 
 const Attribute* AttributeTable::FindDefinition(std::string_view name, AttributeObjectKind kind,
                                                 AttributeValueType type) const {
-    const auto entry =
-        std::find_if(definitions.begin(), definitions.end(), [&](const Attribute& definition) {
-            return definition.objectKind == kind && definition.valueType == type &&
-                   definition.name == name;
-        });
-    return entry == definitions.end() ? nullptr : &*entry;
+    const auto entry = std::find_if(definitions.begin(), definitions.end(), [&](const auto& known) {
+        return known->objectKind == kind && known->valueType == type && known->name == name;
+    });
+    return entry == definitions.end() ? nullptr : entry->get();
 }
 
 const AttributeValue* AttributeTable::FindValue(const Attribute& definition,
@@ -39,7 +37,7 @@ const AttributeValue* AttributeTable::FindValue(const Attribute& definition,
 
 void AttributeTable::AddDefinition(Attribute definition) {
     if (FindDefinition(definition.name, definition.objectKind, definition.valueType) == nullptr) {
-        definitions.push_back(std::move(definition));
+        definitions.push_back(std::make_unique<Attribute>(std::move(definition)));
     }
 }
 
@@ -52,7 +50,7 @@ void AttributeTable::AddValue(const AttributeValue& value) {
 }
 
 void AttributeTable::ClearEntries() {
-    definitions.clear();
+    definitions = decltype(definitions)();
     values.Clear();
     index.Clear();
     memory.Release();

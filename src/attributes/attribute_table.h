@@ -4,8 +4,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <list>
+#include <memory>
 #include <string_view>
+#include <vector>
 
 #include "attributes/attribute.h"
 #include "text/arena.h"
@@ -17,8 +18,8 @@ namespace vexil {
 class AttributeTable {
   public:
     // In the order in which they were first seen. Only ClearEntries takes entries away, and none
-    // moves before that. A list, since an empty one needs no memory.
-    std::list<Attribute> definitions;
+    // moves before that.
+    std::vector<std::unique_ptr<Attribute>> definitions;
     PagedList<AttributeValue> values;
 
     // Returns the definition of the name, kind and type, owned by the table, or null. The search

@@ -81,11 +81,11 @@ void AppendLine(LineBuffer& text, Append append) {
 }  // namespace
 
 void AppendAttributeSection(LineBuffer& text, AttributeTable& table) {
-    for (const Attribute& definition : table.definitions) {
-        AppendLine(text, [&](LineBuffer& line) { AppendDefinition(line, definition); });
+    for (const auto& definition : table.definitions) {
+        AppendLine(text, [&](LineBuffer& line) { AppendDefinition(line, *definition); });
     }
-    for (const Attribute& definition : table.definitions) {
-        AppendLine(text, [&](LineBuffer& line) { AppendDefault(line, definition); });
+    for (const auto& definition : table.definitions) {
+        AppendLine(text, [&](LineBuffer& line) { AppendDefault(line, *definition); });
     }
     for (std::size_t at = 0; at < table.values.Size(); ++at) {
         AppendLine(text, [&](LineBuffer& line) { AppendValue(line, table.values[at]); });

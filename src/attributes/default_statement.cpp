@@ -19,11 +19,11 @@ void ParseDefaultStatement(AttributeTable& table, Arena& arena, std::string_view
     if (!IsReservedAttribute(name)) {
         return;
     }
-    for (Attribute& definition : table.definitions) {
-        AttributeContent content = definition.defaultContent;
-        if (definition.name == name && definition.SetValueFromText(content, tokens[2])) {
+    for (const auto& definition : table.definitions) {
+        AttributeContent content = definition->defaultContent;
+        if (definition->name == name && definition->SetValueFromText(content, tokens[2])) {
             content.stringValue = arena.Keep(content.stringValue);
-            definition.defaultContent = content;
+            definition->defaultContent = content;
         }
     }
 }

@@ -31,10 +31,10 @@ std::pair<AttributeObjectKind, int> SearchRank(const Attribute& definition) {
 // a name that is defined for messages and signals is always that of the messages.
 const Attribute* FindDefinitionOfName(const AttributeTable& table, std::string_view name) {
     const Attribute* first = nullptr;
-    for (const Attribute& definition : table.definitions) {
-        if (definition.name == name &&
-            (first == nullptr || SearchRank(definition) < SearchRank(*first))) {
-            first = &definition;
+    for (const auto& definition : table.definitions) {
+        if (definition->name == name &&
+            (first == nullptr || SearchRank(*definition) < SearchRank(*first))) {
+            first = definition.get();
         }
     }
     return first;

@@ -3,29 +3,29 @@
 #include "frame/can_database.h"
 
 #include <algorithm>
-#include <array>
-#include <cstddef>
 #include <memory>
-#include <new>
 
 namespace vexil {
 namespace {
 
-alignas(CANDatabase) std::array<std::byte, sizeof(CANDatabase)> memory;
+// An object that is there before any code runs, and is not destroyed: static objects of a host may
+// call in their constructors, and its exit handlers after those of the library.
+union Instance {
+    constexpr Instance() : object() {}
+    ~Instance() {}
+    CANDatabase object;
+};
+constinit Instance instance;
+
+// Gives its memory back at exit.
+void ResetLast(CANDatabase* last) {
+    last->Reset();
+}
+const std::unique_ptr<CANDatabase, void (*)(CANDatabase*)> lastReset(&instance.object, ResetLast);
 
 }  // namespace
 
-CANDatabase& database = *::new (memory.data()) CANDatabase;
-
-namespace {
-
-// It is emptied but not destroyed: exit handlers of a host may run later, and call.
-const std::unique_ptr<CANDatabase, void (*)(CANDatabase*)> lastReset(&database,
-                                                                     [](CANDatabase* instance) {
-                                                                         instance->Reset();
-                                                                     });
-
-}  // namespace
+constinit CANDatabase& database = instance.object;
 
 void CANDatabase::Reset() {
     info.protocolType = ProtocolPlainCan;

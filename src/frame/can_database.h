@@ -45,8 +45,8 @@ class CANDatabase {
     std::size_t oldestLook = 0;
 };
 
-// The one instance, made when the library is loaded, which needs no memory and so cannot fail, and
-// emptied when it is unloaded.
+// The one instance. It takes no code to make, so it is there from the start, and is emptied when
+// the library is unloaded.
 extern CANDatabase& database;
 
 }  // namespace vexil

@@ -17,6 +17,7 @@ void Arena::AddChunk(std::size_t size) {
     const std::size_t ordinary = std::max(nextChunkSize, FirstChunkSize);
     const std::size_t rounded = (size + Alignment - 1) / Alignment * Alignment;
     const std::size_t chunkSize = std::max(ordinary, rounded + sizeof(Chunk));
+    source = source == nullptr ? std::pmr::new_delete_resource() : source;
     void* memory = source->allocate(chunkSize, Alignment);
     // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): Release gives it back
     chunks = ::new (memory) Chunk{chunks, chunkSize};

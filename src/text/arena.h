@@ -18,9 +18,9 @@ namespace vexil {
 // begin to hold memory back, so that a release returns it to the system.
 class Arena {
   public:
-    // upstream: where chunks come from. Not the default resource of the process, which a host may
-    // replace and destroy.
-    explicit Arena(std::pmr::memory_resource* upstream = std::pmr::new_delete_resource()) noexcept
+    // upstream: where chunks come from; operator new for null, and not the default resource of the
+    // process, which a host may replace and destroy.
+    explicit constexpr Arena(std::pmr::memory_resource* upstream = nullptr) noexcept
         : source(upstream) {}
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;

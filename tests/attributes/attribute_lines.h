@@ -3,7 +3,7 @@
 #pragma once
 
 #include <initializer_list>
-#include <list>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -125,10 +125,10 @@ std::string Line(const Entry* entry) {
     return entry == nullptr ? "none" : Line(*entry);
 }
 
-inline Lines LinesOf(const std::list<Attribute>& definitions) {
+inline Lines LinesOf(const std::vector<std::unique_ptr<Attribute>>& definitions) {
     Lines lines;
-    for (const Attribute& definition : definitions) {
-        lines.push_back(Line(definition));
+    for (const auto& definition : definitions) {
+        lines.push_back(Line(*definition));
     }
     return lines;
 }

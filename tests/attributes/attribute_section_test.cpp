@@ -199,7 +199,7 @@ TEST_F(WriteAttributeSection, LeavesTheTableOfTheDatabaseAlone) {
     EXPECT_EQ(Section(), Text({"BA_DEF_ \"BusType\" STRING ;",  //
                                "BA_DEF_DEF_ \"BusType\" \"CAN FD\";"}));
     ASSERT_EQ(database.attributes.definitions.size(), 1U);
-    EXPECT_EQ(database.attributes.definitions.front().name, "J1939PGN");
+    EXPECT_EQ(database.attributes.definitions.front()->name, "J1939PGN");
 }
 
 }  // namespace

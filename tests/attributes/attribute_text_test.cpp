@@ -153,7 +153,7 @@ TEST(AppendAttributeSection, JoinsDefinitionsDefaultsAndValuesInTheirOrder) {
     AttributeTable table;
     table.AddDefinition(StrAttribute(Sig, ""));
     table.AddDefinition(IntAttribute(Gen, 0, 9, 0));
-    const Attribute& definition = table.definitions.front();
+    const Attribute& definition = *table.definitions.front();
     table.AddValue(MakeValue(definition, 7, "S", test::StrContent("x")));
     table.AddValue(MakeValue(definition, 5, "S", test::StrContent("y")));
     EXPECT_EQ(SectionOf(table),
@@ -170,8 +170,8 @@ TEST(AppendAttributeSection, SkipsEmptyLines) {
     table.AddDefinition(MakeAttribute(Msg, "U", Unsup));
     table.AddDefinition(MakeAttribute(Msg, "E", Enum));
     table.AddDefinition(StrAttribute(Gen, "x"));
-    table.AddValue(MakeValue(table.definitions.back(), 0, "", test::StrContent("y")));
-    table.AddValue(MakeValue(*std::next(table.definitions.begin()), 5, "", {}));
+    table.AddValue(MakeValue(*table.definitions.back(), 0, "", test::StrContent("y")));
+    table.AddValue(MakeValue(*table.definitions[1], 5, "", {}));
     EXPECT_EQ(SectionOf(table),
               "BA_DEF_ BO_ \"E\" ENUM;\n"
               "BA_DEF_ \"A\" STRING ;\n"
