@@ -6,9 +6,10 @@
  * Conventions that hold for every function:
  *
  *  1. One database. The library keeps one process-wide database; there is no handle and no context
- *     argument. It is valid and empty from the moment the library is loaded, and every function may
- *     be called at any time and in any order. At the end of the process the library empties it;
- *     exit handlers of the host that run later may still call and find it empty.
+ *     argument. It is valid and empty from the moment the library is loaded (a static library: from
+ *     the start of the program), and every function may be called at any time and in any order. At
+ *     the end of the process the library empties it; exit handlers of the host that run later may
+ *     still call and find it empty.
  *  2. Success is one byte: 1 for success, 0 for failure. The cause of a failed read or write is a
  *     result code, one of the State constants below.
  *  3. Indexes are unsigned, count from 0 and are positions in the present database. They mean
@@ -44,7 +45,11 @@
 #include <stddef.h>
 #include <stdint.h>
 
-#if defined(VEXIL64_BUILDING) && defined(_WIN32)
+/* A program that is linked with the static library defines VEXIL64_STATIC; the CMake package does.
+ */
+#if defined(VEXIL64_STATIC)
+#define VEXIL64_API
+#elif defined(VEXIL64_BUILDING) && defined(_WIN32)
 #define VEXIL64_API __declspec(dllexport)
 #elif defined(VEXIL64_BUILDING)
 #define VEXIL64_API __attribute__((visibility("default")))
