@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "write/number_text.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <locale>
+#include <new>
 #include <sstream>
 
 namespace vexil {
@@ -19,10 +21,9 @@ constexpr int SignificantDigits = 10;
 // decimal. Returns false with nothing appended for any other number. Intentional: a negative zero
 // has its sign.
 bool AppendShortDecimal(LineBuffer& line, double number) {
-    constexpr double Most = 4294967295.0;
     const double magnitude = std::abs(number);
     const std::string_view sign = std::signbit(number) ? "-" : "";
-    if (!(magnitude <= Most)) {
+    if (!(magnitude <= 4294967295.0)) {
         return false;
     }
     const auto whole = static_cast<std::uint32_t>(magnitude);
@@ -56,7 +57,7 @@ void AppendClassic(LineBuffer& line, double number) {
     std::array<char, 32> digits{};
     const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), number,
                                             std::chars_format::general, SignificantDigits);
-    line.Append(std::string_view(digits.data(), end));
+    line.Append(std::string_view(digits.data(), std::find(digits.data(), end, '(')));  // nan(ind)
 }
 
 }  // namespace
@@ -72,10 +73,9 @@ void NumberText::AppendPair(LineBuffer& line, std::string_view separators, doubl
         AppendClassic(line, second);
     } else {
         std::ostringstream text;
-        text.exceptions(std::ios_base::badbit);  // out of memory travels on, and cuts no number
         text.precision(SignificantDigits);
         text << first << separators[2] << second;
-        line.Append(text.str());
+        line.Append(text ? text.str() : throw std::bad_alloc());  // bad: out of memory
     }
     line.Append(separators[3]);
 }
