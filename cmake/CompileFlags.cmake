@@ -13,6 +13,8 @@ function(vexil64_compile_flags target)
         VISIBILITY_INLINES_HIDDEN ON)
     target_compile_options(${target} PRIVATE
         -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+        # Intentional in src: "&" of two conditions keeps a loop over bytes free of branches.
+        $<$<CXX_COMPILER_ID:Clang>:-Wno-bitwise-instead-of-logical>
         $<$<BOOL:${VEXIL64_WARNINGS_AS_ERRORS}>:-Werror>)
     if(VEXIL64_SANITIZE)
         target_compile_options(${target} PRIVATE
@@ -29,5 +31,13 @@ function(vexil64_precompile target)
     if(VEXIL64_BUILD_TESTS)
         target_precompile_headers(${target} PRIVATE
             <algorithm> <array> <cstdint> <functional> <memory> <string> <string_view> <vector> ${ARGN})
+    endif()
+endfunction()
+
+# For a program that replaces operator new. So does the runtime of the memory sanitizer, but only in
+# programs that clang links as C++.
+function(vexil64_replaces_new target)
+    if(VEXIL64_SANITIZE MATCHES "memory")
+        set_target_properties(${target} PROPERTIES LINKER_LANGUAGE C)
     endif()
 endfunction()

@@ -80,21 +80,40 @@ bool SameInfo(const DatabaseInfo& info, const DatabaseInfo& other) {
     return info.protocolType == other.protocolType && info.busType == other.busType;
 }
 
-template <typename Record>
-bool SameBytes(const Record& record, const Record& other) {
-    return std::memcmp(&record, &other, sizeof record) == 0;
+bool SameBytes(const CanEnumRecord& description, const CanEnumRecord& other) {
+    return std::memcmp(&description, &other, sizeof description) == 0;
 }
 
-// Up to the gap at its end, which a compiler need not fill.
+// From one member of a record to a later one. Precondition: no gap is between them.
+template <typename Record, typename First, typename Last>
+bool SameMembers(const Record& record, const Record& other, First Record::*first,
+                 Last Record::*last) {
+    const auto* const begin = reinterpret_cast<const char*>(&(record.*first));
+    const auto* const end = reinterpret_cast<const char*>(&(record.*last) + 1);
+    return std::memcmp(begin, &(other.*first), static_cast<std::size_t>(end - begin)) == 0;
+}
+
+// All but the gaps, which a compiler need not fill.
+bool SameBytes(const CanMessageRecord& record, const CanMessageRecord& other) {
+    using Record = CanMessageRecord;
+    return SameMembers(record, other, &Record::id, &Record::name) &&
+           SameMembers(record, other, &Record::dlc, &Record::transmitter) &&
+           SameMembers(record, other, &Record::signalCount, &Record::sendType) &&
+           record.cycleTime == other.cycleTime;
+}
+
 bool SameBytes(const CanSignalRecord& record, const CanSignalRecord& other) {
-    return std::memcmp(&record, &other,
-                       offsetof(CanSignalRecord, unitUtf8) + sizeof record.unitUtf8) == 0;
+    using Record = CanSignalRecord;
+    return SameMembers(record, other, &Record::name, &Record::comment) &&
+           SameMembers(record, other, &Record::multiplexType, &Record::valueType) &&
+           SameMembers(record, other, &Record::factor, &Record::unitUtf8);
 }
 
 bool SameBytes(const test::SignalRecords& signal, const test::SignalRecords& other) {
+    const auto same = [](const auto& one, const auto& another) { return SameBytes(one, another); };
     return SameBytes(signal.record, other.record) &&
            std::equal(signal.enums.begin(), signal.enums.end(), other.enums.begin(),
-                      other.enums.end(), SameBytes<CanEnumRecord>);
+                      other.enums.end(), same);
 }
 
 bool SameBytes(const test::MessageRecords& message, const test::MessageRecords& other) {
@@ -104,8 +123,7 @@ bool SameBytes(const test::MessageRecords& message, const test::MessageRecords& 
                       other.signals.end(), same);
 }
 
-// Both were zero to the last byte before they were filled. Where gaps have differed for all that,
-// the text has the last word.
+// Where bytes differ that are no part of a text, or a NaN, the text has the last word.
 bool SameBytes(const test::DatabaseRecords& records, const test::DatabaseRecords& other) {
     const auto same = [](const auto& one, const auto& another) { return SameBytes(one, another); };
     return SameInfo(records.info, other.info) &&

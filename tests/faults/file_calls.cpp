@@ -12,6 +12,8 @@
 #include <cstdarg>
 #include <limits>
 
+#include "support/memory_sanitizer.h"
+
 namespace vexil::faults {
 namespace {
 
@@ -73,6 +75,13 @@ ssize_t CountBytes(FileCall call, ssize_t size) {
 template <typename Function>
 Function* Next(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
+}
+
+ssize_t ReadNext(int descriptor, void* bytes, std::size_t size) {
+    static auto* const next = Next<ssize_t(int, void*, std::size_t)>("read");
+    const ssize_t count = next(descriptor, bytes, size);
+    test::MarkAsInitialised(bytes, static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    return count;
 }
 
 }  // namespace
@@ -145,14 +154,13 @@ int open(const char* path, int flags, ...) {
 }
 
 ssize_t read(int descriptor, void* bytes, std::size_t size) {
-    static auto* const next = Next<ssize_t(int, void*, std::size_t)>("read");
     if (!IsWatched(descriptor)) {
-        return next(descriptor, bytes, size);
+        return ReadNext(descriptor, bytes, size);
     }
     if (Fails(FileCall::Read)) {
         return -1;
     }
-    const ssize_t count = next(descriptor, bytes, Limited(size));
+    const ssize_t count = ReadNext(descriptor, bytes, Limited(size));
     state.endsOfFile += count == 0 ? 1 : 0;
     return CountBytes(FileCall::Read, count);
 }

@@ -28,6 +28,9 @@ class TempFolder {
         if (!std::filesystem::create_directory(path)) {
             throw std::runtime_error("could not make " + path.string());
         }
+        // The destructor compares error codes, so their categories must outlive a static folder.
+        [[maybe_unused]] const std::error_category* const categories[] = {&std::generic_category(),
+                                                                          &std::system_category()};
     }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;

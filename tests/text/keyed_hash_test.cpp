@@ -21,6 +21,8 @@
 #include <sstream>
 #include <vector>
 
+#include "support/memory_sanitizer.h"
+
 namespace {
 
 bool isClockStopped = false;
@@ -35,6 +37,7 @@ extern "C" [[gnu::visibility("default")]] int clock_gettime(clockid_t clock,
         *time = stoppedAt;
         return 0;
     }
+    vexil::test::MarkAsInitialised(time, sizeof(*time));
     return static_cast<int>(syscall(SYS_clock_gettime, clock, time));
 }
 #endif
@@ -61,7 +64,7 @@ TEST(KeyedHash, DependsOnEachBitOfTheText) {
         std::set<std::size_t> hashes = {KeyedHash(0, text)};
         for (char& ch : text) {
             for (unsigned bit = 0; bit < 8; ++bit) {
-                ch = static_cast<char>(ch ^ (1U << bit));
+                ch = static_cast<char>(ch ^ (1 << bit));
                 hashes.insert(KeyedHash(0, text));
                 ch = 'a';
             }
