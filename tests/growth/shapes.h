@@ -69,4 +69,8 @@ std::vector<Shape> WriterShapes();
 
 std::vector<Shape> AllShapes();
 
+// Names and ids that collide under the library's own hash. Apart from the others, since a program
+// of them needs hash_key.cpp.
+std::vector<Shape> KnownKeyShapes();
+
 }  // namespace vexil::growth
