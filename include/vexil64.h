@@ -1,7 +1,8 @@
 /* vexil64 - reads and writes DBC files, the text format in which CAN bus networks are described.
  * SPDX-License-Identifier: MIT
  *
- * This is the only file that a host needs. It is strict C99 and C++.
+ * This header is all that a program needs to call the library. It compiles as C89 and later and as
+ * C++98 and later, in both cases with <stdint.h>.
  *
  * Conventions that hold for every function:
  *
@@ -309,9 +310,9 @@ VEXIL64_API uint8_t VexilWriteDbcFile(const char* path, uint32_t pathBufferSize,
 } /* extern "C" */
 #endif
 
-/* The layout is part of the contract, so each size and offset is checked by whoever compiles this
- * file. C99 has no static assertion: an array of negative size stands in for it. */
-#ifdef __cplusplus
+/* The layout is part of the contract, so every compiler checks each size and offset. C before C11
+ * and C++ before C++11 have no static assertion: an array of negative size is used in its place. */
+#if defined(__cplusplus) && __cplusplus >= 201103L
 #define VEXIL64_ASSERT(name, condition) static_assert(condition, #name)
 #else
 #define VEXIL64_ASSERT(name, condition) typedef char vexil64_assert_##name[(condition) ? 1 : -1]
