@@ -1,4 +1,4 @@
-# What is installed: the library, its header and what find_package(vexil64) needs. And the package
+# What is installed: the library, its headers and what find_package(vexil64) needs. And the package
 # that cpack makes of it.
 include(CMakePackageConfigHelpers)
 
@@ -7,7 +7,9 @@ install(TARGETS vexil64
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT runtime
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
-install(FILES "${PROJECT_SOURCE_DIR}/include/vexil64.h"
+install(FILES
+        "${PROJECT_SOURCE_DIR}/include/vexil64.h"
+        "${PROJECT_SOURCE_DIR}/include/vexil64_frame.h"
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
 if(TARGET vexil-dbc)
     install(TARGETS vexil-dbc RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)

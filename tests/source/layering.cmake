@@ -68,11 +68,13 @@ function(check_guest_include file include)
     set(wrong "${wrong}" PARENT_SCOPE)
 endfunction()
 
-# And for the public header, which a host may copy as its only file.
+# And for the public headers, which a host may copy: the first one alone, each other one with it.
 function(check_header_include file include)
     set(wrong "")
-    if(NOT include MATCHES "^<std[a-z]+\\.h>$")
-        set(wrong "is not a header of the C standard library")
+    if(file STREQUAL "include/vexil64.h" OR NOT include STREQUAL "\"vexil64.h\"")
+        if(NOT include MATCHES "^<(std[a-z]+|float|string)\\.h>$")
+            set(wrong "is not a header of the C standard library")
+        endif()
     endif()
     set(wrong "${wrong}" PARENT_SCOPE)
 endfunction()
@@ -99,5 +101,5 @@ endmacro()
 check_folders(check_src_include src)
 check_folders(check_header_include include)
 check_folders(check_guest_include tools examples bench
-    tests/abi tests/api tests/corpus tests/docs tests/golden tests/install tests/tool)
+    tests/abi tests/api tests/corpus tests/docs tests/golden tests/headers tests/install tests/tool)
 end_check()
