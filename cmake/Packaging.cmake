@@ -9,6 +9,7 @@ install(TARGETS vexil64
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development)
 install(FILES
         "${PROJECT_SOURCE_DIR}/include/vexil64.h"
+        "${PROJECT_SOURCE_DIR}/include/vexil64.hpp"
         "${PROJECT_SOURCE_DIR}/include/vexil64_frame.h"
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT development)
 if(TARGET vexil-dbc)

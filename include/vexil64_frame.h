@@ -171,6 +171,8 @@ VEXIL64_INLINE const char* VexilFrameResultText(VexilFrameResult result);
 
 /* -- Implementation --------------------------------------------------------------------------- */
 
+/* C has no auto. NOLINTBEGIN(modernize-use-auto) */
+
 /* A mask of the lowest bits, 1 to 64 of them. */
 VEXIL64_INLINE uint64_t VexilFrameMask(uint32_t bits) {
     return ~VEXIL64_CAST(uint64_t, 0) >> (64 - bits);
@@ -484,6 +486,8 @@ VEXIL64_INLINE const char* VexilFrameResultText(VexilFrameResult result) {
     }
     return "unknown result";
 }
+
+/* NOLINTEND(modernize-use-auto) */
 
 #undef VEXIL64_INLINE
 #undef VEXIL64_CAST

@@ -68,13 +68,18 @@ function(check_guest_include file include)
     set(wrong "${wrong}" PARENT_SCOPE)
 endfunction()
 
-# And for the public headers, which a host may copy: the first one alone, each other one with it.
+# And for the public headers, which a host may copy: vexil64.h alone, the others together with it.
 function(check_header_include file include)
     set(wrong "")
-    if(file STREQUAL "include/vexil64.h" OR NOT include STREQUAL "\"vexil64.h\"")
-        if(NOT include MATCHES "^<(std[a-z]+|float|string)\\.h>$")
-            set(wrong "is not a header of the C standard library")
-        endif()
+    set(standard C)
+    set(headers "<(std[a-z]+|float|string)\\.h>")
+    if(file MATCHES "\\.hpp$")
+        set(standard C++)
+        set(headers "<[a-z_]+>")
+    endif()
+    if(NOT include MATCHES "^${headers}$" AND
+            NOT (include MATCHES "^\"vexil64(_frame)?\\.h\"$" AND NOT file STREQUAL "include/vexil64.h"))
+        set(wrong "is not a header of the ${standard} standard library")
     endif()
     set(wrong "${wrong}" PARENT_SCOPE)
 endfunction()

@@ -18,7 +18,7 @@ function(source_files out)
     set(files "")
     foreach(folder IN LISTS ARGN)
         file(GLOB_RECURSE found RELATIVE "${ROOT}"
-            "${ROOT}/${folder}/*.h" "${ROOT}/${folder}/*.cpp" "${ROOT}/${folder}/*.c")
+            "${ROOT}/${folder}/*.h" "${ROOT}/${folder}/*.hpp" "${ROOT}/${folder}/*.cpp" "${ROOT}/${folder}/*.c")
         list(APPEND files ${found})
     endforeach()
     list(SORT files)
