@@ -234,7 +234,7 @@ TEST(VexilEncodeValue, LeavesTheFrameWhenItFails) {
 bool IsWithin(CanSignalRecord signal, double minimum, double maximum, double value) {
     signal.minimum = minimum;
     signal.maximum = maximum;
-    return VexilIsWithinLimits(&signal, value) != 0;
+    return VexilIsWithinLimits(&signal, value) == 1;
 }
 
 TEST(VexilIsWithinLimits, AllowsHalfAStepOfAnInteger) {
