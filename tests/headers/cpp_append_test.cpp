@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "support/files.h"
 #include "support/records.h"
 #include "vexil64.hpp"

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <string>
 #include <type_traits>
+#include <vector>
 
 #include "support/files.h"
 #include "vexil64.hpp"

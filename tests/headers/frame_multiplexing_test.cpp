@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "frame_signals.h"
 
 namespace vexil::test {

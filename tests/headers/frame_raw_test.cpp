@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <string>
+#include <vector>
+
 #include "frame_signals.h"
 
 namespace vexil::test {

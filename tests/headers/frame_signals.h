@@ -46,6 +46,9 @@ template <typename Value>
 struct Outcome {
     static constexpr Value Unset = static_cast<Value>(123456789);
 
+    Outcome() = default;
+    Outcome(VexilFrameResult reason, Value stored) : result(reason), value(stored) {}
+
     VexilFrameResult result = FrameOk;
     Value value = Unset;
 

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <vector>
 
 #include "frame_signals.h"
 
@@ -50,10 +51,10 @@ TEST(VexilDecodeValue, AppliesFactorAndOffsetToFloats) {
 }
 
 TEST(VexilDecodeValue, FailsAsDecodingTheRawValueDoes) {
-    const Frame frame(8);
     const CanSignalRecord signal = SignalAt(60, 8, ByteOrderLittleEndian);
-    EXPECT_EQ(DecodeValue(signal, frame), Failure<double>(FrameTooShort));
-    EXPECT_EQ(VexilDecodeValue(&signal, frame.data(), 16, nullptr), FrameNullArgument);
+    EXPECT_EQ(DecodeValue(signal, Frame(8)), Failure<double>(FrameTooShort));
+    const Frame longer(9);
+    EXPECT_EQ(VexilDecodeValue(&signal, longer.data(), 9, nullptr), FrameNullArgument);
 }
 
 TEST(VexilRawToValue, TakesSignedNumbersOfAllBits) {
