@@ -3,22 +3,19 @@
 // SPDX-License-Identifier: MIT
 //
 //  1. One database. This header has no state of its own: every function works on the one
-//  process-wide
-//     database of the library, so there are no objects for networks. Calls must not overlap.
+//     process-wide database of the library, so there are no objects for networks. Calls must not
+//     overlap.
 //  2. Items. A Message, Signal, Description or StatementError holds a copy of its record and stays
-//  as it
-//     is whatever is called later. Its position is valid until the next read or clear.
+//     as it is whatever is called later. Its position is valid until the next read or clear.
 //  3. Ranges. messages(), errors(), Message::signals() and Signal::descriptions() fetch an item for
-//  each
-//     step of an iterator. A reference to an item is valid until the iterator is incremented: copy
-//     the item to keep it. Ranges are input ranges, in C++20 also views.
+//     each step of an iterator. A reference to an item is valid until the iterator is incremented:
+//     copy the item to keep it. Ranges are input ranges, in C++20 also views.
 //  4. Text. Every text is UTF-8. A std::string_view points into the item that returned it, which is
-//  why
-//     a temporary item returns none. A text argument must not be null, and must not contain a NUL.
+//     why a temporary item returns none. A text argument must not be null, and must not contain a
+//     NUL.
 //  5. Errors. A failed read or write throws Error with the result code. try_read and try_write
-//  return
-//     it instead. A bad argument throws std::invalid_argument before the library is called. A
-//     position that is not in the database throws std::out_of_range. Decoding and encoding throw
+//     return it instead. A bad argument throws std::invalid_argument before the library is called.
+//     A position that is not in the database throws std::out_of_range. Decoding and encoding throw
 //     FrameError. Out of memory is std::bad_alloc.
 #ifndef VEXIL64_HPP
 #define VEXIL64_HPP
@@ -166,7 +163,7 @@ std::string_view load(const char (&array)[Size]) {
 template <typename Call>
 Result call_with_path(Text path, const Call& call) {
     const std::string buffer(path.view());
-    // The size counts the NUL. One size is too long for the library already.
+    // The size counts the NUL. The largest one stands for all that are too long.
     const std::size_t size = std::min<std::size_t>(buffer.size() + 1, MaxPathBufferSize + 1);
     Result result = {false, StatePathInvalid};
     if (buffer.find('\0') == std::string::npos) {
@@ -568,7 +565,7 @@ class NewMessage {
     CanMessageRecord m_record = {};
 };
 
-// A signal to append: until it is told otherwise, one unsigned bit at bit 0 with the factor 1.
+// A signal to append. By default it is one unsigned bit at bit 0, with the factor 1.
 // Texts throw as those of NewMessage do.
 class NewSignal {
   public:

@@ -9,24 +9,24 @@
  * data bytes of a frame. Conventions that hold for every function:
  *
  *  1. Result. A function returns FrameOk, which is 0, or the reason of the failure. This differs
- * from the functions of the library, which return 1 for success. A function that fails changes
+ *     from the functions of the library, which return 1 for success. A function that fails changes
  *     neither its output nor the frame.
  *  2. Frame. size is the number of bytes at data: 8 at most for classic CAN, 64 at most for CAN FD.
- * The functions have no maximum, since transport protocols carry longer messages. A frame may be
- *     shorter than the dlc of its message; only the bytes of the signal must be there. A frame of
- *     size 0 may be null.
+ *     The functions have no maximum, since transport protocols carry longer messages. A frame may
+ *     be shorter than the dlc of its message; only the bytes of the signal must be there. A frame
+ *     of size 0 may be null.
  *  3. Bits. Bit b of a frame is bit b % 8 of byte b / 8, where bit 0 of a byte is the least
- * significant one. startBit is the least significant bit of a little-endian signal, whose further
- * bits have ascending numbers. It is the most significant bit of a big-endian signal, which
- * continues towards bit 0 of its byte, then with bit 7 of the next byte.
+ *     significant one. startBit is the least significant bit of a little-endian signal, whose
+ *     further bits have ascending numbers. It is the most significant bit of a big-endian signal,
+ *     which continues towards bit 0 of its byte, then with bit 7 of the next byte.
  *  4. Raw value. The bits of a signal as a uint64_t. A ValueSigned signal is extended with its sign
- * to 64 bits, so that the cast to int64_t gives its number. The raw value of a ValueFloat32 and
+ *     to 64 bits, so that the cast to int64_t gives its number. The raw value of a ValueFloat32 and
  *     ValueFloat64 signal is its IEEE 754 bit pattern.
  *  5. Physical value. number * factor + offset, calculated as double. The number is the raw value,
- * or the floating-point number with that bit pattern. Integers of more than 53 bits may be rounded,
- *     since a double has no more digits: use the raw value where each bit counts. The last bit of
- *     the result may depend on the compiler, which is free to fuse the multiplication and the
- *     addition where the processor can.
+ *     or the floating-point number with that bit pattern. Integers of more than 53 bits may be
+ *     rounded, since a double has no more digits: use the raw value where each bit counts. The last
+ *     bit of the result may depend on the compiler, which is free to fuse the multiplication and
+ *     the addition where the processor can.
  *  6. Multiplexing. Only VexilCheckPresence looks at the multiplexer. All other functions take the
  *     signal as present.
  */
@@ -95,11 +95,13 @@ VEXIL64_INLINE VexilFrameResult VexilDecodeValue(const CanSignalRecord* signal, 
 VEXIL64_INLINE VexilFrameResult VexilEncodeValue(const CanSignalRecord* signal, double value,
                                                  uint8_t* data, size_t size);
 
-/* Returns 1 if a physical value is between minimum and maximum of a signal, else 0. Returns 1 for
- * every number if both limits are 0, which in a DBC file means that there are none. Returns 0 for a
- * NaN or a null signal. signal  the signal. value   the physical value. It may exceed a limit by
- * what encoding rounds: half of factor for an integer signal, FLT_EPSILON times the limit for a
- * ValueFloat32, nothing for a ValueFloat64. */
+/* Compares a physical value with minimum and maximum of a signal.
+ *   signal  the signal; null returns 0.
+ *   value   the physical value. It may exceed a limit by what encoding rounds: half of factor for
+ *           an integer signal, FLT_EPSILON times the limit for a ValueFloat32, nothing for a
+ *           ValueFloat64.
+ * Returns 1 if the value is between the limits, or if both are 0, which in a DBC file means that
+ * there are none. Returns 0 if it is not, and for a NaN. */
 VEXIL64_INLINE uint8_t VexilIsWithinLimits(const CanSignalRecord* signal, double value);
 
 /* -- Raw values ------------------------------------------------------------------------------- */
@@ -163,7 +165,7 @@ VEXIL64_INLINE VexilFrameResult VexilCheckPresence(const CanSignalRecord* signal
                                                    const CanSignalRecord* selector,
                                                    const uint8_t* data, size_t size);
 
-/* -- Messages --------------------------------------------------------------------------------- */
+/* -- Results ---------------------------------------------------------------------------------- */
 
 /* Returns a result in words, in English and without a full stop; never null.
  *   result  a result; "unknown result" for any other number. */
