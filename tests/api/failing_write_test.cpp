@@ -1,38 +1,13 @@
 // Tests of VexilWriteDbcFile when the system takes no more bytes on the way: which line shows it,
 // and what the file and the database hold then.
 // SPDX-License-Identifier: MIT
-#include <sys/resource.h>
-
-#include <csignal>
 #include <filesystem>
 
 #include "api/api_test.h"
+#include "support/file_size_limit.h"
 
 namespace vexil::test {
 namespace {
-
-// While it lives, no file of the process grows beyond a size: a write over it goes as far as it can
-// and then fails.
-class FileSizeLimit {
-  public:
-    explicit FileSizeLimit(std::size_t size) {
-        handler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before);
-        rlimit limit = before;
-        limit.rlim_cur = size;
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &before);
-        std::signal(SIGXFSZ, handler);
-    }
-
-  private:
-    rlimit before{};
-    void (*handler)(int) = SIG_DFL;
-};
 
 class FailingWriteTest : public ApiTest {
   protected:

@@ -13,7 +13,8 @@ set(linux_only_folders
 # Source files, by name. For the same reason write_driver_test.cpp compiles its
 # WriteDbcFileToAFullDisk on Linux alone.
 set(linux_only_sources
-    failing_write_test.cpp)     # limits the size of files, which Windows does not do
+    cpp_failing_write_test.cpp  # limits the size of files, which Windows does not do
+    failing_write_test.cpp)     # likewise
 
 # Tests, by program.
 set(linux_only_api_tests
