@@ -83,6 +83,9 @@ TEST_F(CppReadTest, TellsTheBitOfAnExtendedFrameFromItsId) {
     EXPECT_TRUE(charger.is_extended());
     EXPECT_EQ(charger.id(), 2566834942U);
     EXPECT_EQ(charger.frame_id(), 2566834942U - 0x80000000U);
+    const vexil64::Message plain = vexil64::append(vexil64::NewMessage(0x7FFFFFFF, "Plain"));
+    EXPECT_FALSE(plain.is_extended());
+    EXPECT_EQ(plain.frame_id(), 0x7FFFFFFFU);
 }
 
 TEST_F(CppReadTest, ReturnsTheFieldsOfASignal) {
