@@ -26,7 +26,8 @@
  *     or the floating-point number with that bit pattern. Integers of more than 53 bits may be
  *     rounded, since a double has no more digits: use the raw value where each bit counts. The last
  *     bit of the result may depend on the compiler, which is free to fuse the multiplication and
- *     the addition where the processor can.
+ *     the addition where the processor can. With options such as -ffast-math, under which a
+ *     compiler assumes that there are no infinities and NaNs, they are not recognised.
  *  6. Multiplexing. Only VexilCheckPresence looks at the multiplexer. All other functions take the
  *     signal as present.
  */
