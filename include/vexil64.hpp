@@ -643,10 +643,9 @@ class NewSignal {
 
 // Appends a message without signals at the end of the database and returns it.
 inline Message append(const NewMessage& message) {
-    if (!VexilAppendCanMessage(&message.record())) {
-        throw std::invalid_argument("the library refuses the message");
-    }
-    return messages().at(static_cast<std::uint32_t>(VexilGetNumCanMessages() - 1));
+    const auto index = static_cast<std::uint32_t>(VexilGetNumCanMessages());
+    VexilAppendCanMessage(&message.record());
+    return messages().at(index);
 }
 
 // Appends a signal at the end of a message and returns it. Throws
