@@ -163,7 +163,7 @@ std::string_view load(const char (&array)[Size]) {
 template <typename Call>
 Result call_with_path(Text path, const Call& call) {
     const std::string buffer(path.view());
-    // The size counts the NUL. The largest one stands for all that are too long.
+    // The size counts the NUL. All longer paths have the same result.
     const std::size_t size = std::min<std::size_t>(buffer.size() + 1, MaxPathBufferSize + 1);
     Result result = {false, StatePathInvalid};
     if (buffer.find('\0') == std::string::npos) {
