@@ -16,7 +16,7 @@
 #include <vector>
 
 #include "arguments.h"
-#include "commands.h"
+#include "commands/commands.h"
 
 namespace {
 

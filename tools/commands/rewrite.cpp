@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include <iostream>
 
-#include "commands.h"
-#include "dbc_file.h"
+#include "commands/commands.h"
+#include "database/database_file.h"
 
 namespace vexil::tool {
 

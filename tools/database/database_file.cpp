@@ -1,13 +1,13 @@
 // Reading, writing and parse errors, with the library's answers told to the user.
 // SPDX-License-Identifier: MIT
-#include "dbc_file.h"
+#include "database/database_file.h"
 
 #include <vexil64.h>
 
 #include <iostream>
 #include <string_view>
 
-#include "messages.h"
+#include "database/result_words.h"
 
 namespace vexil::tool {
 namespace {

@@ -1,6 +1,6 @@
 // The words for result codes and for the steps of a statement.
 // SPDX-License-Identifier: MIT
-#include "messages.h"
+#include "database/result_words.h"
 
 #include <vexil64.h>
 

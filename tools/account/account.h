@@ -1,0 +1,65 @@
+// The account of a file: what becomes of each of its statements, and what else there is to say of
+// it.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "account/cause.h"
+#include "account/fate.h"
+#include "database/snapshot.h"
+#include "source/source_text.h"
+
+namespace vexil::tool {
+
+// A statement of the text as its author meant it, or stray text, whose keyword is empty.
+struct AccountedStatement {
+    Cause cause = Cause::Kept;
+    std::uint32_t line = 0;
+    std::uint32_t column = 0;
+    std::string_view keyword;
+    std::string_view text;  // in the text of the source
+    std::string detail;     // what the cause means here; may be empty
+};
+
+// Something about the file as a whole, the layout of its signals, or its rewrite.
+struct Finding {
+    Cause cause = Cause::NoStatement;
+    std::uint32_t line = 0;  // 0: no place in particular
+    std::uint32_t column = 0;
+    std::string detail;
+};
+
+struct Account {
+    std::vector<AccountedStatement> statements;
+    std::vector<Finding> fileFindings;
+
+    // The statement of each message and signal of the database, as an index into statements, in the
+    // order of the database. Signals of all messages are in one list.
+    std::vector<std::uint32_t> messageStatements;
+    std::vector<std::uint32_t> signalStatements;
+
+    std::array<std::size_t, FateCount> CountsByFate() const;  // in the order of AllFates
+    std::map<Cause, std::size_t> CountsByCause() const;       // of the statements
+};
+
+// Accounts for each statement of a text that the library has just read.
+//   source    must outlive the account
+//   snapshot  what the library made of it
+Account MakeAccount(const SourceText& source, const Snapshot& snapshot);
+
+// What is wrong with the layout of the signals: overlaps, signals outside their message,
+// multiplexed signals without a selector, ranges that no raw value reaches.
+std::vector<Finding> FindLayoutFaults(const Account& account, const Snapshot& snapshot);
+
+// What a file that the library writes now loses or changes, beyond what the statements say: a
+// finding for each place.
+std::vector<Finding> FindRewriteLosses(const Account& account, const Snapshot& snapshot);
+
+}  // namespace vexil::tool

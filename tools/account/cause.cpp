@@ -1,0 +1,44 @@
+// The table of causes, put together of its parts.
+// SPDX-License-Identifier: MIT
+#include "account/cause.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "account/cause_rows.h"
+
+namespace vexil::tool {
+namespace {
+
+std::vector<CauseRow> AllRows() {
+    std::vector<CauseRow> rows;
+    const auto add = [&rows](const auto& part) {
+        rows.insert(rows.end(), part.begin(), part.end());
+    };
+    add(RefusedRows);
+    add(DroppedRows);
+    add(ChangedRows);
+    add(IgnoredRows);
+    add(OtherRows);
+    return rows;
+}
+
+}  // namespace
+
+std::span<const CauseRow> Causes() {
+    static const std::vector<CauseRow> Rows = AllRows();
+    return Rows;
+}
+
+const CauseRow& RowOf(Cause cause) {
+    return Causes()[static_cast<std::size_t>(cause)];
+}
+
+const CauseRow* FindCause(std::string_view name) {
+    const std::span<const CauseRow> rows = Causes();
+    const auto row = std::find_if(rows.begin(), rows.end(),
+                                  [name](const CauseRow& each) { return each.name == name; });
+    return row == rows.end() ? nullptr : &*row;
+}
+
+}  // namespace vexil::tool

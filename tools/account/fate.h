@@ -1,0 +1,40 @@
+// What becomes of a statement on its way through the library.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace vexil::tool {
+
+enum class Fate : std::uint8_t {
+    Refused,  // a BO_ or SG_ statement that leaves a parse error
+    Dropped,  // of a kind that is kept, but without effect
+    Changed,  // kept, but not as it is written
+    Ignored,  // of a kind that is never kept
+    Kept
+};
+
+inline constexpr std::size_t FateCount = 5;
+inline constexpr std::array<Fate, FateCount> AllFates = {Fate::Refused, Fate::Dropped,
+                                                         Fate::Changed, Fate::Ignored, Fate::Kept};
+
+constexpr std::string_view NameOf(Fate fate) {
+    constexpr std::array<std::string_view, FateCount> Names = {"refused", "dropped", "changed",
+                                                               "ignored", "kept"};
+    return Names[static_cast<std::size_t>(fate)];
+}
+
+constexpr std::optional<Fate> FindFate(std::string_view name) {
+    for (const Fate fate : AllFates) {
+        if (NameOf(fate) == name) {
+            return fate;
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace vexil::tool

@@ -1,0 +1,72 @@
+// The bytes of a DBC file, and the text that the library makes of them: one underscore for each
+// byte that is not valid UTF-8, no control characters but white space.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vexil::tool {
+
+// A place in a file as an editor shows it, both counted from 1. The column counts bytes.
+struct Place {
+    std::uint32_t line = 0;
+    std::uint32_t column = 0;
+
+    bool operator==(const Place&) const = default;
+};
+
+enum class Utf16 { None, LittleEndian, BigEndian };
+
+// Views into Bytes() and Text() last as long as the object, which therefore stays where it is.
+class SourceText {
+  public:
+    explicit SourceText(std::string bytes);
+    SourceText(const SourceText&) = delete;
+    SourceText& operator=(const SourceText&) = delete;
+    ~SourceText() = default;
+
+    std::string_view Bytes() const { return bytes_; }
+
+    // The text as the library sees it. All offsets of statements count in it.
+    std::string_view Text() const { return isClean_ ? std::string_view(bytes_) : cleaned_; }
+
+    // Where the byte of the file is that became this byte of the text.
+    std::size_t ByteOffset(std::size_t textOffset) const;
+
+    // The place of a byte of the file.
+    Place PlaceOf(std::size_t byteOffset) const;
+
+    // The bytes that are not valid UTF-8, and the control characters that the library removes, both
+    // as offsets into the file in ascending order.
+    const std::vector<std::size_t>& InvalidBytes() const { return invalid_; }
+    const std::vector<std::size_t>& RemovedBytes() const { return removed_; }
+
+    // 3 if the file begins with the byte order mark of UTF-8, else 0.
+    std::size_t ByteOrderMarkSize() const;
+
+    // Whether the file looks like UTF-16: by its byte order mark, or by a NUL in every other byte.
+    Utf16 LooksLikeUtf16() const;
+
+    // A carriage return without a line feed after it ends a line when the file has no line feed.
+    bool LinesEndWithCarriageReturn() const { return carriageReturnLines_; }
+    std::size_t LoneCarriageReturns() const { return loneCarriageReturns_; }
+
+  private:
+    void Clean();
+    void FindLines();
+
+    std::string bytes_;
+    std::string cleaned_;
+    bool isClean_ = true;
+    bool carriageReturnLines_ = false;
+    std::size_t loneCarriageReturns_ = 0;
+    std::vector<std::size_t> invalid_;
+    std::vector<std::size_t> removed_;
+    std::vector<std::size_t> lineStarts_;
+};
+
+}  // namespace vexil::tool
