@@ -1,8 +1,8 @@
-// The account of a file. A first form: the kinds alone decide.
+// The account of a file, put together.
 // SPDX-License-Identifier: MIT
 #include "account/account.h"
 
-#include "source/statement_scanner.h"
+#include "account/accountant.h"
 
 namespace vexil::tool {
 
@@ -22,15 +22,8 @@ std::map<Cause, std::size_t> Account::CountsByCause() const {
     return counts;
 }
 
-Account MakeAccount(const SourceText& source, const Snapshot& /*snapshot*/) {
-    Account account;
-    const std::string_view text = source.Text();
-    for (const SourceStatement& each : ScanStatements(text)) {
-        const Place place = source.PlaceOf(source.ByteOffset(each.begin));
-        const Cause cause = each.keyword == Keyword::None ? Cause::StrayText : Cause::Kept;
-        account.statements.push_back({cause, place.line, place.column, RowOf(each.keyword).text,
-                                      text.substr(each.begin, each.end - each.begin), ""});
-    }
+Account MakeAccount(const SourceText& source, const Snapshot& snapshot) {
+    Account account = Accountant(source, snapshot).Run();
     return account;
 }
 

@@ -48,6 +48,7 @@ enum class Cause : std::uint8_t {
     InvalidUtf8,
     ControlCharacters,
     CutAtKeyword,
+    CutAt4096Bytes,
     NameMadeIdentifier,
     NameCut,
     NodeNameChanged,

@@ -11,7 +11,7 @@ namespace vexil::tool {
 
 inline constexpr std::size_t RefusedCount = 7;
 inline constexpr std::size_t DroppedCount = 22;
-inline constexpr std::size_t ChangedCount = 23;
+inline constexpr std::size_t ChangedCount = 24;
 inline constexpr std::size_t IgnoredCount = 18;
 inline constexpr std::size_t OtherCount = 20;
 

@@ -30,6 +30,9 @@ void TellFailure(std::string_view action, const std::string& path, std::string_v
 }  // namespace
 
 bool ReadDatabase(const std::string& path) {
+    // The bus type would outlive the read of another file.
+    const DatabaseInfo none{};
+    VexilSetDatabaseInfo(&none, sizeof none);
     std::uint32_t resultCode = 0;
     const std::uint8_t success = VexilReadDbcFile(path.c_str(), BufferSize(path), &resultCode);
     if (IsDone(success, resultCode)) {

@@ -1,0 +1,68 @@
+// The walk over a text that makes the account of its statements: the statements as their author
+// meant them and those that the library cut, side by side, with the database as the witness.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "account/account.h"
+#include "account/attribute_book.h"
+#include "account/classify.h"
+#include "source/library_cut.h"
+#include "source/statement_scanner.h"
+
+namespace vexil::tool {
+
+class Accountant {
+  public:
+    Accountant(const SourceText& source, const Snapshot& snapshot);
+
+    Account Run();
+
+  private:
+    // What an SG_ statement would come to.
+    struct SignalOwner {
+        bool isOpen = false;
+        Cause closed = Cause::SignalWithoutMessage;  // if it is not open
+        std::uint32_t closedBy = NoIndex;            // the statement
+        std::uint32_t message = NoIndex;             // the statement of the last message
+        Cause messageCause = Cause::Kept;            // what became of it
+    };
+
+    void AddStatement(std::uint32_t index);
+    Outcome ClassifyStatement(const SourceStatement& statement, std::size_t nextBegin);
+    Outcome ClassifyCut(const LibraryStatement& cut, std::size_t authorEnd);
+    Outcome ClassifyMessageCut(const LibraryStatement& cut, std::string_view text);
+    Outcome ClassifySignalCut(const LibraryStatement& cut, std::string_view text);
+    Outcome ClassifyOrphan() const;
+    Outcome ClassifyUncut(const SourceStatement& statement) const;
+    std::optional<Outcome> TakeRefusal(const LibraryStatement& cut, std::string_view text);
+    Outcome WithBytes(Outcome outcome, const SourceStatement& statement);
+    void CloseSignals(Cause cause);
+    void CountLostSignals();
+    void AddLateOutcomes();
+
+    std::string LineOf(std::uint32_t statement) const;
+
+    const SourceText& source_;
+    const Snapshot& snapshot_;
+    std::string_view text_;
+    std::vector<SourceStatement> statements_;
+    std::vector<LibraryStatement> cuts_;
+    std::size_t nextCut_ = 0;
+    const LibraryStatement* lastCut_ = nullptr;
+    std::uint32_t lastCutOwner_ = NoIndex;  // the statement in which it begins
+    ReadContext context_;
+    AttributeBook attributes_;
+    SignalOwner signals_;
+    std::uint32_t nextError_ = 0;
+    std::size_t nextInvalid_ = 0;
+    std::size_t nextRemoved_ = 0;
+    std::vector<std::uint32_t> signalsLost_;  // by statement; with refused and dropped messages
+    Account account_;
+};
+
+}  // namespace vexil::tool

@@ -1,0 +1,97 @@
+// The attributes of a file as the library handles them: definitions with their defaults, and
+// values, of the nine names that are kept. What a statement comes to may be known only at the end
+// of the file.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "account/attribute_tokens.h"
+#include "account/classify.h"
+
+namespace vexil::tool {
+
+enum class AttributeOwner : std::uint8_t { Network, Message, Signal };
+enum class AttributeType : std::uint8_t { Int, Text, Enum };
+
+// An attribute that the library keeps, with the one owner and type under which it is kept.
+struct KeptAttribute {
+    std::string_view name;
+    AttributeOwner owner;
+    AttributeType type;
+    bool isWritten;  // a file that is written has it
+};
+
+inline constexpr std::size_t KeptAttributeCount = 9;
+extern const std::array<KeptAttribute, KeptAttributeCount> KeptAttributes;
+
+// The attribute of a name; null if it is not kept.
+const KeptAttribute* FindKeptAttribute(std::string_view name);
+
+// A number, or the position in a list of texts, or a text.
+struct AttributeValue {
+    std::int32_t number = 0;
+    std::string text;
+};
+
+class AttributeBook {
+  public:
+    // Each takes a statement. The outcome may be replaced by Finish.
+    Outcome AddDefinition(std::string_view text, std::uint32_t statement);
+    Outcome AddDefault(std::string_view text, std::uint32_t statement);
+    Outcome AddValue(std::string_view text, std::uint32_t statement);
+
+    using LateOutcome = std::pair<std::uint32_t, Outcome>;
+
+    // What is known only when the whole file was read.
+    std::vector<LateOutcome> Finish(const Owners& owners, const Snapshot& snapshot) const;
+
+  private:
+    struct Definition {
+        const KeptAttribute* attribute;
+        AttributeOwner owner;
+        AttributeType type;
+        std::uint32_t statement;
+        AttributeValue byDefault;
+        std::vector<std::string> choices;  // of an enumeration
+
+        // Whether the library looks it up under this owner and type.
+        bool IsUsed() const { return owner == attribute->owner && type == attribute->type; }
+    };
+    struct Value {
+        std::uint32_t definition;
+        std::uint32_t statement;
+        std::uint32_t id;
+        std::string signal;
+        AttributeValue value;
+    };
+    struct Default {
+        std::uint32_t definition;
+        std::uint32_t statement;
+    };
+    using ValueKey = std::tuple<std::uint32_t, std::uint32_t, std::string>;
+
+    friend class AttributeEffects;
+
+    std::optional<std::uint32_t> Find(std::string_view name, AttributeOwner owner,
+                                      AttributeType type) const;
+    std::optional<std::uint32_t> FindForValue(std::string_view name) const;
+    Outcome Defer(std::string_view name, std::uint32_t statement);
+
+    std::vector<Definition> definitions_;
+    std::vector<Value> values_;
+    std::set<ValueKey> valueKeys_;
+    std::vector<Default> defaults_;  // the last one that has set each definition
+    std::vector<std::pair<std::uint32_t, std::string>> undefined_;
+    std::vector<std::uint32_t> overwritten_;
+};
+
+}  // namespace vexil::tool

@@ -1,0 +1,42 @@
+// The first invalid byte of a statement, and how many there are.
+// SPDX-License-Identifier: MIT
+#include "account/bytes.h"
+
+#include <fmt/format.h>
+
+namespace vexil::tool {
+namespace {
+
+// Whether a byte is a letter or sign of Windows-1252 in the middle of ASCII. Several in a row are
+// more likely something else.
+bool LooksLikeWindows1252(const std::string_view bytes, std::size_t at) {
+    const auto isAscii = [bytes](std::size_t place) {
+        return place >= bytes.size() || static_cast<unsigned char>(bytes[place]) < 0x80;
+    };
+    return static_cast<unsigned char>(bytes[at]) >= 0xA0 && (at == 0 || isAscii(at - 1)) &&
+           isAscii(at + 1);
+}
+
+// A byte from 0xA0 on, which is the character of the same number in Windows-1252, in UTF-8.
+std::string CharacterOf(unsigned char byte) {
+    return {static_cast<char>(0xC0U | (byte >> 6U)), static_cast<char>(0x80U | (byte & 0x3FU))};
+}
+
+}  // namespace
+
+std::string DescribeInvalidBytes(const SourceText& source, std::size_t first, std::size_t count) {
+    const std::size_t at = source.InvalidBytes()[first];
+    const Place place = source.PlaceOf(at);
+    const auto byte = static_cast<unsigned char>(source.Bytes()[at]);
+    std::string detail =
+        fmt::format("line {}, column {}: byte {:02X}", place.line, place.column, byte);
+    if (LooksLikeWindows1252(source.Bytes(), at)) {
+        detail += fmt::format(" looks like \"{}\" of Windows-1252", CharacterOf(byte));
+    }
+    if (count > 1) {
+        detail += fmt::format("; {} such bytes in the statement", count);
+    }
+    return detail;
+}
+
+}  // namespace vexil::tool

@@ -1,0 +1,70 @@
+// The messages and signals that have been read so far, by the ids and names with which later
+// statements refer to them.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "database/snapshot.h"
+
+namespace vexil::tool {
+
+inline constexpr std::uint32_t NoIndex = std::numeric_limits<std::uint32_t>::max();
+
+class Owners {
+  public:
+    explicit Owners(const Snapshot& snapshot);
+
+    // The next message, or the next signal of the last message, has been read. The name is the one
+    // of its statement.
+    void AddMessage(std::string_view name);
+    void AddSignal(std::string_view name);
+
+    std::uint32_t MessagesRead() const { return static_cast<std::uint32_t>(messageNames_.size()); }
+    std::uint32_t SignalsRead() const { return static_cast<std::uint32_t>(signalNames_.size()); }
+
+    // The first message with an id, and how many have it, whether or not they were read; NoIndex if
+    // there is none.
+    std::uint32_t FirstMessage(std::uint32_t id) const;
+    std::uint32_t MessageCount(std::uint32_t id) const;
+
+    // The first signal of a name in the messages of an id that has been read, and the next one.
+    std::uint32_t FirstSignal(std::uint32_t id, std::string_view name) const;
+    std::uint32_t NextSignal(std::uint32_t signal) const { return nextSignals_[signal]; }
+
+    std::string_view MessageName(std::uint32_t message) const { return messageNames_[message]; }
+    std::string_view SignalName(std::uint32_t signal) const { return signalNames_[signal]; }
+
+  private:
+    struct Key {
+        std::uint32_t id;
+        std::string_view name;
+
+        bool operator==(const Key&) const = default;
+    };
+    struct KeyHash {
+        std::size_t operator()(const Key& key) const;
+    };
+    struct SameId {
+        std::uint32_t first;
+        std::uint32_t count;
+    };
+    struct Chain {
+        std::uint32_t first;
+        std::uint32_t last;
+    };
+
+    const Snapshot& snapshot_;
+    std::unordered_map<std::uint32_t, SameId> messagesById_;
+    std::unordered_map<Key, Chain, KeyHash> signalsByKey_;
+    std::vector<std::uint32_t> nextSignals_;
+    std::vector<std::string_view> messageNames_;
+    std::vector<std::string_view> signalNames_;
+};
+
+}  // namespace vexil::tool
