@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "database/database_file.h"
+#include "source/library_cut.h"
 
 namespace vexil::test {
 namespace {
@@ -81,6 +82,113 @@ std::string Experiment::Records(std::string_view text) {
     return Describe(Read(text));
 }
 
+namespace {
+
+// What an experiment cannot show, each with its reason. The statements in question are few.
+class Exceptions {
+  public:
+    Exceptions(const tool::Account& account, std::string_view text)
+        : account_(account), text_(text), cuts_(tool::CutLikeLibrary(text)) {}
+
+    std::string_view Of(std::size_t index) const {
+        const tool::AccountedStatement& statement = account_.statements[index];
+        const std::size_t begin = BeginOf(index);
+        const tool::LibraryStatement* const cut = CutAround(begin);
+        const bool isOwn = cut != nullptr && cut->begin == begin;
+        if (cut != nullptr && Swallows(*cut)) {
+            return "it swallows the next statement, or makes the one before it do so: without it that "
+                   "statement is back";
+        }
+        if (!isOwn && cut != nullptr && IsChangedOrWorse(OwnerOf(*cut))) {
+            return "its text has become a part of the statement before it";
+        }
+        if (statement.keyword.starts_with("BA_") && HasTwin(index)) {
+            return "another statement of the same attribute takes its place";
+        }
+        if (statement.keyword == "SIG_VALTYPE_" && HasTwin(index)) {
+            return "another statement says the same of the signal";
+        }
+        return {};
+    }
+
+  private:
+    std::size_t BeginOf(std::size_t index) const {
+        return static_cast<std::size_t>(account_.statements[index].text.data() - text_.data());
+    }
+
+    const tool::LibraryStatement* CutAround(std::size_t at) const {
+        for (const tool::LibraryStatement& cut : cuts_) {
+            if (cut.begin <= at && at < cut.end) {
+                return &cut;
+            }
+        }
+        return nullptr;
+    }
+
+    // The statement in which a cut begins.
+    std::size_t OwnerOf(const tool::LibraryStatement& cut) const {
+        std::size_t owner = 0;
+        while (owner + 1 < account_.statements.size() && BeginOf(owner + 1) <= cut.begin) {
+            ++owner;
+        }
+        return owner;
+    }
+
+    bool Swallows(const tool::LibraryStatement& cut) const {
+        const std::size_t next = OwnerOf(cut) + 1;
+        for (std::size_t index = next; index < account_.statements.size(); ++index) {
+            if (BeginOf(index) >= cut.end) {
+                return false;
+            }
+            if (!account_.statements[index].keyword.empty()) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    bool IsChangedOrWorse(std::size_t index) const {
+        const tool::Cause cause = account_.statements[index].cause;
+        return FateOf(cause) == tool::Fate::Changed || FateOf(cause) == tool::Fate::Refused ||
+               FateOf(cause) == tool::Fate::Dropped;
+    }
+
+    // The statement without its last word.
+    static std::string_view Front(std::string_view text) {
+        text = text.substr(0, text.find_last_not_of(" ;\n\r\t") + 1);
+        return text.substr(0, text.find_last_of(" \n\r\t"));
+    }
+
+    static std::string_view AttributeOf(std::string_view text) {
+        const std::size_t open = text.find('"');
+        return open == std::string_view::npos
+                   ? std::string_view()
+                   : text.substr(open, text.find('"', open + 1) - open);
+    }
+
+    bool HasTwin(std::size_t index) const {
+        const tool::AccountedStatement& one = account_.statements[index];
+        const bool isValue = one.keyword == "BA_" || one.keyword == "SIG_VALTYPE_";
+        for (std::size_t other = 0; other < account_.statements.size(); ++other) {
+            const tool::AccountedStatement& each = account_.statements[other];
+            if (other == index || each.keyword != one.keyword) {
+                continue;
+            }
+            if (isValue ? Front(each.text) == Front(one.text)
+                        : AttributeOf(each.text) == AttributeOf(one.text)) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    const tool::Account& account_;
+    std::string_view text_;
+    std::vector<tool::LibraryStatement> cuts_;
+};
+
+}  // namespace
+
 std::vector<Contradiction> FindContradictions(Experiment& experiment, const std::string& text,
                                               std::size_t step) {
     const tool::SourceText source(text);
@@ -90,6 +198,12 @@ std::vector<Contradiction> FindContradictions(Experiment& experiment, const std:
     const tool::Account account = MakeAccount(cleanSource, snapshot);
     const std::string whole = Describe(snapshot);
     std::vector<Contradiction> found;
+    const Exceptions exceptions(account, cleanSource.Text());
+    const auto add = [&](std::size_t index, std::string_view what) {
+        const tool::AccountedStatement& statement = account.statements[index];
+        found.push_back({statement.cause, statement.line, std::string(statement.text),
+                         std::string(what), exceptions.Of(index)});
+    };
     for (std::size_t index = 0; index < account.statements.size(); index += step) {
         const tool::AccountedStatement& statement = account.statements[index];
         const tool::Fate fate = FateOf(statement.cause);
@@ -99,11 +213,11 @@ std::vector<Contradiction> FindContradictions(Experiment& experiment, const std:
         if (fate == tool::Fate::Dropped || fate == tool::Fate::Ignored ||
             statement.cause == tool::Cause::KeptWithoutEffect) {
             if (!isSame(EmptyStatement) && !isSame("")) {
-                found.push_back({statement, "taking it out changes the records"});
+                add(index, "taking it out changes the records");
             }
         } else if (statement.cause == tool::Cause::Kept || fate == tool::Fate::Refused) {
             if (isSame(EmptyStatement)) {
-                found.push_back({statement, "taking it out changes nothing"});
+                add(index, "taking it out changes nothing");
             }
         }
     }

@@ -28,8 +28,11 @@ class Experiment {
 
 // What an experiment has found against an account.
 struct Contradiction {
-    tool::AccountedStatement statement;
+    tool::Cause cause;
+    std::uint32_t line;
+    std::string text;
     std::string what;
+    std::string_view exception;  // why it is none after all; empty if it is one
 };
 
 // Takes out every statement of the text, or each one of a sample, and compares the records.

@@ -19,6 +19,16 @@ bool HasEffect(Fate fate) {
     return fate == Fate::Refused || fate == Fate::Changed || fate == Fate::Kept;
 }
 
+// Whether the text of a parse error is the front of a statement: without its last byte, at most 254
+// bytes, and cut at a character.
+bool IsFrontOf(std::string_view front, std::string_view text) {
+    constexpr std::size_t LongestFront = 254;
+    constexpr std::size_t LongestCharacter = 4;
+    const std::size_t size = std::min(text.size() - 1, LongestFront);
+    return front.size() <= size && front.size() + LongestCharacter > size &&
+           text.starts_with(front);
+}
+
 }  // namespace
 
 Accountant::Accountant(const SourceText& source, const Snapshot& snapshot)
@@ -178,7 +188,7 @@ std::optional<Outcome> Accountant::TakeRefusal(const LibraryStatement& cut, std:
         return std::nullopt;
     }
     const ErrorFacts& error = snapshot_.errors[nextError_];
-    if (error.line != cut.line || !text.starts_with(snapshot_.Text(error.text))) {
+    if (error.line != cut.line || !IsFrontOf(snapshot_.Text(error.text), text)) {
         return std::nullopt;
     }
     const bool isMessage = error.code <= StepMessageSize;

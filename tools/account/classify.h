@@ -32,11 +32,13 @@ struct Collected {
     explicit Collected(const Snapshot& snapshot)
         : messageComments(snapshot.messages.size()),
           signalComments(snapshot.signals.size()),
-          descriptions(snapshot.signals.size()) {}
+          descriptions(snapshot.signals.size()),
+          floats(snapshot.signals.size()) {}
 
     std::vector<std::uint32_t> messageComments;  // bytes
     std::vector<std::uint32_t> signalComments;   // bytes
     std::vector<std::uint32_t> descriptions;     // pairs
+    std::vector<bool> floats;                    // made one by a SIG_VALTYPE_ statement
 };
 
 // What these functions share.

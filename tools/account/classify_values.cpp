@@ -159,13 +159,23 @@ Outcome ClassifyValueType(std::string_view text, ReadContext& context) {
     if (!type) {
         return {Cause::Malformed, "the type is no number"};
     }
+    bool isFloat = false;
+    bool isNew = false;
     for (std::uint32_t signal = found.signal; signal != NoIndex;
          signal = context.owners.NextSignal(signal)) {
         const std::uint32_t length = context.snapshot.signals[signal].bitLength;
         if ((type->value == 1 && length == Float32Length) ||
             (type->value == 2 && length == Float64Length)) {
-            return type->isWhole ? Outcome{} : Outcome{Cause::NumberReadInPart, ""};
+            isFloat = true;
+            isNew = isNew || !context.collected.floats[signal];
+            context.collected.floats[signal] = true;
         }
+    }
+    if (isFloat && !isNew) {
+        return {Cause::KeptWithoutEffect, "an earlier statement says the same"};
+    }
+    if (isFloat) {
+        return type->isWhole ? Outcome{} : Outcome{Cause::NumberReadInPart, ""};
     }
     if (type->value == 0) {
         return {Cause::KeptWithoutEffect, "the signal is an integer"};
