@@ -11,3 +11,11 @@ function(vexil64_require package target debian_package)
         message(FATAL_ERROR "${package} was not found. Install the Debian package ${debian_package}.")
     endif()
 endfunction()
+
+# The same for a library that is headers alone and comes without a CMake package.
+function(vexil64_require_header header debian_package)
+    find_path(folder_of_${debian_package} "${header}" HINTS "${PROJECT_BINARY_DIR}/headers")
+    if(NOT folder_of_${debian_package})
+        message(FATAL_ERROR "${header} was not found. Install the Debian package ${debian_package}.")
+    endif()
+endfunction()

@@ -1,0 +1,77 @@
+// Descriptors, and the loops around read and write.
+// SPDX-License-Identifier: MIT
+#include "file/descriptor.h"
+
+#include <sys/types.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+
+namespace vexil::tool {
+namespace {
+
+// What one call transfers at most, so that the size fits the parameter of every system.
+constexpr std::size_t LargestTransfer = std::size_t{1} << 20U;
+
+// Repeats a call that a signal interrupted.
+template <typename Call>
+std::ptrdiff_t Uninterrupted(Call call) {
+    std::ptrdiff_t count = 0;
+    do {
+        count = call();
+    } while (count < 0 && errno == EINTR);
+    return count;
+}
+
+}  // namespace
+
+Descriptor::~Descriptor() {
+    if (IsOpen()) {
+        close(value);
+    }
+}
+
+std::error_code Descriptor::Close() {
+    if (!IsOpen() || close(std::exchange(value, None)) == 0) {
+        return {};
+    }
+    return LastError();
+}
+
+std::error_code LastError() {
+    return {errno, std::generic_category()};
+}
+
+std::error_code ReadAll(int descriptor, std::string& bytes) {
+    std::size_t size = bytes.size();
+    for (;;) {
+        // Doubling keeps the copies proportional to the size of the file.
+        if (size == bytes.size()) {
+            bytes.resize(std::max(2 * size, std::size_t{64} * 1024));
+        }
+        const std::size_t room = std::min(bytes.size() - size, LargestTransfer);
+        const std::ptrdiff_t count =
+            Uninterrupted([&] { return read(descriptor, bytes.data() + size, room); });
+        if (count <= 0) {
+            bytes.resize(size);
+            return count == 0 ? std::error_code() : LastError();
+        }
+        size += static_cast<std::size_t>(count);
+    }
+}
+
+std::error_code WriteAll(int descriptor, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const std::size_t size = std::min(bytes.size(), LargestTransfer);
+        const std::ptrdiff_t count =
+            Uninterrupted([&] { return write(descriptor, bytes.data(), size); });
+        if (count < 0) {
+            return LastError();
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(count));
+    }
+    return {};
+}
+
+}  // namespace vexil::tool

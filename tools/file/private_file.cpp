@@ -1,0 +1,60 @@
+// Private files: the folders that they can be in.
+// SPDX-License-Identifier: MIT
+#include "file/private_file.h"
+
+#include <unistd.h>
+#include <vexil64.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <vector>
+
+namespace vexil::tool {
+namespace {
+
+std::vector<std::string> TemporaryFolders() {
+    std::vector<std::string> folders;
+    const char* const chosen = std::getenv("TMPDIR");
+    if (chosen != nullptr && *chosen != '\0') {
+        folders.emplace_back(chosen);
+    }
+    folders.emplace_back("/tmp");
+    return folders;
+}
+
+}  // namespace
+
+bool IsPathForLibrary(std::string_view path) {
+    // Of other characters the library may refuse some; a private copy always works.
+    const auto isAscii = [](char ch) { return static_cast<unsigned char>(ch) < 0x80; };
+    return !path.empty() && path.size() < MaxPathBufferSize &&
+           std::all_of(path.begin(), path.end(), isAscii);
+}
+
+std::error_code PrivateFile::Make(std::string_view bytes) {
+    std::error_code error = std::make_error_code(std::errc::filename_too_long);
+    for (const std::string& folder : TemporaryFolders()) {
+        FilePlace place;
+        if (!IsPathForLibrary(folder + std::string(TemporaryFile::NameSize + 1, '/'))) {
+            continue;
+        }
+        error = FindFile(folder + "/any", place);
+        if (!error) {
+            error = file.MakeBeside(place);
+        }
+        if (!error) {
+            path = folder + "/" + file.Name();
+            return WriteAll(file.File().Value(), bytes);
+        }
+    }
+    return error;
+}
+
+std::error_code PrivateFile::Read(std::string& bytes) {
+    if (lseek(file.File().Value(), 0, SEEK_SET) < 0) {
+        return LastError();
+    }
+    return ReadAll(file.File().Value(), bytes);
+}
+
+}  // namespace vexil::tool

@@ -1,0 +1,33 @@
+// A copy of a file under a path that the library takes, for the time of a command. The library
+// takes 259 bytes of UTF-8 as a path, and neither standard input nor output.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include "file/temporary_file.h"
+
+namespace vexil::tool {
+
+// Whether the library can open a file by this very path.
+bool IsPathForLibrary(std::string_view path);
+
+class PrivateFile {
+  public:
+    // Makes the file in the folder of the system for temporary files.
+    std::error_code Make(std::string_view bytes);
+
+    // Its path, which the library takes.
+    const std::string& Path() const { return path; }
+
+    // Reads what the library wrote to the path.
+    std::error_code Read(std::string& bytes);
+
+  private:
+    TemporaryFile file;
+    std::string path;
+};
+
+}  // namespace vexil::tool
