@@ -1,15 +1,16 @@
-// What vexil-dbc tells the shell.
+// What vexil-dbc reports to the shell.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 namespace vexil::tool {
 
 enum ExitCode : int {
-    ExitSuccess = 0,
-    ExitParseErrors = 1,  // the work was done, but the file holds statements that were refused
-    ExitCannotRead = 2,   // the input could not be read to its end
-    ExitCannotWrite = 3,  // the output file or standard output could not be written
-    ExitUsage = 64        // the command line makes no sense
+    ExitSuccess = 0,      // nothing was found
+    ExitFindings = 1,     // the work was done, and there are findings
+    ExitUsage = 2,        // the command line makes no sense
+    ExitCannotRead = 3,   // the input cannot be read, or is no DBC file
+    ExitNotAccepted = 4,  // a rewrite over its input would lose something
+    ExitCannotWrite = 5   // the output file or standard output could not be written
 };
 
 }  // namespace vexil::tool

@@ -1,13 +1,14 @@
 // vexil-dbc: the arguments, and the command that they ask for.
 //
 //   vexil-dbc check FILE
-//   vexil-dbc rewrite IN OUT [--order id|name|file]
+//   vexil-dbc rewrite IN OUT [OPTION...]
 //
 // A command has a function in commands.h and a function here that gives it its arguments.
 // SPDX-License-Identifier: MIT
 #include <vexil64.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iomanip>
 #include <iostream>
 #include <map>
@@ -17,6 +18,11 @@
 
 #include "arguments.h"
 #include "commands/commands.h"
+#include "commands/rewrite.h"
+#include "commands/source_input.h"
+#include "file/standard_streams.h"
+#include "file/temporary_file.h"
+#include "view/closest_word.h"
 
 namespace {
 
@@ -25,8 +31,8 @@ using vexil::tool::ExitCode;
 // What the command line said, and what came of it.
 struct Invocation {
     std::string input;
-    std::string output;
     std::string order = "file";
+    vexil::tool::RewriteOptions rewrite;
     ExitCode exitCode = vexil::tool::ExitSuccess;
 };
 
@@ -46,18 +52,52 @@ void AddCheck(CLI::App& app, Invocation& call) {
 }
 
 void AddRewrite(CLI::App& app, Invocation& call) {
+    vexil::tool::RewriteOptions& options = call.rewrite;
     CLI::App* command =
         app.add_subcommand("rewrite", "Read a file and write what is kept of it to another");
-    command->add_option("IN", call.input, "The file to read")->required();
-    command->add_option("OUT", call.output, "The file to write; it may be IN")->required();
+    command->add_option("IN", options.input, "The file to read; - is standard input")->required();
+    command
+        ->add_option("OUT", options.output,
+                     "The file to write, which may be IN; - is standard output")
+        ->required();
     command
         ->add_option("--order", call.order,
                      "Order of the messages: id, largest first; name; or file, as they stand")
         ->check(CLI::IsMember(Orders))
         ->capture_default_str();
-    command->callback([&call] {
-        call.exitCode = vexil::tool::Rewrite(call.input, call.output, Orders.at(call.order));
+    command->add_option("--from", options.from,
+                        "The encoding of IN, such as windows-1252; UTF-8 without it");
+    command->add_flag("--accept-loss", options.acceptLoss,
+                      "Write over IN even if that loses or changes something");
+    command->add_flag("--dry-run", options.dryRun, "Write nothing");
+    command->add_flag("--diff", options.diff, "Print how the text that is written differs from IN");
+    command->callback([&call, &options] {
+        if (options.diff && !options.dryRun && options.output == "-") {
+            throw CLI::ValidationError("--diff", "needs standard output, which is OUT");
+        }
+        options.order = Orders.at(call.order);
+        call.exitCode = vexil::tool::Rewrite(options);
     });
+}
+
+// Whether the first word is a command. If not, the user is told of one that looks like it.
+bool NamesACommand(const CLI::App& app, const std::vector<std::string>& arguments) {
+    if (arguments.empty() || arguments.front().starts_with('-')) {
+        return true;  // for the parser
+    }
+    std::vector<std::string> names;
+    for (const CLI::App* command : app.get_subcommands(nullptr)) {
+        names.push_back(command->get_name());
+    }
+    const std::string& typed = arguments.front();
+    if (std::find(names.begin(), names.end(), typed) != names.end()) {
+        return true;
+    }
+    const std::string_view closest = vexil::tool::ClosestWord(typed, {names.begin(), names.end()});
+    vexil::tool::PrintError("there is no command '" + typed + "'; " +
+                            (closest.empty() ? "vexil-dbc --help lists them"
+                                             : "did you mean " + std::string(closest) + "?"));
+    return false;
 }
 
 // Runs the command that the arguments ask for.
@@ -69,10 +109,16 @@ ExitCode Run(const std::vector<std::string>& arguments) {
     app.set_version_flag("--version", LibraryVersion, "Print the version of the library and exit");
     app.require_subcommand(1);
     app.footer(
-        "Exit codes: 0 success, 1 statements could not be read, 2 the input could not be read,\n"
-        "3 the output could not be written, 64 wrong arguments.");
+        "Exit codes: 0 nothing was found, 1 findings, 2 wrong arguments, 3 the input cannot be "
+        "read\n"
+        "or is no DBC file, 4 a rewrite over its input needs --accept-loss, 5 the output cannot "
+        "be\n"
+        "written.");
     AddCheck(app, call);
     AddRewrite(app, call);
+    if (!NamesACommand(app, arguments)) {
+        return vexil::tool::ExitUsage;
+    }
     try {
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::ParseError& error) {
@@ -85,10 +131,12 @@ ExitCode Run(const std::vector<std::string>& arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    vexil::tool::PrepareStandardStreams();
+    vexil::tool::RemoveTemporaryFilesOnSignals();
     const ExitCode exitCode = Run(vexil::tool::Utf8Arguments(argc, argv));
     // Whatever the command found: half an output must not pass for a whole one.
     if (!std::cout.flush()) {
-        std::cerr << "vexil-dbc: cannot write standard output\n";
+        vexil::tool::PrintError("cannot write standard output");
         return vexil::tool::ExitCannotWrite;
     }
     return exitCode;

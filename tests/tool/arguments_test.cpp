@@ -29,7 +29,6 @@ TEST_P(WrongArguments, AreAUsageError) {
 INSTANTIATE_TEST_SUITE_P(
     EachKind, WrongArguments,
     testing::Values(UsageRow{"None", {}, "A subcommand is required"},
-                    UsageRow{"UnknownCommand", {"bogus"}, "A subcommand is required"},
                     UsageRow{"UnknownOption",
                              {"check", "--bogus", "a"},
                              "The following argument was not expected: --bogus"},
@@ -57,10 +56,38 @@ INSTANTIATE_TEST_SUITE_P(
                     UsageRow{"OrderWithoutValue",
                              {"rewrite", "a", "b", "--order"},
                              "--order: 1 required TEXT:{file,id,name} missing"},
+                    UsageRow{"DifferencesAndFileOnStandardOutput",
+                             {"rewrite", "a", "-", "--diff"},
+                             "--diff: needs standard output, which is OUT"},
                     UsageRow{"OrderOfCheck",
                              {"check", "a", "--order=id"},
                              "The following argument was not expected: --order=id"}),
     [](const auto& row) { return std::string(row.param.name); });
+
+struct CommandRow {
+    std::string_view typed;
+    std::string_view answer;
+};
+
+void PrintTo(const CommandRow& row, std::ostream* stream) {
+    *stream << row.typed;
+}
+
+class MistypedCommand : public testing::TestWithParam<CommandRow> {};
+
+TEST_P(MistypedCommand, IsAUsageError) {
+    const CommandRow& row = GetParam();
+    const std::string typed(row.typed);
+    EXPECT_EQ(RunTool({typed, "a.dbc"}), (Outcome{Usage, "",
+                                                  "vexil-dbc: there is no command '" + typed +
+                                                      "'; " + std::string(row.answer) + "\n"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(EachKind, MistypedCommand,
+                         testing::Values(CommandRow{"chekc", "did you mean check?"},
+                                         CommandRow{"Check", "did you mean check?"},
+                                         CommandRow{"rewrit", "did you mean rewrite?"},
+                                         CommandRow{"a.dbc", "vexil-dbc --help lists them"}));
 
 // Nothing is done in part: the file is read only when all arguments are right.
 TEST_F(Arguments, AreAllCheckedBeforeAnythingIsWritten) {
@@ -87,14 +114,16 @@ TEST_F(Arguments, HelpOfACommandNamesItsArguments) {
     const Outcome outcome = RunTool({"rewrite", "--help"});
     EXPECT_EQ(outcome.exitCode, Success);
     EXPECT_EQ(outcome.err, "");
-    for (const char* const text : {"\n  IN ", "\n  OUT ", "\n  --order "}) {
+    for (const char* const text : {"\n  IN ", "\n  OUT ", "\n  --order ", "\n  --from ",
+                                   "\n  --accept-loss ", "\n  --dry-run ", "\n  --diff "}) {
         EXPECT_NE(outcome.out.find(text), std::string::npos) << text << "\n" << outcome.out;
     }
 }
 
 TEST_F(Arguments, NamesOfCommandsAreFileNamesBehindACommand) {
-    EXPECT_EQ(RunTool({"rewrite", "check", "rewrite"}),
-              (Outcome{CannotRead, "", "vexil-dbc: cannot read 'check': could not be opened\n"}));
+    EXPECT_EQ(
+        RunTool({"rewrite", "check", "rewrite"}),
+        (Outcome{CannotRead, "", "vexil-dbc: cannot read 'check': No such file or directory\n"}));
 }
 
 TEST_F(Arguments, FileNamesMayBeginWithADashBehindTwoDashes) {

@@ -31,8 +31,8 @@ TEST_P(CheckCommandStep, IsToldInWords) {
         MakeFile("a.dbc", "BO_ 1 First: 8 ECU1\n " + statement + "\nBO_ 2 Last: 8 ECU1\n");
     EXPECT_EQ(
         RunTool({"check", file}),
-        (Outcome{ParseErrors,
-                 file + ":2: error: " + std::string(row.failed) + ": " + statement + "\n", ""}));
+        (Outcome{Findings, file + ":2: error: " + std::string(row.failed) + ": " + statement + "\n",
+                 ""}));
 }
 
 // One row per code, 0 to 6.
@@ -70,7 +70,7 @@ TEST_F(CheckCommand, TellsEachErrorInTheOrderOfTheFile) {
                                       "BU_ : ECU1\n");
     EXPECT_EQ(
         RunTool({"check", file}),
-        (Outcome{ParseErrors,
+        (Outcome{Findings,
                  file + ":3: error: cannot read the id of the message: BO_ x1 A: 8 ECU1\n" + file +
                      ":5: error: cannot read the name of the signal: SG_ Speed 0|16@1+ "
                      "(1,0)\n" +
@@ -82,7 +82,7 @@ TEST_F(CheckCommand, PutsAStatementOnOneLine) {
     const std::string file =
         MakeFile("a.dbc", "BO_ 5\tTwo \t\v\f words\r\n\n   8\n  ECU1  \n\n BU_ : ECU1\n");
     EXPECT_EQ(RunTool({"check", file}),
-              (Outcome{ParseErrors,
+              (Outcome{Findings,
                        file + ":5: error: cannot read the name of the message: BO_ 5 Two words 8 "
                               "ECU1\n",
                        ""}));
@@ -94,14 +94,14 @@ TEST_F(CheckCommand, TellsTheLineThatTheLibraryTells) {
     const std::string file = MakeFile("a.dbc", "BO_ x1 A: 8 ECU1\n");
     EXPECT_EQ(
         RunTool({"check", file}),
-        (Outcome{ParseErrors,
+        (Outcome{Findings,
                  file + ":0: error: cannot read the id of the message: BO_ x1 A: 8 ECU1\n", ""}));
 }
 
 TEST_F(CheckCommand, TellsTheFrontOfALongStatement) {
     const std::string file = MakeFile("a.dbc", "BO_ 5 " + std::string(300, 'N') + "\nBU_ : ECU1\n");
     EXPECT_EQ(RunTool({"check", file}),
-              (Outcome{ParseErrors,
+              (Outcome{Findings,
                        file + ":1: error: cannot read the name of the message: BO_ 5 " +
                            std::string(248, 'N') + "\n",
                        ""}));
@@ -111,7 +111,7 @@ TEST_F(CheckCommand, TakesAFileNameWithBlanks) {
     const std::string file = MakeFile(" my network .dbc", "BO_ x1 A: 8 ECU1\nBU_ : ECU1\n");
     EXPECT_EQ(
         RunTool({"check", file}),
-        (Outcome{ParseErrors,
+        (Outcome{Findings,
                  file + ":1: error: cannot read the id of the message: BO_ x1 A: 8 ECU1\n", ""}));
 }
 

@@ -112,10 +112,10 @@ bool Intruder::Fails(const Call& call) {
     const bool hasFile = call.Descriptor() > STDERR_FILENO || call.Descriptor() == AT_FDCWD;
     const bool isOfAFile =
         call.IsOneOf({SYS_openat, SYS_open}) ||
-        (hasFile && call.IsOneOf({SYS_read, SYS_write, SYS_writev, SYS_close, SYS_fsync, SYS_fchmod,
-                                  SYS_fchown, SYS_renameat, SYS_unlinkat, SYS_newfstatat,
-                                  SYS_readlinkat, SYS_faccessat, SYS_faccessat2, SYS_fcntl,
-                                  SYS_lseek, SYS_ftruncate}));
+        (hasFile &&
+         call.IsOneOf({SYS_read, SYS_write, SYS_writev, SYS_close, SYS_fsync, SYS_fchmod,
+                       SYS_fchown, SYS_renameat, SYS_newfstatat, SYS_readlinkat, SYS_faccessat,
+                       SYS_faccessat2, SYS_fcntl, SYS_lseek, SYS_ftruncate}));
     if (isForWrites) {
         if (!hasFile || !IsWrite(call.Number())) {
             return false;

@@ -18,8 +18,8 @@ class Intruder {
     // Sends a signal after the n-th call.
     void SendSignal(std::size_t n, int number);
 
-    // Lets the n-th call fail with the error, without being made, if it is one of a file that is open
-    // or that it opens, renames or changes. Standard output and error work on.
+    // Lets the n-th call fail with the error, without being made, if it is one of a file that is
+    // open or that it opens, renames or changes. Standard output and error work on.
     void FailCall(std::size_t n, int error);
 
     // The same for the n-th of those calls that write to a file, and for all that follow.
@@ -31,8 +31,8 @@ class Intruder {
     // Follows a process that has asked for it, and leaves it alone after the intrusion.
     void Follow(pid_t process);
 
-    // Whether there was a call to disturb. A call that is not one of those above counts but is left
-    // alone.
+    // Whether the process made so many calls, and whether the call was disturbed: a call of another
+    // kind is left alone, and after the last one of a process comes nothing.
     bool WasReached() const { return wasReached; }
     bool HasIntruded() const { return hasIntruded; }
 

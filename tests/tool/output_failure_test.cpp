@@ -1,5 +1,9 @@
 // What vexil-dbc does when its standard output takes no more.
 // SPDX-License-Identifier: MIT
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "tool/tool_process.h"
 
 namespace vexil::test {
@@ -43,12 +47,33 @@ TEST_F(StandardOutput, IsNotNeededByACheckOfACleanFile) {
     EXPECT_EQ(RunTool({"check", file}, Closed), (Outcome{Success, "", ""}));
 }
 
-TEST_F(StandardOutput, IsNotNeededByARewrite) {
+TEST_F(StandardOutput, MayBeAPipeThatNobodyReads) {
+    const std::string file = folder.File("pipe");
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    // Both ends, of which the tool keeps one.
+    const int reader = open(file.c_str(), O_RDONLY | O_NONBLOCK);
+    const int writer = open(file.c_str(), O_WRONLY);
+    close(reader);
+    EXPECT_EQ(RunTool({"--version"}, {.standardOutputDescriptor = writer}), NotWritten);
+    close(writer);
+}
+
+// A file that is opened must not take the place of a stream.
+TEST_F(StandardOutput, IsNoFileOfTheToolWhenItIsClosed) {
+    const std::string input = MakeFile("in.dbc", Good);
+    EXPECT_EQ(RunTool({"rewrite", input, "-"}, Closed),
+              (Outcome{CannotWrite, "",
+                       "vexil-dbc: cannot write standard output: Bad file descriptor\n"}));
+    EXPECT_EQ(ReadBytes(input), Good);
+}
+
+// The file is saved before anything is printed of it.
+TEST_F(StandardOutput, MustTakeTheReportOfARewrite) {
     const std::string input = MakeFile("in.dbc", Good);
     const std::string output = folder.File("out.dbc");
     const std::string again = folder.File("again.dbc");
-    EXPECT_EQ(RunTool({"rewrite", input, output}, Full), (Outcome{Success, "", ""}));
-    EXPECT_EQ(RunTool({"rewrite", input, again}, Closed), (Outcome{Success, "", ""}));
+    EXPECT_EQ(RunTool({"rewrite", input, output}, Full), NotWritten);
+    EXPECT_EQ(RunTool({"rewrite", input, again}, Closed), NotWritten);
     EXPECT_NE(ReadLines(output).find(Good), std::string::npos);
     EXPECT_EQ(ReadLines(again), ReadLines(output));
 }

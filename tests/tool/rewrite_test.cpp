@@ -5,9 +5,6 @@
 namespace vexil::test {
 namespace {
 
-using RewriteCommand = ToolTest;
-using RewriteCommandOnLinux = LinuxToolTest;
-
 // Three messages whose orders by id, by name and in the file all differ.
 constexpr std::string_view Three =
     "BO_ 5 Beta: 8 ECU1\n"
@@ -19,6 +16,27 @@ constexpr std::string_view ByName =
     "BO_ 7 Alpha: 2 ECU1\n\nBO_ 5 Beta: 8 ECU1\n\nBO_ 100 Gamma: 4 ECU1\n\n";
 constexpr std::string_view AsInFile =
     "BO_ 5 Beta: 8 ECU1\n\nBO_ 100 Gamma: 4 ECU1\n\nBO_ 7 Alpha: 2 ECU1\n\n";
+
+class RewriteCommand : public ToolTest {
+  protected:
+    std::string input = MakeFile("in.dbc", Three);
+    std::string output = folder.File("out.dbc");
+};
+
+class RewriteCommandOnLinux : public LinuxToolTest {
+  protected:
+    // Runs the tool on the output, which must stay as it is. Returns what it says of that.
+    std::string ErrorOf(const std::vector<std::string>& arguments, int exitCode,
+                        const Surroundings& surroundings = {}) {
+        const Outcome outcome = RunTool(arguments, surroundings);
+        EXPECT_EQ(outcome.exitCode, exitCode);
+        EXPECT_EQ(outcome.out, "");
+        return outcome.err;
+    }
+
+    std::string input = MakeFile("in.dbc", Three);
+    std::string output = folder.File("out.dbc");
+};
 
 // A whole written file of messages that ECU1 alone sends and nobody else receives.
 std::string Written(std::string_view messages) {
@@ -61,6 +79,11 @@ BU_ :  ECU1
 )" + std::string(messages);
 }
 
+// What the tool prints of a rewrite without losses.
+std::string NothingLost(const std::string& input) {
+    return input + ": the written file loses nothing and changes nothing\n";
+}
+
 struct OrderRow {
     std::string_view name;
     std::vector<std::string> arguments;
@@ -71,14 +94,13 @@ void PrintTo(const OrderRow& row, std::ostream* stream) {
     *stream << row.name;
 }
 
-class RewriteCommandOrder : public ToolTest, public testing::WithParamInterface<OrderRow> {};
+class RewriteCommandOrder : public RewriteCommand, public testing::WithParamInterface<OrderRow> {};
 
 TEST_P(RewriteCommandOrder, DecidesHowTheMessagesStand) {
     const OrderRow& row = GetParam();
-    const std::string output = folder.File("out.dbc");
-    std::vector<std::string> arguments{"rewrite", MakeFile("in.dbc", Three), output};
+    std::vector<std::string> arguments{"rewrite", input, output};
     arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
-    EXPECT_EQ(RunTool(arguments), (Outcome{Success, "", ""}));
+    EXPECT_EQ(RunTool(arguments), (Outcome{Success, NothingLost(input), ""}));
     EXPECT_EQ(ReadLines(output), Written(row.messages));
 }
 
@@ -91,153 +113,186 @@ INSTANTIATE_TEST_SUITE_P(EachOrder, RewriteCommandOrder,
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(RewriteCommand, TakesTheOrderInFrontOfTheFiles) {
-    const std::string output = folder.File("out.dbc");
-    EXPECT_EQ(RunTool({"rewrite", "--order", "id", MakeFile("in.dbc", Three), output}),
-              (Outcome{Success, "", ""}));
+    EXPECT_EQ(RunTool({"rewrite", "--order", "id", input, output}),
+              (Outcome{Success, NothingLost(input), ""}));
     EXPECT_EQ(ReadLines(output), Written(ById));
 }
 
 TEST_F(RewriteCommand, TakesFileNamesWithBlanks) {
-    const std::string output = folder.File(" the copy .dbc");
-    EXPECT_EQ(RunTool({"rewrite", MakeFile("my network.dbc", Three), output}),
-              (Outcome{Success, "", ""}));
-    EXPECT_EQ(ReadLines(output), Written(AsInFile));
+    const std::string from = MakeFile("my network.dbc", Three);
+    const std::string to = folder.File(" the copy .dbc");
+    EXPECT_EQ(RunTool({"rewrite", from, to}), (Outcome{Success, NothingLost(from), ""}));
+    EXPECT_EQ(ReadLines(to), Written(AsInFile));
 }
 
 TEST_F(RewriteCommand, ReplacesAFileThatIsThere) {
-    const std::string output = MakeFile("out.dbc", std::string(10000, 'x'));
-    EXPECT_EQ(RunTool({"rewrite", MakeFile("in.dbc", Three), output}), (Outcome{Success, "", ""}));
+    WriteBytes(output, std::string(10000, 'x'));
+    EXPECT_EQ(RunTool({"rewrite", input, output}), (Outcome{Success, NothingLost(input), ""}));
     EXPECT_EQ(ReadLines(output), Written(AsInFile));
 }
 
 TEST_F(RewriteCommand, WritesAFileOverItself) {
-    const std::string file = MakeFile("a.dbc", Three);
-    EXPECT_EQ(RunTool({"rewrite", file, file}), (Outcome{Success, "", ""}));
-    EXPECT_EQ(ReadLines(file), Written(AsInFile));
+    EXPECT_EQ(RunTool({"rewrite", input, input}), (Outcome{Success, NothingLost(input), ""}));
+    EXPECT_EQ(ReadLines(input), Written(AsInFile));
 }
 
-TEST_F(RewriteCommand, TellsParseErrorsAndWritesTheRest) {
-    const std::string input = MakeFile("in.dbc",
-                                       "BO_ x1 Bad: 8 ECU1\n"
-                                       "BO_ 5 Beta: 8 ECU1\n"
-                                       "SG_ Speed 0|16@1+\n"
-                                       "BU_ : ECU1\n");
-    const std::string output = folder.File("out.dbc");
-    EXPECT_EQ(
-        RunTool({"rewrite", input, output}),
-        (Outcome{ParseErrors, "",
-                 input + ":1: error: cannot read the id of the message: BO_ x1 Bad: 8 ECU1\n" +
-                     input +
-                     ":3: error: cannot read the name of the signal: SG_ Speed 0|16@1+\n"}));
-    EXPECT_EQ(ReadLines(output), Written("BO_ 5 Beta: 8 ECU1\n\n"));
+TEST_F(RewriteCommand, LosesNothingOfAFileThatItWrote) {
+    ASSERT_EQ(RunTool({"rewrite", input, output}).exitCode, Success);
+    EXPECT_EQ(RunTool({"rewrite", output, output}), (Outcome{Success, NothingLost(output), ""}));
+    EXPECT_EQ(ReadLines(output), Written(AsInFile));
 }
 
 TEST_F(RewriteCommand, LeavesTheOutputAloneWhenTheInputIsMissing) {
-    const std::string input = folder.File("none.dbc");
-    const std::string output = MakeFile("out.dbc", "precious");
-    EXPECT_EQ(
-        RunTool({"rewrite", input, output}),
-        (Outcome{CannotRead, "", "vexil-dbc: cannot read '" + input + "': could not be opened\n"}));
-    EXPECT_EQ(ReadBytes(output), "precious");
-}
-
-TEST_F(RewriteCommandOnLinux, LeavesTheOutputAloneWhenTheInputIsAFolder) {
-    const std::string input = folder.File("");
-    const std::string output = MakeFile("out.dbc", "precious");
-    EXPECT_EQ(
-        RunTool({"rewrite", input, output}),
-        (Outcome{CannotRead, "", "vexil-dbc: cannot read '" + input + "': reading failed\n"}));
+    const std::string none = folder.File("none.dbc");
+    WriteBytes(output, "precious");
+    EXPECT_EQ(RunTool({"rewrite", none, output}),
+              (Outcome{CannotRead, "",
+                       "vexil-dbc: cannot read '" + none + "': No such file or directory\n"}));
     EXPECT_EQ(ReadBytes(output), "precious");
 }
 
 TEST_F(RewriteCommand, HasNothingToWriteWithoutAMessage) {
-    const std::string output = MakeFile("out.dbc", "precious");
-    EXPECT_EQ(RunTool({"rewrite", MakeFile("in.dbc", "VERSION \"1\"\n"), output}),
-              (Outcome{CannotWrite, "",
-                       "vexil-dbc: cannot write '" + output + "': no message to write\n"}));
+    WriteBytes(input, "VERSION \"1\"\n");
+    WriteBytes(output, "precious");
+    EXPECT_EQ(RunTool({"rewrite", input, output}),
+              (Outcome{CannotRead, "",
+                       "vexil-dbc: cannot rewrite '" + input + "': no message to write\n"}));
     EXPECT_EQ(ReadBytes(output), "precious");
 }
 
-TEST_F(RewriteCommand, TellsParseErrorsAlsoWhenNoMessageIsLeft) {
-    const std::string input = MakeFile("in.dbc", "BO_ x1 Bad: 8 ECU1\nBU_ : ECU1\n");
-    const std::string output = folder.File("out.dbc");
-    EXPECT_EQ(
-        RunTool({"rewrite", input, output}),
-        (Outcome{CannotWrite, "",
-                 input + ":1: error: cannot read the id of the message: BO_ x1 Bad: 8 ECU1\n" +
-                     "vexil-dbc: cannot write '" + output + "': no message to write\n"}));
-    EXPECT_FALSE(std::filesystem::exists(output));
-}
-
 TEST_F(RewriteCommand, RefusesAnOutputInAMissingFolder) {
-    const std::string output = folder.File("none/out.dbc");
-    EXPECT_EQ(RunTool({"rewrite", MakeFile("in.dbc", Three), output}),
+    const std::string lost = folder.File("none/out.dbc");
+    EXPECT_EQ(RunTool({"rewrite", input, lost}),
               (Outcome{CannotWrite, "",
-                       "vexil-dbc: cannot write '" + output + "': could not be opened\n"}));
+                       "vexil-dbc: cannot write '" + lost + "': No such file or directory\n"}));
 }
 
 TEST_F(RewriteCommand, RefusesAnOutputThatIsAFolder) {
-    const std::string output = folder.File("");
-    EXPECT_EQ(RunTool({"rewrite", MakeFile("in.dbc", Three), output}),
-              (Outcome{CannotWrite, "",
-                       "vexil-dbc: cannot write '" + output + "': could not be opened\n"}));
+    const std::string top = folder.File("");
+    EXPECT_EQ(
+        RunTool({"rewrite", input, top}),
+        (Outcome{CannotWrite, "", "vexil-dbc: cannot write '" + top + "': Is a directory\n"}));
+}
+
+TEST_F(RewriteCommand, RefusesAnEmptyOutputPath) {
+    EXPECT_EQ(
+        RunTool({"rewrite", input, ""}),
+        (Outcome{CannotWrite, "", "vexil-dbc: cannot write '': No such file or directory\n"}));
+}
+
+TEST_F(RewriteCommand, WritesNothingInADryRun) {
+    WriteBytes(output, "precious");
+    EXPECT_EQ(RunTool({"rewrite", input, output, "--dry-run"}),
+              (Outcome{Success, NothingLost(input), ""}));
+    EXPECT_EQ(ReadBytes(output), "precious");
+    EXPECT_EQ(RunTool({"rewrite", input, input, "--dry-run"}),
+              (Outcome{Success, NothingLost(input), ""}));
+    EXPECT_EQ(ReadBytes(input), Three);
+}
+
+TEST_F(RewriteCommand, PrintsTheDifferences) {
+    ASSERT_EQ(RunTool({"rewrite", input, input}).exitCode, Success);
+    EXPECT_EQ(RunTool({"rewrite", input, output, "--order=id", "--diff"}),
+              (Outcome{Success,
+                       "--- " + input + "\n+++ " + output +
+                           "\n@@ -34,9 +34,9 @@\n \n BU_ :  ECU1\n \n-BO_ 5 Beta: 8 ECU1\n-\n"
+                           " BO_ 100 Gamma: 4 ECU1\n \n BO_ 7 Alpha: 2 ECU1\n+\n"
+                           "+BO_ 5 Beta: 8 ECU1\n \n",
+                       NothingLost(input)}));
+    EXPECT_EQ(ReadLines(output), Written(ById));
+}
+
+TEST_F(RewriteCommand, MakesUtf8OfAnotherEncoding) {
+    WriteBytes(input, "BO_ 5 Beta: 8 ECU1\nCM_ BO_ 5 \"20 \xB0\x43\";\n");
+    const Outcome outcome = RunTool({"rewrite", input, output, "--from", "windows-1252"});
+    if (outcome.err == "vexil-dbc: --from: this build of vexil-dbc has no encodings\n") {
+        EXPECT_EQ(outcome.exitCode, Usage);
+        return;
+    }
+    EXPECT_EQ(outcome, (Outcome{Success, NothingLost(input), ""}));
+    EXPECT_NE(ReadLines(output).find("CM_ BO_ 5 \"20 \xC2\xB0\x43\";\n"), std::string::npos);
+}
+
+TEST_F(RewriteCommandOnLinux, ReadsStandardInputAndWritesStandardOutput) {
+    const Outcome outcome = RunTool({"rewrite", "-", "-"}, {.standardInput = input});
+    EXPECT_EQ(outcome, (Outcome{Success, Written(AsInFile), NothingLost("-")}));
+}
+
+TEST_F(RewriteCommandOnLinux, KnowsItsInputWhereStandardInputIsAFile) {
+    WriteBytes(input, "VERSION \"1\"\nBO_ 5 Beta: 8 ECU1\n");
+    EXPECT_EQ(RunTool({"rewrite", "-", input}, {.standardInput = input}).exitCode, NotAccepted);
+}
+
+TEST_F(RewriteCommandOnLinux, WritesNothingToStandardOutputInADryRun) {
+    EXPECT_EQ(RunTool({"rewrite", input, "-", "--dry-run"}),
+              (Outcome{Success, NothingLost(input), ""}));
+}
+
+TEST_F(RewriteCommandOnLinux, RefusesAFolderAsItsInput) {
+    WriteBytes(output, "precious");
+    EXPECT_EQ(ErrorOf({"rewrite", folder.File(""), output}, CannotRead),
+              "vexil-dbc: cannot read '" + folder.File("") + "': Is a directory\n");
+    EXPECT_EQ(ReadBytes(output), "precious");
 }
 
 // Nobody can make a file there, an administrator neither.
 TEST_F(RewriteCommandOnLinux, RefusesAnOutputInAFolderThatCannotBeWritten) {
-    EXPECT_EQ(RunTool({"rewrite", MakeFile("in.dbc", Three), "/proc/self/out.dbc"}),
-              (Outcome{CannotWrite, "",
-                       "vexil-dbc: cannot write '/proc/self/out.dbc': could not be opened\n"}));
+    EXPECT_EQ(ErrorOf({"rewrite", input, "/proc/self/out.dbc"}, CannotWrite),
+              "vexil-dbc: cannot write '/proc/self/out.dbc': No such file or directory\n");
 }
 
-TEST_F(RewriteCommand, RefusesAnEmptyOutputPath) {
-    EXPECT_EQ(RunTool({"rewrite", MakeFile("in.dbc", Three), ""}),
-              (Outcome{CannotWrite, "", "vexil-dbc: cannot write '': empty path\n"}));
+TEST_F(RewriteCommandOnLinux, TakesPathsOfAnyLengthAndAnyBytes) {
+    const std::string name = std::string(200, '\xFF') + ".dbc";
+    std::string deep = folder.File("");
+    while (deep.size() < 5000) {
+        deep += "././";
+    }
+    std::filesystem::copy_file(input, folder.File("") + name);
+    EXPECT_EQ(RunTool({"rewrite", deep + name, deep + "x" + name}),
+              (Outcome{Success, NothingLost(deep + name), ""}));
+    EXPECT_EQ(ReadBytes(folder.File("") + "x" + name), Written(AsInFile));
 }
 
-TEST_F(RewriteCommand, RefusesAnOutputPathOf260Bytes) {
-    const std::string output(260, 'p');
-    EXPECT_EQ(
-        RunTool({"rewrite", MakeFile("in.dbc", Three), output}),
-        (Outcome{CannotWrite, "", "vexil-dbc: cannot write '" + output + "': path too long\n"}));
+TEST_F(RewriteCommandOnLinux, TellsAByteThatIsNotInTheEncoding) {
+    WriteBytes(input, "BO_ 5 Beta: 8 ECU1\nCM_ BO_ 5 \"\x81\";\n");
+    WriteBytes(output, "precious");
+    EXPECT_EQ(ErrorOf({"rewrite", input, output, "--from", "windows-1252"}, CannotRead),
+              "vexil-dbc: cannot read '" + input +
+                  "': line 2: the byte 0x81 at offset 30 is not valid in windows-1252\n");
+    EXPECT_EQ(ReadBytes(output), "precious");
 }
 
-TEST_F(RewriteCommandOnLinux, TakesAnOutputPathOf259Bytes) {
-    std::string output = folder.File("");
-    output += std::string(259 - 6 - output.size(), '/') + "ab.dbc";
-    EXPECT_EQ(RunTool({"rewrite", MakeFile("in.dbc", Three), output}), (Outcome{Success, "", ""}));
-    EXPECT_EQ(ReadLines(output), Written(AsInFile));
+TEST_F(RewriteCommandOnLinux, TellsAnUnknownEncoding) {
+    EXPECT_EQ(ErrorOf({"rewrite", input, output, "--from", "latin-99"}, Usage),
+              "vexil-dbc: --from: the system has no encoding 'latin-99'\n");
+    EXPECT_FALSE(std::filesystem::exists(output));
 }
 
-TEST_F(RewriteCommandOnLinux, RefusesAnOutputPathThatIsNotUtf8) {
-    EXPECT_EQ(RunTool({"rewrite", MakeFile("in.dbc", Three), "\xff\xff\xff\xff.dbc"}),
-              (Outcome{CannotWrite, "",
-                       "vexil-dbc: cannot write '\xff\xff\xff\xff.dbc': path not valid UTF-8\n"}));
+TEST_F(RewriteCommandOnLinux, WritesToADeviceAndTellsWhenItIsFull) {
+    EXPECT_EQ(RunTool({"rewrite", input, "/dev/null"}), (Outcome{Success, NothingLost(input), ""}));
+    EXPECT_EQ(ErrorOf({"rewrite", input, "/dev/full"}, CannotWrite),
+              "vexil-dbc: cannot write '/dev/full': No space left on device\n");
 }
 
-TEST_F(RewriteCommandOnLinux, TellsAFullDisk) {
-    EXPECT_EQ(RunTool({"rewrite", MakeFile("in.dbc", Three), "/dev/full"}),
-              (Outcome{CannotWrite, "", "vexil-dbc: cannot write '/dev/full': writing failed\n"}));
+TEST_F(RewriteCommandOnLinux, TellsAFullStandardOutput) {
+    EXPECT_EQ(ErrorOf({"rewrite", input, "-"}, CannotWrite, {.standardOutput = "/dev/full"}),
+              "vexil-dbc: cannot write standard output: No space left on device\n");
 }
 
-// The library calls it a success with a doubt when the last line alone failed; the tool does not.
-TEST_F(RewriteCommandOnLinux, TellsAFailureOfTheLastLine) {
-    const std::string output = folder.File("out.dbc");
-    const std::string whole = Written(AsInFile);
-    const Surroundings oneByteShort{.fileSizeLimit = whole.size() - 1};
-    EXPECT_EQ(
-        RunTool({"rewrite", MakeFile("in.dbc", Three), output}, oneByteShort),
-        (Outcome{CannotWrite, "", "vexil-dbc: cannot write '" + output + "': writing failed\n"}));
-    EXPECT_EQ(ReadBytes(output), whole.substr(0, whole.size() - 1));
+// The private copy is as long as the output, so it fails first.
+TEST_F(RewriteCommandOnLinux, TellsALimitOfTheFileSize) {
+    const Surroundings oneByteShort{.fileSizeLimit = Written(AsInFile).size() - 1};
+    WriteBytes(output, "precious");
+    EXPECT_EQ(ErrorOf({"rewrite", input, output}, CannotWrite, oneByteShort),
+              "vexil-dbc: cannot write a copy of '" + output + "': writing failed\n");
+    EXPECT_EQ(ReadBytes(output), "precious");
 }
 
 TEST_F(RewriteCommandOnLinux, NeedsNoMoreRoomThanTheFileTakes) {
-    const std::string output = folder.File("out.dbc");
-    const std::string whole = Written(AsInFile);
-    const Surroundings justEnough{.fileSizeLimit = whole.size()};
-    EXPECT_EQ(RunTool({"rewrite", MakeFile("in.dbc", Three), output}, justEnough),
-              (Outcome{Success, "", ""}));
-    EXPECT_EQ(ReadBytes(output), whole);
+    const Surroundings justEnough{.fileSizeLimit = Written(AsInFile).size()};
+    EXPECT_EQ(RunTool({"rewrite", input, output}, justEnough),
+              (Outcome{Success, NothingLost(input), ""}));
+    EXPECT_EQ(ReadBytes(output), Written(AsInFile));
 }
 
 }  // namespace

@@ -54,17 +54,27 @@ void Redirect(const std::string& file, int flags, int descriptor) {
 // Turns the forked process into the tool.
 [[noreturn]] void BecomeTool(std::vector<std::string>& command, const std::string& out,
                              const std::string& err, const Surroundings& surroundings) {
-    Redirect("/dev/null", O_RDONLY, STDIN_FILENO);
+    Redirect(surroundings.standardInput, O_RDONLY, STDIN_FILENO);
     Redirect(out, O_WRONLY | O_CREAT, STDOUT_FILENO);
     Redirect(err, O_WRONLY | O_CREAT, STDERR_FILENO);
+    if (surroundings.standardOutputDescriptor >= 0) {
+        dup2(surroundings.standardOutputDescriptor, STDOUT_FILENO);
+    }
     if (surroundings.standardOutputClosed) {
         close(STDOUT_FILENO);
     }
     if (surroundings.fileSizeLimit) {
-        // Without the signal the process lives on and its write fails.
-        std::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{*surroundings.fileSizeLimit, *surroundings.fileSizeLimit};
         setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    if (!surroundings.temporaryFolder.empty()) {
+        setenv("TMPDIR", surroundings.temporaryFolder.c_str(), 1);
+    }
+    if (surroundings.intruder != nullptr) {
+        // The sanitizer cannot look for leaks in a process that is followed.
+        const std::string options = Setting("ASAN_OPTIONS", "") + ":detect_leaks=0";
+        setenv("ASAN_OPTIONS", options.c_str(), 1);
+        Intruder::AskToBeFollowed();
     }
     std::vector<char*> argv;
     for (std::string& argument : command) {
@@ -88,6 +98,9 @@ Outcome RunTool(const std::vector<std::string>& arguments, const Surroundings& s
     const pid_t child = fork();
     if (child == 0) {
         BecomeTool(command, out, err, surroundings);
+    }
+    if (child > 0 && surroundings.intruder != nullptr) {
+        surroundings.intruder->Follow(child);
     }
     int status = 0;
     if (child < 0 || waitpid(child, &status, 0) != child) {

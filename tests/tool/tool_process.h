@@ -13,11 +13,19 @@
 #include <vector>
 
 #include "support/files.h"
+#include "tool/intruder.h"
 
 namespace vexil::test {
 
 // Exit codes of the tool, as its users know them.
-enum ToolExit : int { Success = 0, ParseErrors = 1, CannotRead = 2, CannotWrite = 3, Usage = 64 };
+enum ToolExit : int {
+    Success = 0,
+    Findings = 1,
+    Usage = 2,
+    CannotRead = 3,
+    NotAccepted = 4,
+    CannotWrite = 5
+};
 
 // What a process left behind.
 struct Outcome {
@@ -31,9 +39,13 @@ void PrintTo(const Outcome& outcome, std::ostream* stream);
 
 // The world that a process runs in.
 struct Surroundings {
+    std::string standardInput = "/dev/null";
     std::string standardOutput = {};    // a file to write it to, in place of Outcome::out
     bool standardOutputClosed = false;  // there is none
+    int standardOutputDescriptor = -1;  // an open file to write it to
     std::optional<std::uint64_t> fileSizeLimit = {};  // writes that go beyond it fail
+    Intruder* intruder = nullptr;                     // disturbs the process
+    std::string temporaryFolder = {};                 // empty: that of this process
 };
 
 // Runs the tool to its end.

@@ -11,7 +11,7 @@ ExitCode Check(const std::string& file) {
     if (!ReadDatabase(file)) {
         return ExitCannotRead;
     }
-    return PrintParseErrors(std::cout, file) ? ExitParseErrors : ExitSuccess;
+    return PrintParseErrors(std::cout, file) ? ExitFindings : ExitSuccess;
 }
 
 }  // namespace vexil::tool

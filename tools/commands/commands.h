@@ -3,7 +3,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
 #include <string>
 
 #include "exit_code.h"
@@ -12,9 +11,5 @@ namespace vexil::tool {
 
 // Prints the statements of a file that were refused, one per line.
 ExitCode Check(const std::string& file);
-
-// Reads a file and writes what the library keeps of it to another one, or over it.
-//   order  an Order constant of vexil64.h
-ExitCode Rewrite(const std::string& input, const std::string& output, std::uint32_t order);
 
 }  // namespace vexil::tool

@@ -1,21 +1,116 @@
-// vexil-dbc rewrite IN OUT [--order id|name|file]
+// vexil-dbc rewrite: a file is read, written to a private place, compared, and only then saved.
 // SPDX-License-Identifier: MIT
-#include <iostream>
+#include "commands/rewrite.h"
 
-#include "commands/commands.h"
-#include "database/database_file.h"
+#include <vexil64.h>
+
+#include <iostream>
+#include <optional>
+
+#include "account/rewrite_summary.h"
+#include "commands/source_input.h"
+#include "database/result_words.h"
+#include "file/private_file.h"
+#include "file/saved_file.h"
+#include "file/standard_streams.h"
+#include "view/rewrite_report.h"
+#include "view/unified_diff.h"
 
 namespace vexil::tool {
+namespace {
 
-ExitCode Rewrite(const std::string& input, const std::string& output, std::uint32_t order) {
-    if (!ReadDatabase(input)) {
-        return ExitCannotRead;
-    }
-    const bool hasErrors = PrintParseErrors(std::cerr, input);
-    if (!WriteDatabase(output, order)) {
+// Lets the library write the database, and fetches the text.
+std::optional<ExitCode> WriteText(const RewriteOptions& options, std::string& text) {
+    PrivateFile file;
+    std::error_code error = file.Make("");
+    if (error) {
+        PrintFileError("write a copy of", options.output, error.message());
         return ExitCannotWrite;
     }
-    return hasErrors ? ExitParseErrors : ExitSuccess;
+    std::uint32_t resultCode = 0;
+    const auto size = static_cast<std::uint32_t>(file.Path().size() + 1);
+    const bool isWritten =
+        VexilWriteDbcFile(file.Path().c_str(), size, options.order, &resultCode) != 0;
+    if (!isWritten && resultCode == StateClosed) {
+        PrintFileError("rewrite", options.input, WriteFailure(resultCode));
+        return ExitCannotRead;
+    }
+    // A success with another code means that the last line failed.
+    if (resultCode != StateClosed) {
+        PrintFileError("write a copy of", options.output, WriteFailure(resultCode));
+        return ExitCannotWrite;
+    }
+    error = file.Read(text);
+    if (error) {
+        PrintFileError("read a copy of", options.output, error.message());
+        return ExitCannotWrite;
+    }
+    return std::nullopt;
+}
+
+// Standard output is for one thing; where that is not the report, standard error has it.
+void Report(const RewriteOptions& options, const std::string& report) {
+    const bool isFree = !options.diff && (options.dryRun || options.output != StandardStream);
+    (isFree ? std::cout : std::cerr) << report;
+}
+
+// Whether the only copy of what would be lost is about to be replaced.
+bool NeedsAcceptance(const RewriteOptions& options, const RewriteSummary& summary,
+                     const InputFile& input) {
+    return !options.acceptLoss && !summary.IsEmpty() && options.output != StandardStream &&
+           IsSameFile(options.output, input.file.Value());
+}
+
+std::optional<ExitCode> Save(const RewriteOptions& options, const std::string& text) {
+    const bool isStream = options.output == StandardStream;
+    const std::error_code error =
+        isStream ? WriteStandardOutput(text) : SaveFile(options.output, text);
+    if (!error) {
+        return std::nullopt;
+    }
+    if (isStream) {
+        PrintError("cannot write standard output: " + error.message());
+    } else {
+        PrintFileError("write", options.output, error.message());
+    }
+    return ExitCannotWrite;
+}
+
+}  // namespace
+
+ExitCode Rewrite(const RewriteOptions& options) {
+    SourceInput input{options.input, options.from, {}};
+    if (const auto failure = LoadSource(input)) {
+        return *failure;
+    }
+    const SourceText source(std::move(input.file.bytes));
+    if (const auto failure = LoadDatabase(input, source.Bytes())) {
+        return *failure;
+    }
+    const Snapshot snapshot = TakeSnapshot();
+    const Account account = MakeAccount(source, snapshot);
+    const std::vector<Finding> findings = FindRewriteLosses(account, snapshot);
+    std::string text;
+    if (const auto failure = WriteText(options, text)) {
+        return *failure;
+    }
+    const RewriteSummary summary = SummarizeRewrite(account, findings, text);
+    const bool isHeld = NeedsAcceptance(options, summary, input.file);
+    if (!isHeld && !options.dryRun) {
+        if (const auto failure = Save(options, text)) {
+            return *failure;
+        }
+    }
+    Report(options, RewriteReport(options.input, summary));
+    if (options.diff) {
+        std::cout << UnifiedDiff({options.input, source.Bytes()}, {options.output, text});
+    }
+    if (isHeld) {
+        PrintError("'" + options.output + "' stays as it is: the written file " +
+                   LossesInWords(summary) + "; --accept-loss writes it all the same");
+        return ExitNotAccepted;
+    }
+    return summary.hasFindings && !options.acceptLoss ? ExitFindings : ExitSuccess;
 }
 
 }  // namespace vexil::tool

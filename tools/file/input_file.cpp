@@ -36,8 +36,4 @@ std::error_code ReadInput(const std::string& path, InputFile& input) {
     return error ? error : ReadAll(input.file.Value(), input.bytes);
 }
 
-std::error_code WriteStandardOutput(std::string_view bytes) {
-    return WriteAll(STDOUT_FILENO, bytes);
-}
-
 }  // namespace vexil::tool

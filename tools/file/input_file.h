@@ -23,7 +23,4 @@ struct InputFile {
 //   path  may be of any length; StandardStream is standard input.
 std::error_code ReadInput(const std::string& path, InputFile& input);
 
-// Writes to standard output.
-std::error_code WriteStandardOutput(std::string_view bytes);
-
 }  // namespace vexil::tool
