@@ -12,9 +12,14 @@ function(vexil64_require package target debian_package)
     endif()
 endfunction()
 
-# The same for a library that is headers alone and comes without a CMake package.
+# The same for a library that is headers alone and comes without a CMake package. Leaves the folder of
+# the header in folder_of_<package>. A cross build finds it where Windows.cmake put it.
 function(vexil64_require_header header debian_package)
-    find_path(folder_of_${debian_package} "${header}" HINTS "${PROJECT_BINARY_DIR}/headers")
+    set(only "")
+    if(CMAKE_CROSSCOMPILING)
+        set(only PATHS "${PROJECT_BINARY_DIR}/headers" NO_DEFAULT_PATH NO_CMAKE_FIND_ROOT_PATH)
+    endif()
+    find_path(folder_of_${debian_package} "${header}" ${only})
     if(NOT folder_of_${debian_package})
         message(FATAL_ERROR "${header} was not found. Install the Debian package ${debian_package}.")
     endif()

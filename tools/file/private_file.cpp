@@ -6,17 +6,19 @@
 #include <vexil64.h>
 
 #include <algorithm>
-#include <cstdlib>
+#include <filesystem>
 #include <vector>
 
 namespace vexil::tool {
 namespace {
 
+// That of the user first, where there is one.
 std::vector<std::string> TemporaryFolders() {
     std::vector<std::string> folders;
-    const char* const chosen = std::getenv("TMPDIR");
-    if (chosen != nullptr && *chosen != '\0') {
-        folders.emplace_back(chosen);
+    std::error_code error;
+    const std::u8string chosen = std::filesystem::temp_directory_path(error).u8string();
+    if (!error) {
+        folders.emplace_back(chosen.begin(), chosen.end());
     }
     folders.emplace_back("/tmp");
     return folders;
