@@ -208,7 +208,8 @@ std::vector<Contradiction> FindContradictions(Experiment& experiment, const std:
         const tool::AccountedStatement& statement = account.statements[index];
         const tool::Fate fate = FateOf(statement.cause);
         const auto isSame = [&](std::string_view instead) {
-            return experiment.Records(Without(cleanSource.Text(), statement.text, instead)) == whole;
+            return experiment.Records(Without(cleanSource.Text(), statement.text, instead)) ==
+                   whole;
         };
         if (fate == tool::Fate::Dropped || fate == tool::Fate::Ignored ||
             statement.cause == tool::Cause::KeptWithoutEffect) {

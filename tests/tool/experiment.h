@@ -1,4 +1,5 @@
-// Experiments on files: what the library makes of a text, and of the text without one of its statements.
+// Experiments on files: what the library makes of a text, and of the text without one of its
+// statements.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -11,8 +11,11 @@
 namespace vexil::tool {
 namespace {
 
-// What one call transfers at most, so that the size fits the parameter of every system.
-constexpr std::size_t LargestTransfer = std::size_t{1} << 20U;
+// What one call transfers, in the type that every system takes.
+unsigned TransferSize(std::size_t size) {
+    constexpr std::size_t Largest = std::size_t{1} << 20U;
+    return static_cast<unsigned>(std::min(size, Largest));
+}
 
 // Repeats a call that a signal interrupted.
 template <typename Call>
@@ -50,7 +53,7 @@ std::error_code ReadAll(int descriptor, std::string& bytes) {
         if (size == bytes.size()) {
             bytes.resize(std::max(2 * size, std::size_t{64} * 1024));
         }
-        const std::size_t room = std::min(bytes.size() - size, LargestTransfer);
+        const unsigned room = TransferSize(bytes.size() - size);
         const std::ptrdiff_t count =
             Uninterrupted([&] { return read(descriptor, bytes.data() + size, room); });
         if (count <= 0) {
@@ -63,7 +66,7 @@ std::error_code ReadAll(int descriptor, std::string& bytes) {
 
 std::error_code WriteAll(int descriptor, std::string_view bytes) {
     while (!bytes.empty()) {
-        const std::size_t size = std::min(bytes.size(), LargestTransfer);
+        const unsigned size = TransferSize(bytes.size());
         const std::ptrdiff_t count =
             Uninterrupted([&] { return write(descriptor, bytes.data(), size); });
         if (count < 0) {
