@@ -142,6 +142,73 @@ TEST_F(RewriteCommand, LosesNothingOfAFileThatItWrote) {
     EXPECT_EQ(ReadLines(output), Written(AsInFile));
 }
 
+// A version and a table of values are lost, a unit is changed.
+constexpr std::string_view Lossy =
+    "VERSION \"2\"\n"
+    "VAL_TABLE_ A 0 \"a\";\n"
+    "VAL_TABLE_ B 0 \"b\";\n"
+    "BO_ 5 Beta: 8 ECU1\n"
+    " SG_ A : 0|8@1+ (1,0) [0|9] \"°C\" ECU1\n";
+
+std::string LossyReport(const std::string& input) {
+    return input +
+           ": the written file loses 3 and changes 1\n"
+           "loses\n"
+           "      1  version       line 1: the version of the file\n"
+           "      2  value-tables  from line 2: a table of values\n"
+           "changes\n"
+           "      1  unit-folded   line 5: the ASCII form of the unit has an underscore for each "
+           "other character\n";
+}
+
+TEST_F(RewriteCommand, PrintsWhatTheWrittenFileLosesAndChanges) {
+    WriteBytes(input, Lossy);
+    EXPECT_EQ(RunTool({"rewrite", input, output}), (Outcome{Success, LossyReport(input), ""}));
+    EXPECT_NE(ReadLines(output).find("BO_ 5 Beta: 8 ECU1\n"), std::string::npos);
+}
+
+TEST_F(RewriteCommand, HasFindingsWhereAStatementIsRefused) {
+    WriteBytes(input, "BO_ x1 Bad: 8 ECU1\nBO_ 5 Beta: 8 ECU1\n");
+    EXPECT_EQ(RunTool({"rewrite", input, output}),
+              (Outcome{Findings,
+                       input + ": the written file loses 1 and changes 0\nloses\n"
+                               "      1  message-id  line 1: the id of a message is not a plain "
+                               "number of 32 bits\n",
+                       ""}));
+    EXPECT_EQ(ReadLines(output), Written("BO_ 5 Beta: 8 ECU1\n\n"));
+}
+
+TEST_F(RewriteCommand, WritesOverItsInputOnlyWhenTheLossIsAccepted) {
+    WriteBytes(input, Lossy);
+    const Outcome held{NotAccepted, LossyReport(input),
+                       "vexil-dbc: '" + input +
+                           "' stays as it is: the written file loses 3 and changes 1; "
+                           "--accept-loss writes it all the same\n"};
+    EXPECT_EQ(RunTool({"rewrite", input, input}), held);
+    EXPECT_EQ(RunTool({"rewrite", input, input, "--dry-run"}), held);
+    EXPECT_EQ(ReadBytes(input), Lossy);
+    EXPECT_EQ(RunTool({"rewrite", input, input, "--accept-loss", "--dry-run"}),
+              (Outcome{Success, LossyReport(input), ""}));
+    EXPECT_EQ(ReadBytes(input), Lossy);
+    EXPECT_EQ(RunTool({"rewrite", input, input, "--accept-loss"}),
+              (Outcome{Success, LossyReport(input), ""}));
+    EXPECT_EQ(RunTool({"rewrite", input, input}), (Outcome{Success, NothingLost(input), ""}));
+}
+
+TEST_F(RewriteCommand, HasNoFindingsThatAreAccepted) {
+    WriteBytes(input, "BO_ x1 Bad: 8 ECU1\nBO_ 5 Beta: 8 ECU1\n");
+    EXPECT_EQ(RunTool({"rewrite", input, input, "--accept-loss"}).exitCode, Success);
+    EXPECT_EQ(ReadLines(input), Written("BO_ 5 Beta: 8 ECU1\n\n"));
+}
+
+TEST_F(RewriteCommandOnLinux, KnowsItsInputByAnotherName) {
+    WriteBytes(input, Lossy);
+    std::filesystem::create_symlink(input, output);
+    EXPECT_EQ(RunTool({"rewrite", input, output}).exitCode, NotAccepted);
+    EXPECT_EQ(RunTool({"rewrite", output, input}).exitCode, NotAccepted);
+    EXPECT_EQ(ReadBytes(input), Lossy);
+}
+
 TEST_F(RewriteCommand, LeavesTheOutputAloneWhenTheInputIsMissing) {
     const std::string none = folder.File("none.dbc");
     WriteBytes(output, "precious");

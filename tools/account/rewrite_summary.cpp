@@ -12,20 +12,25 @@
 namespace vexil::tool {
 namespace {
 
-// The words of a statement with one blank between them. White space inside quotes counts.
+// Characters beside which white space has no meaning.
+bool IsMark(char ch) {
+    return std::string_view(":;,|()[]").find(ch) != std::string_view::npos;
+}
+
+// The statement without the white space that has no meaning. White space inside quotes has one.
 std::string Words(std::string_view text) {
     std::string words;
     bool isQuoted = false;
     bool isApart = false;
     for (const char ch : text) {
         if (!isQuoted && IsSpace(ch)) {
-            isApart = !words.empty();
+            isApart = true;
             continue;
         }
-        if (isApart) {
+        if (isApart && !words.empty() && !IsMark(words.back()) && !IsMark(ch)) {
             words += ' ';
-            isApart = false;
         }
+        isApart = false;
         isQuoted = isQuoted != (ch == '"');
         words += ch;
     }
