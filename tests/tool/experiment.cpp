@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <sstream>
 
@@ -73,6 +74,8 @@ constexpr std::string_view EmptyStatement = "BS_ ;";
 }  // namespace
 
 tool::Snapshot Experiment::Read(std::string_view text) {
+    // Some file systems flush a file that is emptied and written again, but not a new one.
+    std::filesystem::remove(Utf8Path(file_));
     WriteBytes(file_, text);
     EXPECT_TRUE(tool::ReadDatabase(file_));
     return tool::TakeSnapshot();
@@ -95,8 +98,9 @@ class Exceptions {
         const std::size_t begin = BeginOf(index);
         const tool::LibraryStatement* const cut = CutAround(begin);
         const bool isOwn = cut != nullptr && cut->begin == begin;
-        if (cut != nullptr && Swallows(*cut)) {
-            return "it swallows the next statement, or makes the one before it do so: without it that "
+        if ((cut != nullptr && Swallows(*cut)) || SwallowsInside(index)) {
+            return "it swallows the next statement, or makes the one before it do so: without it "
+                   "that "
                    "statement is back";
         }
         if (!isOwn && cut != nullptr && IsChangedOrWorse(OwnerOf(*cut))) {
@@ -147,10 +151,21 @@ class Exceptions {
         return false;
     }
 
+    // A keyword inside the statement may swallow the next one as well.
+    bool SwallowsInside(std::size_t index) const {
+        const std::size_t begin = BeginOf(index);
+        const std::size_t end = begin + account_.statements[index].text.size();
+        return std::any_of(cuts_.begin(), cuts_.end(), [&](const tool::LibraryStatement& cut) {
+            return cut.begin >= begin && cut.begin < end && Swallows(cut);
+        });
+    }
+
     bool IsChangedOrWorse(std::size_t index) const {
         const tool::Cause cause = account_.statements[index].cause;
+        // An attribute statement may go on after its semicolon.
         return FateOf(cause) == tool::Fate::Changed || FateOf(cause) == tool::Fate::Refused ||
-               FateOf(cause) == tool::Fate::Dropped;
+               FateOf(cause) == tool::Fate::Dropped ||
+               account_.statements[index].keyword.starts_with("BA_");
     }
 
     // The statement without its last word.
@@ -161,9 +176,8 @@ class Exceptions {
 
     static std::string_view AttributeOf(std::string_view text) {
         const std::size_t open = text.find('"');
-        return open == std::string_view::npos
-                   ? std::string_view()
-                   : text.substr(open, text.find('"', open + 1) - open);
+        return open == std::string_view::npos ? std::string_view()
+                                              : text.substr(open, text.find('"', open + 1) - open);
     }
 
     bool HasTwin(std::size_t index) const {

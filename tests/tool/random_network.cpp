@@ -29,30 +29,44 @@ class Maker {
     }
 
   private:
-    static constexpr std::array<std::string_view, 6> Separators = {" ", "\n\n", "\r\n", "\t", "",
-                                                                   "\n // note\n"};
+    static constexpr std::array<std::string_view, 6> Separators = {" ",  "\n\n", "\r\n",
+                                                                   "\t", "",     "\n // note\n"};
     static constexpr std::array<std::string_view, 6> Ids = {"1", "2", "3", "4", "007", "0x5"};
     static constexpr std::array<std::string_view, 8> Names = {
         "A", "B", "Gear", "Two Words", "M", "m1", "ANameOfMoreThanThirtyTwoCharacters_1", "9th"};
     static constexpr std::array<std::string_view, 9> Texts = {
-        "plain",  "see BO_ 2 here", "two\nlines", "a \"quoted\" word",  "",
+        "plain",   "see BO_ 2 here", "two\nlines", "a \"quoted\" word", "",
         "; and ;", "VAL_ first",     "back\\\"",   "one\nBO_ 9 In: 8 N"};
-    static constexpr std::array<std::string_view, 11> Attributes = {
-        "BusType",        "J1939PGN",        "IsNMEA",           "Marrowby_Msg_Name",
-        "GenMsgSendType", "GenMsgCycleTime", "Marrowby_Sig_Name", "GenSigStartValue",
-        "GenSigInactiveValue", "Other", "More"};
-    static constexpr std::array<std::string_view, 6> Types = {"INT 0 100", "STRING ", "INT 0",
-                                                              "ENUM \"No\",\"Yes\",\"On Event\"",
-                                                              "FLOAT 0 1", "HEX 0 9"};
+    static constexpr std::array<std::string_view, 11> Attributes = {"BusType",
+                                                                    "J1939PGN",
+                                                                    "IsNMEA",
+                                                                    "Marrowby_Msg_Name",
+                                                                    "GenMsgSendType",
+                                                                    "GenMsgCycleTime",
+                                                                    "Marrowby_Sig_Name",
+                                                                    "GenSigStartValue",
+                                                                    "GenSigInactiveValue",
+                                                                    "Other",
+                                                                    "More"};
+    static constexpr std::array<std::string_view, 6> Types = {
+        "INT 0 100", "STRING ", "INT 0", "ENUM \"No\",\"Yes\",\"On Event\"",
+        "FLOAT 0 1", "HEX 0 9"};
     static constexpr std::array<std::string_view, 11> Values = {
         "0", "1", "2", "100", "1.5", "\"CAN FD\"", "\"text\"", "\"a, b\"", "\"Yes\"", "\"\"", "A"};
-    static constexpr std::array<std::string_view, 6> Owners = {"", "BO_ ", "SG_ ", "BU_ ", "EV_ ",
-                                                               ""};
+    static constexpr std::array<std::string_view, 6> Owners = {"",     "BO_ ", "SG_ ",
+                                                               "BU_ ", "EV_ ", ""};
     static constexpr std::array<std::string_view, 10> Ignored = {
-        "VERSION \"1 BO_ x\"", "BS_:", "BS_ : 500", "BU_: N Q", "BU_ : N", "VAL_TABLE_ T 0 \"a\" ;",
-        "EV_ E: 0 [0|1] \"\" 0 1 D N;", "BO_TX_BU_ 1 : N,Q;", "SIG_GROUP_ 1 G 1 : A B;",
+        "VERSION \"1 BO_ x\"",
+        "BS_:",
+        "BS_ : 500",
+        "BU_: N Q",
+        "BU_ : N",
+        "VAL_TABLE_ T 0 \"a\" ;",
+        "EV_ E: 0 [0|1] \"\" 0 1 D N;",
+        "BO_TX_BU_ 1 : N,Q;",
+        "SIG_GROUP_ 1 G 1 : A B;",
         "NS_ :\n NS_DESC_\n CM_\n BA_DEF_\n BA_\n VAL_\n"};
-    static constexpr std::array<std::string_view, 9> Damages = {"\"", ";", " ", ":", "\n",
+    static constexpr std::array<std::string_view, 9> Damages = {"\"",   ";",      " ",    ":", "\n",
                                                                 "BO_ ", "\nSG_ ", "\xB0", "x"};
 
     std::size_t Below(std::size_t limit) { return engine_() % limit; }
@@ -81,18 +95,18 @@ class Maker {
     std::string Signal() {
         static constexpr std::array<std::string_view, 5> Indicators = {" M", " m1", " m", " m0M",
                                                                        " m1a"};
-        static constexpr std::array<std::string_view, 6> Layouts = {"0|8@1+",  "8|32@1-", "16|64@1+",
+        static constexpr std::array<std::string_view, 6> Layouts = {"0|8@1+", "8|32@1-", "16|64@1+",
                                                                     "0|8@2+", "0|8",     "7|8@0"};
         static constexpr std::array<std::string_view, 6> Rests = {
-            " (1,0) [0|1] \"km\" N", " (0.5,-4) [1|0] \"\" N,Q", " (1,0) [0|255] \"%\" N",
-            " (1x,0) [0|1] \" s\" N Q", " (1,0) [0] \"\" N", " (1,0) [0|1] N"};
+            " (1,0) [0|1] \"km\" N",    " (0.5,-4) [1|0] \"\" N,Q", " (1,0) [0|255] \"%\" N",
+            " (1x,0) [0|1] \" s\" N Q", " (1,0) [0] \"\" N",        " (1,0) [0|1] N"};
         return " SG_ " + PickGood(Names) + (Below(4) == 0 ? Pick(Indicators) : "") + " : " +
                PickGood(Layouts) + PickGood(Rests);
     }
 
     std::string Comment() {
-        static constexpr std::array<std::string_view, 6> Kinds = {"BO_", "SG_", "BO_", "BU_", "EV_",
-                                                                  ""};
+        static constexpr std::array<std::string_view, 6> Kinds = {"BO_", "SG_", "BO_",
+                                                                  "BU_", "EV_", ""};
         const std::string kind = Pick(Kinds);
         std::string text = "CM_ " + kind;
         if (kind == "BO_" || kind == "SG_") {

@@ -195,7 +195,8 @@ Outcome ClassifySignal(std::string_view text, const Snapshot& snapshot, const Si
                                                      : Cause::NameMadeIdentifier,
                 "the signal has no name"};
     }
-    if (facts.multiplexType == MultiplexSelected && !IsPlainNumber(indicator.substr(std::min<std::size_t>(1, indicator.size())))) {
+    if (facts.multiplexType == MultiplexSelected &&
+        !IsPlainNumber(indicator.substr(std::min<std::size_t>(1, indicator.size())))) {
         return {Cause::NumberReadInPart, fmt::format("\"{}\"", Shown(indicator))};
     }
     return ClassifyRest(rest, snapshot, facts);

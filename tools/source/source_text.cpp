@@ -21,7 +21,10 @@ bool IsPlain(char ch) {
 
 }  // namespace
 
-SourceText::SourceText(std::string bytes) : bytes_(std::move(bytes)) {
+SourceText::SourceText(std::string bytes) : bytes_(std::move(bytes)), size_(bytes_.size()) {
+    if (size_ != 0 && bytes_.back() != '\n') {
+        bytes_ += '\n';
+    }
     Clean();
     FindLines();
 }
@@ -61,17 +64,18 @@ void SourceText::Clean() {
 void SourceText::FindLines() {
     lineStarts_.push_back(0);
     std::size_t returns = 0;
-    for (std::size_t at = 0; at < bytes_.size(); ++at) {
-        if (bytes_[at] == '\n') {
+    const std::string_view bytes = Bytes();
+    for (std::size_t at = 0; at < bytes.size(); ++at) {
+        if (bytes[at] == '\n') {
             lineStarts_.push_back(at + 1);
-        } else if (bytes_[at] == '\r' && (at + 1 == bytes_.size() || bytes_[at + 1] != '\n')) {
+        } else if (bytes[at] == '\r' && (at + 1 == bytes.size() || bytes[at + 1] != '\n')) {
             ++returns;
         }
     }
     loneCarriageReturns_ = returns;
     carriageReturnLines_ = returns != 0 && lineStarts_.size() == 1;
-    for (std::size_t at = 0; carriageReturnLines_ && at < bytes_.size(); ++at) {
-        if (bytes_[at] == '\r') {
+    for (std::size_t at = 0; carriageReturnLines_ && at < bytes.size(); ++at) {
+        if (bytes[at] == '\r') {
             lineStarts_.push_back(at + 1);
         }
     }
@@ -110,7 +114,7 @@ Utf16 SourceText::LooksLikeUtf16() const {
         return Utf16::BigEndian;
     }
     constexpr std::size_t Looked = 64;
-    const std::string_view front = std::string_view(bytes_).substr(0, Looked);
+    const std::string_view front = Bytes().substr(0, Looked);
     std::size_t nuls[2] = {0, 0};
     for (std::size_t at = 0; at < front.size(); ++at) {
         nuls[at % 2] += front[at] == '\0' ? 1U : 0U;

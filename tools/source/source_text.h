@@ -29,9 +29,10 @@ class SourceText {
     SourceText& operator=(const SourceText&) = delete;
     ~SourceText() = default;
 
-    std::string_view Bytes() const { return bytes_; }
+    std::string_view Bytes() const { return std::string_view(bytes_).substr(0, size_); }
 
-    // The text as the library sees it. All offsets of statements count in it.
+    // The text as the library sees it: its last line ends, too. All offsets of statements count in
+    // it.
     std::string_view Text() const { return isClean_ ? std::string_view(bytes_) : cleaned_; }
 
     // Where the byte of the file is that became this byte of the text.
@@ -59,7 +60,8 @@ class SourceText {
     void Clean();
     void FindLines();
 
-    std::string bytes_;
+    std::string bytes_;  // with a line feed at the end, which the file may not have
+    std::size_t size_;   // of the file
     std::string cleaned_;
     bool isClean_ = true;
     bool carriageReturnLines_ = false;

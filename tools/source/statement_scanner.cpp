@@ -100,23 +100,41 @@ class Scanner {
         }
     }
 
-    // The symbols under NS_, each a keyword or made like one.
+    // The symbols under NS_: lines of words that are keywords or made like one.
     void ScanSymbols() {
-        std::size_t end = at_;
-        for (;;) {
-            SkipSpace();
-            if (at_ < text_.size() && text_[at_] == ':') {
-                end = ++at_;
-                continue;
-            }
-            const std::size_t wordEnd = WordEnd(at_);
-            const bool isWhole = wordEnd == text_.size() || IsSpace(text_[wordEnd]);
-            if (!isWhole || !IsSymbol(text_.substr(at_, wordEnd - at_)) || !IsLastOfLine(wordEnd)) {
-                at_ = end;
-                return;
-            }
-            end = at_ = wordEnd;
+        SkipSpace();
+        if (at_ < text_.size() && text_[at_] == ':') {
+            ++at_;
         }
+        std::size_t end = at_;
+        while (TakeLineOfSymbols()) {
+            end = at_;
+        }
+        at_ = end;
+    }
+
+    // The next line that is not empty, if it has nothing but symbols. At the colon, what is left of
+    // its line.
+    bool TakeLineOfSymbols() {
+        SkipSpace();
+        if (at_ == text_.size()) {
+            return false;
+        }
+        std::size_t at = at_;
+        while (at < text_.size() && !EndsLine(text_[at])) {
+            const std::size_t end = WordEnd(at);
+            if (end < text_.size() && !IsSpace(text_[end])) {
+                return false;
+            }
+            if (!IsSymbol(text_.substr(at, end - at))) {
+                return false;
+            }
+            for (at = end; at < text_.size() && IsSpace(text_[at]) && !EndsLine(text_[at]);) {
+                ++at;
+            }
+        }
+        at_ = at;
+        return true;
     }
 
     static bool IsSymbol(std::string_view word) {
@@ -132,14 +150,6 @@ class Scanner {
             }
         }
         return true;
-    }
-
-    // Whether only more symbols follow on the line.
-    bool IsLastOfLine(std::size_t at) const {
-        while (at < text_.size() && (text_[at] == ' ' || text_[at] == '\t')) {
-            ++at;
-        }
-        return at == text_.size() || IsSpace(text_[at]) || IsWordCharacter(text_[at]);
     }
 
     // Text up to the end of the statement. Stops before the next statement.
