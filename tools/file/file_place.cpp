@@ -66,7 +66,7 @@ std::error_code FindFrom(FilePlace& place, std::string_view path) {
 
 // Where the place is a link, reads what it points to.
 std::error_code ReadLink(const FilePlace& place, std::string& target) {
-    std::array<char, 4096> text;
+    std::array<char, 4096> text{};
     const ssize_t size =
         readlinkat(place.folder.Value(), place.name.c_str(), text.data(), text.size());
     if (size < 0) {
@@ -84,9 +84,9 @@ std::error_code FindFile(std::string_view path, FilePlace& place) {
 }
 
 Descriptor OpenToRead(const FilePlace& place) {
+    constexpr int Access = O_RDONLY | O_NOCTTY | O_CLOEXEC;
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system has it so
-    return Descriptor(
-        openat(place.folder.Value(), place.name.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC));
+    return Descriptor(openat(place.folder.Value(), place.name.c_str(), Access));
 }
 
 std::error_code FindFileBehindLinks(std::string_view path, FilePlace& place) {

@@ -72,9 +72,9 @@ void SyncFolder(const Descriptor& folder) {
 
 // Devices and pipes are no files to replace.
 std::error_code WriteThrough(const FilePlace& place, std::string_view bytes) {
+    constexpr int Access = O_WRONLY | O_NOCTTY | O_CLOEXEC;
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system has it so
-    Descriptor device(
-        openat(place.folder.Value(), place.name.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
+    Descriptor device(openat(place.folder.Value(), place.name.c_str(), Access));
     if (!device.IsOpen()) {
         return LastError();
     }

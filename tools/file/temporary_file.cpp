@@ -64,8 +64,8 @@ class HeldSignals {
 
 // Precondition: signals are held back, and not all entries are in use.
 void List(int folder, const std::string& name) {
-    const auto free = std::find_if(entries.begin(), entries.end(),
-                                   [](const Entry& entry) { return entry.folder < 0; });
+    auto* const free = std::find_if(entries.begin(), entries.end(),
+                                    [](const Entry& entry) { return entry.folder < 0; });
     name.copy(free->name.data(), TemporaryFile::NameSize);
     free->folder = folder;
 }

@@ -53,7 +53,7 @@ class Conversion {
     static constexpr auto Failed = static_cast<std::size_t>(-1);
 
     iconv_t handle;
-    std::array<char, 16384> room;
+    std::array<char, 16384> room{};
 };
 
 }  // namespace
