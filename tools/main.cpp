@@ -1,9 +1,10 @@
 // vexil-dbc: the arguments, and the command that they ask for.
 //
-//   vexil-dbc check FILE
+//   vexil-dbc check FILE... [OPTION...]
+//   vexil-dbc explain [CAUSE]
 //   vexil-dbc rewrite IN OUT [OPTION...]
 //
-// A command has a function in commands.h and a function here that gives it its arguments.
+// A command has a file in commands, and a function here that gives it its arguments.
 // SPDX-License-Identifier: MIT
 #include <vexil64.h>
 
@@ -17,7 +18,8 @@
 #include <vector>
 
 #include "arguments.h"
-#include "commands/commands.h"
+#include "commands/check.h"
+#include "commands/explain.h"
 #include "commands/rewrite.h"
 #include "commands/source_input.h"
 #include "file/standard_streams.h"
@@ -30,8 +32,10 @@ using vexil::tool::ExitCode;
 
 // What the command line said, and what came of it.
 struct Invocation {
-    std::string input;
+    std::string cause;
     std::string order = "file";
+    std::vector<std::string> failOn = {"refused", "dropped"};
+    vexil::tool::CheckOptions check;
     vexil::tool::RewriteOptions rewrite;
     ExitCode exitCode = vexil::tool::ExitSuccess;
 };
@@ -45,10 +49,51 @@ std::string LibraryVersion() {
     return text.str();
 }
 
+const std::map<std::string, vexil::tool::Fate> Fates = {{"refused", vexil::tool::Fate::Refused},
+                                                        {"dropped", vexil::tool::Fate::Dropped},
+                                                        {"changed", vexil::tool::Fate::Changed},
+                                                        {"ignored", vexil::tool::Fate::Ignored},
+                                                        {"kept", vexil::tool::Fate::Kept}};
+
 void AddCheck(CLI::App& app, Invocation& call) {
-    CLI::App* command = app.add_subcommand("check", "Print each statement that cannot be read");
-    command->add_option("FILE", call.input, "The file to check")->required();
-    command->callback([&call] { call.exitCode = vexil::tool::Check(call.input); });
+    vexil::tool::CheckOptions& options = call.check;
+    CLI::App* command =
+        app.add_subcommand("check",
+                           "Account for every statement: refused, dropped, changed, "
+                           "ignored or kept");
+    command
+        ->add_option("FILE", options.files,
+                     "The files to check, and folders with .dbc files; - is standard input")
+        ->required();
+    command->add_flag("--all", options.all, "List every statement");
+    command->add_flag("--json", options.json, "Print JSON, as docs/check.schema.json describes it");
+    command->add_flag("--layout", options.layout,
+                      "Look at the layout of the signals, too: overlaps, signals outside their "
+                      "message, missing selectors, ranges out of reach");
+    command
+        ->add_option("--fail-on", call.failOn,
+                     "The fates that count as findings, with commas between them; none for none")
+        ->delimiter(',')
+        ->check(CLI::IsMember({"refused", "dropped", "changed", "ignored", "kept", "none"}))
+        ->capture_default_str();
+    command->add_option("--from", options.from,
+                        "The encoding of the files, such as windows-1252; UTF-8 without it");
+    command->callback([&call, &options] {
+        options.failOn.clear();
+        for (const std::string& name : call.failOn) {
+            if (name != "none") {
+                options.failOn.push_back(Fates.at(name));
+            }
+        }
+        call.exitCode = vexil::tool::Check(options);
+    });
+}
+
+void AddExplain(CLI::App& app, Invocation& call) {
+    CLI::App* command =
+        app.add_subcommand("explain", "Tell what a cause means and what to do about it");
+    command->add_option("CAUSE", call.cause, "A name that check prints; none for a list of all");
+    command->callback([&call] { call.exitCode = vexil::tool::Explain(call.cause); });
 }
 
 void AddRewrite(CLI::App& app, Invocation& call) {
@@ -115,6 +160,7 @@ ExitCode Run(const std::vector<std::string>& arguments) {
         "be\n"
         "written.");
     AddCheck(app, call);
+    AddExplain(app, call);
     AddRewrite(app, call);
     if (!NamesACommand(app, arguments)) {
         return vexil::tool::ExitUsage;

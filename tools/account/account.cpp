@@ -3,6 +3,7 @@
 #include "account/account.h"
 
 #include "account/accountant.h"
+#include "account/file_findings.h"
 
 namespace vexil::tool {
 
@@ -24,15 +25,8 @@ std::map<Cause, std::size_t> Account::CountsByCause() const {
 
 Account MakeAccount(const SourceText& source, const Snapshot& snapshot) {
     Account account = Accountant(source, snapshot).Run();
+    account.fileFindings = FindFileFindings(source, account, snapshot);
     return account;
-}
-
-std::vector<Finding> FindLayoutFaults(const Account& /*account*/, const Snapshot& /*snapshot*/) {
-    return {};
-}
-
-std::vector<Finding> FindRewriteLosses(const Account& /*account*/, const Snapshot& /*snapshot*/) {
-    return {};
 }
 
 }  // namespace vexil::tool

@@ -1,17 +1,138 @@
-// vexil-dbc check FILE
+// vexil-dbc check: one file after the other, each with its account.
 // SPDX-License-Identifier: MIT
-#include <iostream>
+#include "commands/check.h"
 
-#include "commands/commands.h"
-#include "database/database_file.h"
+#include <algorithm>
+#include <iostream>
+#include <optional>
+
+#include "account/account.h"
+#include "commands/source_input.h"
+#include "file/folder.h"
+#include "file/terminal.h"
+#include "view/json_report.h"
+#include "view/progress.h"
+#include "view/text_report.h"
 
 namespace vexil::tool {
+namespace {
 
-ExitCode Check(const std::string& file) {
-    if (!ReadDatabase(file)) {
-        return ExitCannotRead;
+class Checker {
+  public:
+    explicit Checker(const CheckOptions& options)
+        : options_(options), view_{options.all, !options.json && WantsColour()} {
+        if (options.json) {
+            json_.emplace(std::cout, view_);
+        }
     }
-    return PrintParseErrors(std::cout, file) ? ExitFindings : ExitSuccess;
+
+    ExitCode Run() {
+        std::vector<std::string> files;
+        for (const std::string& path : options_.files) {
+            AddFiles(path, files);
+        }
+        Progress progress(std::cerr, files.size(), IsTerminal(StandardErrorStream));
+        for (const std::string& file : files) {
+            progress.Show(file);
+            const ExitCode result = CheckFile(file, progress);
+            if (result == ExitUsage) {
+                return result;
+            }
+            worst_ = std::max(worst_, result);
+        }
+        progress.Clear();
+        if (json_) {
+            json_->Finish();
+        }
+        return worst_;
+    }
+
+  private:
+    // The file, or the .dbc files of the folder.
+    void AddFiles(const std::string& path, std::vector<std::string>& files) {
+        std::vector<std::string> found;
+        if (!IsFolder(path)) {
+            files.push_back(path);
+            return;
+        }
+        const std::error_code error = ListDbcFiles(path, found);
+        if (error || found.empty()) {
+            Fail(path, error ? error.message() : "the folder has no .dbc file");
+        }
+        files.insert(files.end(), found.begin(), found.end());
+    }
+
+    void Fail(const std::string& path, const std::string& reason) {
+        PrintFileError("read", path, reason);
+        if (json_) {
+            json_->AddFailure(path, reason);
+        }
+        worst_ = ExitCannotRead;
+    }
+
+    ExitCode CheckFile(const std::string& path, Progress& progress) {
+        SourceInput input{path, options_.from, {}};
+        std::optional<ExitCode> failure = LoadSource(input);
+        const SourceText source(std::move(input.file.bytes));
+        if (!failure) {
+            failure = LoadDatabase(input, source.Bytes());
+        }
+        progress.Clear();
+        if (failure) {
+            if (json_) {
+                json_->AddFailure(path, "the file cannot be read");
+            }
+            return *failure;
+        }
+        const Snapshot snapshot = TakeSnapshot();
+        const Account account = MakeAccount(source, snapshot);
+        const std::vector<Finding> layout =
+            options_.layout ? FindLayoutFaults(account, snapshot) : std::vector<Finding>();
+        Print({path, account, layout});
+        return ResultOf(account, layout);
+    }
+
+    void Print(const CheckReport& report) {
+        if (json_) {
+            json_->Add(report);
+            return;
+        }
+        std::cout << (isFirst_ ? "" : "\n");
+        isFirst_ = false;
+        PrintText(std::cout, report, view_);
+    }
+
+    bool IsFinding(Cause cause) const {
+        const std::vector<Fate>& fates = options_.failOn;
+        return std::find(fates.begin(), fates.end(), FateOf(cause)) != fates.end();
+    }
+
+    ExitCode ResultOf(const Account& account, const std::vector<Finding>& layout) const {
+        const auto isFinding = [this](const auto& each) { return IsFinding(each.cause); };
+        const auto any = [&](const auto& list) {
+            return std::any_of(list.begin(), list.end(), isFinding);
+        };
+        const auto isNoDbcFile = [](const Finding& each) {
+            return each.cause == Cause::NoStatement;
+        };
+        if (std::any_of(account.fileFindings.begin(), account.fileFindings.end(), isNoDbcFile)) {
+            return ExitCannotRead;
+        }
+        return any(account.statements) || any(account.fileFindings) || any(layout) ? ExitFindings
+                                                                                   : ExitSuccess;
+    }
+
+    const CheckOptions& options_;
+    CheckView view_;
+    std::optional<JsonReport> json_;
+    bool isFirst_ = true;
+    ExitCode worst_ = ExitSuccess;
+};
+
+}  // namespace
+
+ExitCode Check(const CheckOptions& options) {
+    return Checker(options).Run();
 }
 
 }  // namespace vexil::tool

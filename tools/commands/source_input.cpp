@@ -49,6 +49,9 @@ std::optional<ExitCode> MakeUtf8(SourceInput& input) {
 
 // Returns why the library did not read the file to its end; empty if it did.
 std::string_view ReadIntoDatabase(const std::string& path) {
+    // The bus type would outlive the read of another file.
+    const DatabaseInfo none{};
+    VexilSetDatabaseInfo(&none, sizeof none);
     std::uint32_t resultCode = 0;
     const auto size = static_cast<std::uint32_t>(path.size() + 1);
     const bool isRead = VexilReadDbcFile(path.c_str(), size, &resultCode) != 0;

@@ -1,0 +1,186 @@
+// The encoding of a file, and names that are not unique in it.
+// SPDX-License-Identifier: MIT
+#include "account/file_findings.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+namespace vexil::tool {
+namespace {
+
+// A name of more characters is cut when a number is put on it.
+constexpr std::size_t LongestNumberedName = 27;
+
+class Finder {
+  public:
+    Finder(const SourceText& source, const Account& account, const Snapshot& snapshot)
+        : source_(source), account_(account), snapshot_(snapshot) {}
+
+    std::vector<Finding> Run() {
+        LookAtBytes();
+        LookAtMessages();
+        for (std::uint32_t message = 0; message < account_.messageStatements.size(); ++message) {
+            LookAtSignals(snapshot_.messages[message]);
+        }
+        return std::move(findings_);
+    }
+
+  private:
+    // A signal, and the first one of its message.
+    struct Named {
+        std::uint32_t firstSignal;
+        std::uint32_t signal;
+    };
+    using SignalsByName = std::unordered_map<std::string_view, Named>;
+
+    void Add(Cause cause, std::string detail) {
+        findings_.push_back({cause, 0, 0, std::move(detail)});
+    }
+
+    void AddAt(Cause cause, const AccountedStatement& statement, std::string detail) {
+        findings_.push_back({cause, statement.line, statement.column, std::move(detail)});
+    }
+
+    const AccountedStatement& MessageStatement(std::uint32_t message) const {
+        return account_.statements[account_.messageStatements[message]];
+    }
+
+    const AccountedStatement& SignalStatement(std::uint32_t signal) const {
+        return account_.statements[account_.signalStatements[signal]];
+    }
+
+    void LookAtBytes() {
+        const bool hasStatement =
+            std::any_of(account_.statements.begin(), account_.statements.end(),
+                        [](const AccountedStatement& each) { return !each.keyword.empty(); });
+        if (!hasStatement) {
+            Add(Cause::NoStatement, fmt::format("{} bytes", source_.Bytes().size()));
+        }
+        if (source_.ByteOrderMarkSize() != 0) {
+            Add(Cause::ByteOrderMark, "");
+        }
+        const Utf16 utf16 = source_.LooksLikeUtf16();
+        if (utf16 != Utf16::None) {
+            Add(Cause::Utf16Text, utf16 == Utf16::LittleEndian ? "little-endian" : "big-endian");
+        }
+        const std::string_view bytes = source_.Bytes();
+        const auto nuls = std::count(bytes.begin(), bytes.end(), '\0');
+        if (nuls != 0 && utf16 == Utf16::None) {
+            Add(Cause::NulBytes, fmt::format("{} bytes", nuls));
+        }
+        if (source_.LinesEndWithCarriageReturn()) {
+            Add(Cause::LoneCarriageReturns, fmt::format("{} lines", source_.LoneCarriageReturns()));
+        }
+    }
+
+    void LookAtMessages() {
+        std::unordered_map<std::uint32_t, std::uint32_t> firstById;
+        std::unordered_map<std::string_view, std::uint32_t> firstByName;
+        for (std::uint32_t index = 0; index < account_.messageStatements.size(); ++index) {
+            const MessageFacts& message = snapshot_.messages[index];
+            const auto [sameId, isNewId] = firstById.try_emplace(message.id, index);
+            if (!isNewId) {
+                const std::uint32_t first = sameId->second;
+                AddAt(Cause::SameMessageId, MessageStatement(index),
+                      fmt::format("id {} as in line {}", message.id, MessageStatement(first).line));
+                LookAtComments(first, index);
+            }
+            const std::string_view name = snapshot_.Text(message.name);
+            const auto [sameName, isNewName] = firstByName.try_emplace(name, index);
+            if (!isNewName) {
+                AddAt(
+                    Cause::SameMessageName, MessageStatement(index),
+                    fmt::format("{} as in line {}", name, MessageStatement(sameName->second).line));
+            }
+        }
+    }
+
+    // Two messages with one id are written with a comment each, and each of the two reaches both.
+    void LookAtComments(std::uint32_t first, std::uint32_t other) {
+        const MessageFacts& one = snapshot_.messages[first];
+        const MessageFacts& two = snapshot_.messages[other];
+        if (one.comment.size != 0 || two.comment.size != 0) {
+            AddAt(Cause::CommentsDouble, MessageStatement(other),
+                  fmt::format("message {}", two.id));
+        }
+        const auto [signals, isFirst] = signalsById_.try_emplace(one.id);
+        if (isFirst) {
+            LookAtSignalComments(one, signals->second);
+        }
+        LookAtSignalComments(two, signals->second);
+    }
+
+    // Looks the signals of a message up among those of earlier messages with its id, and adds them.
+    void LookAtSignalComments(const MessageFacts& message, SignalsByName& signals) {
+        for (std::uint32_t index = 0; index < message.signalCount; ++index) {
+            const std::uint32_t signal = message.firstSignal + index;
+            const SignalFacts& facts = snapshot_.signals[signal];
+            const std::string_view name = snapshot_.Text(facts.name);
+            const auto [same, isNew] =
+                signals.try_emplace(name, Named{message.firstSignal, signal});
+            if (!isNew && same->second.firstSignal != message.firstSignal &&
+                (facts.comment.size != 0 ||
+                 snapshot_.signals[same->second.signal].comment.size != 0)) {
+                AddAt(Cause::CommentsDouble, SignalStatement(signal),
+                      fmt::format("signal {} of message {}", name, message.id));
+            }
+        }
+    }
+
+    // Signals of one message with one name, which the next write numbers.
+    void LookAtSignals(const MessageFacts& message) {
+        std::vector<std::pair<std::string_view, std::uint32_t>> names;
+        names.reserve(message.signalCount);
+        for (std::uint32_t index = 0; index < message.signalCount; ++index) {
+            const std::uint32_t signal = message.firstSignal + index;
+            names.emplace_back(snapshot_.Text(snapshot_.signals[signal].name), signal);
+        }
+        std::sort(names.begin(), names.end());
+        std::string_view front;  // of the last group of equal names that are cut
+        for (std::size_t begin = 0; begin < names.size();) {
+            std::size_t end = begin + 1;
+            while (end < names.size() && names[end].first == names[begin].first) {
+                AddSameName(names[begin].second, names[end].second);
+                ++end;
+            }
+            const std::string_view name = names[begin].first;
+            if (end - begin > 1 && name.size() > LongestNumberedName) {
+                if (front == name.substr(0, LongestNumberedName)) {
+                    AddAt(Cause::NamesCutToOne, SignalStatement(names[begin].second),
+                          fmt::format("all become {}_0000 and so on", front));
+                }
+                front = name.substr(0, LongestNumberedName);
+            }
+            begin = end;
+        }
+    }
+
+    void AddSameName(std::uint32_t first, std::uint32_t signal) {
+        const SignalFacts& one = snapshot_.signals[first];
+        const SignalFacts& other = snapshot_.signals[signal];
+        const bool isSame = snapshot_.Text(one.longName) == snapshot_.Text(other.longName);
+        AddAt(
+            isSame ? Cause::SameSignalName : Cause::NamesNumbered, SignalStatement(signal),
+            fmt::format("{} as in line {}", snapshot_.Text(one.name), SignalStatement(first).line));
+    }
+
+    const SourceText& source_;
+    const Account& account_;
+    const Snapshot& snapshot_;
+    std::vector<Finding> findings_;
+    std::unordered_map<std::uint32_t, SignalsByName> signalsById_;  // of ids that are not unique
+};
+
+}  // namespace
+
+std::vector<Finding> FindFileFindings(const SourceText& source, const Account& account,
+                                      const Snapshot& snapshot) {
+    return Finder(source, account, snapshot).Run();
+}
+
+}  // namespace vexil::tool

@@ -1,0 +1,97 @@
+// What a written file lacks or has in another form, although the database has it.
+// SPDX-License-Identifier: MIT
+#include <fmt/format.h>
+
+#include <charconv>
+#include <initializer_list>
+#include <string>
+#include <utility>
+
+#include "account/account.h"
+#include "account/attribute_book.h"
+
+namespace vexil::tool {
+namespace {
+
+// Whether a number reads back as it was when it is written with ten digits.
+bool SurvivesTenDigits(double number) {
+    fmt::memory_buffer text;
+    fmt::format_to(std::back_inserter(text), "{:.10g}", number);
+    double read = 0;
+    std::from_chars(text.data(), text.data() + text.size(), read);
+    return read == number;
+}
+
+class Finder {
+  public:
+    Finder(const Account& account, const Snapshot& snapshot)
+        : account_(account), snapshot_(snapshot) {}
+
+    std::vector<Finding> Run() {
+        for (const AccountedStatement& statement : account_.statements) {
+            LookAtAttribute(statement);
+        }
+        for (std::uint32_t index = 0; index < account_.messageStatements.size(); ++index) {
+            if (snapshot_.messages[index].transmitter.size == 0) {
+                Add(Cause::PlaceholderNode, account_.messageStatements[index], "no sender");
+            }
+        }
+        for (std::uint32_t index = 0; index < account_.signalStatements.size(); ++index) {
+            LookAtSignal(snapshot_.signals[index], account_.signalStatements[index]);
+        }
+        return std::move(findings_);
+    }
+
+  private:
+    void Add(Cause cause, std::uint32_t statement, std::string detail) {
+        const AccountedStatement& at = account_.statements[statement];
+        findings_.push_back({cause, at.line, at.column, std::move(detail)});
+    }
+
+    void LookAtAttribute(const AccountedStatement& statement) {
+        const Fate fate = FateOf(statement.cause);
+        if (!statement.keyword.starts_with("BA_") ||
+            (fate != Fate::Kept && fate != Fate::Changed)) {
+            return;
+        }
+        const KeptAttribute* const attribute = FindKeptAttribute(AttributeName(statement.text));
+        if (attribute != nullptr && !attribute->isWritten) {
+            findings_.push_back({Cause::AttributeNotWritten, statement.line, statement.column,
+                                 std::string(attribute->name)});
+        }
+    }
+
+    void LookAtSignal(const SignalFacts& signal, std::uint32_t statement) {
+        for (const double number : {signal.factor, signal.offset, signal.minimum, signal.maximum}) {
+            if (!SurvivesTenDigits(number)) {
+                Add(Cause::MoreThanTenDigits, statement,
+                    fmt::format("{} is written as {:.10g}", number, number));
+            }
+        }
+        if (signal.receiverList.size == 0) {
+            Add(Cause::PlaceholderNode, statement, "no receivers");
+        }
+        if (snapshot_.Text(signal.unit) != snapshot_.Text(signal.unitUtf8)) {
+            Add(Cause::UnitWrittenInAscii, statement,
+                fmt::format("\"{}\" is written as \"{}\"", snapshot_.Text(signal.unitUtf8),
+                            snapshot_.Text(signal.unit)));
+        }
+        const bool isFloat = signal.valueType == ValueFloat32 || signal.valueType == ValueFloat64;
+        if (isFloat && signal.descriptionCount != 0) {
+            Add(Cause::DescriptionsOfFloat, statement,
+                fmt::format("{} descriptions", signal.descriptionCount));
+        }
+    }
+
+    const Account& account_;
+    const Snapshot& snapshot_;
+    std::vector<Finding> findings_;
+};
+
+}  // namespace
+
+std::vector<Finding> FindRewriteLosses(const Account& account, const Snapshot& snapshot) {
+    return Finder(account, snapshot).Run();
+}
+
+}  // namespace vexil::tool

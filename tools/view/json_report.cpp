@@ -1,0 +1,106 @@
+// The document, one statement at a time so that it is never in memory as a whole.
+// SPDX-License-Identifier: MIT
+#include "view/json_report.h"
+
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace vexil::tool {
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// One value on one line. Names of files need not be UTF-8.
+std::string Dump(const Json& value) {
+    return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
+Json Counts(const Account& account) {
+    Json counts;
+    counts["statements"] = account.statements.size();
+    const auto byFate = account.CountsByFate();
+    for (const Fate fate : AllFates) {
+        counts[std::string(NameOf(fate))] = byFate[static_cast<std::size_t>(fate)];
+    }
+    return counts;
+}
+
+Json Causes(const Account& account) {
+    Json causes = Json::object();
+    for (const auto& [cause, count] : account.CountsByCause()) {
+        causes[std::string(NameOf(cause))] = count;
+    }
+    return causes;
+}
+
+Json Describe(const AccountedStatement& statement) {
+    return {{"line", statement.line},
+            {"column", statement.column},
+            {"keyword", statement.keyword},
+            {"fate", NameOf(FateOf(statement.cause))},
+            {"cause", NameOf(statement.cause)},
+            {"detail", statement.detail},
+            {"text", statement.text}};
+}
+
+Json Describe(const Finding& finding) {
+    return {{"line", finding.line},
+            {"column", finding.column},
+            {"fate", NameOf(FateOf(finding.cause))},
+            {"cause", NameOf(finding.cause)},
+            {"detail", finding.detail}};
+}
+
+// A list with one element on a line.
+template <typename Element, typename Filter>
+void PrintList(std::ostream& out, const std::vector<Element>& list, Filter isShown) {
+    bool isFirst = true;
+    out << '[';
+    for (const Element& each : list) {
+        if (isShown(each)) {
+            out << (isFirst ? "\n" : ",\n") << Dump(Describe(each));
+            isFirst = false;
+        }
+    }
+    out << (isFirst ? "]" : "\n]");
+}
+
+}  // namespace
+
+JsonReport::JsonReport(std::ostream& out, const CheckView& view) : out_(out), view_(view) {
+    out_ << "{\"files\": [";
+}
+
+void JsonReport::BeginFile(std::string_view name) {
+    out_ << (isFirst_ ? "\n" : ",\n") << "{\"file\": " << Dump(Json(name));
+    isFirst_ = false;
+}
+
+void JsonReport::Add(const CheckReport& report) {
+    const auto all = [](const auto& /*element*/) { return true; };
+    BeginFile(report.name);
+    out_ << ",\n\"counts\": " << Dump(Counts(report.account))
+         << ",\n\"causes\": " << Dump(Causes(report.account)) << ",\n\"findings\": ";
+    PrintList(out_, report.account.fileFindings, all);
+    out_ << ",\n\"layout\": ";
+    PrintList(out_, report.layoutFindings, all);
+    out_ << ",\n\"statements\": ";
+    PrintList(out_, report.account.statements, [this](const AccountedStatement& each) {
+        const Fate fate = FateOf(each.cause);
+        return view_.all || (fate != Fate::Kept && fate != Fate::Ignored);
+    });
+    out_ << '}';
+}
+
+void JsonReport::AddFailure(std::string_view name, std::string_view reason) {
+    BeginFile(name);
+    out_ << ", \"error\": " << Dump(Json(reason)) << '}';
+}
+
+void JsonReport::Finish() {
+    out_ << "\n]}\n";
+}
+
+}  // namespace vexil::tool

@@ -1,0 +1,32 @@
+// The report of a check as JSON; docs/check.schema.json describes it.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <iosfwd>
+#include <string_view>
+
+#include "view/check_report.h"
+
+namespace vexil::tool {
+
+// One document for any number of files, written as the files come.
+class JsonReport {
+  public:
+    JsonReport(std::ostream& out, const CheckView& view);
+
+    void Add(const CheckReport& report);
+
+    // A file that could not be read.
+    void AddFailure(std::string_view name, std::string_view reason);
+
+    void Finish();
+
+  private:
+    void BeginFile(std::string_view name);
+
+    std::ostream& out_;
+    CheckView view_;
+    bool isFirst_ = true;
+};
+
+}  // namespace vexil::tool
