@@ -73,6 +73,7 @@ void AddCheck(CLI::App& app, Invocation& call) {
     command
         ->add_option("--fail-on", call.failOn,
                      "The fates that count as findings, with commas between them; none for none")
+        ->expected(1)
         ->delimiter(',')
         ->check(CLI::IsMember({"refused", "dropped", "changed", "ignored", "kept", "none"}))
         ->capture_default_str();

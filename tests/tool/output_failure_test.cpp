@@ -41,10 +41,14 @@ TEST_F(StandardOutput, MustTakeTheHelp) {
     EXPECT_EQ(RunTool({"--help"}, Full), NotWritten);
 }
 
-TEST_F(StandardOutput, IsNotNeededByACheckOfACleanFile) {
+TEST_F(StandardOutput, MustTakeTheSummaryOfACleanFile) {
     const std::string file = MakeFile("a.dbc", Good);
-    EXPECT_EQ(RunTool({"check", file}, Full), (Outcome{Success, "", ""}));
-    EXPECT_EQ(RunTool({"check", file}, Closed), (Outcome{Success, "", ""}));
+    EXPECT_EQ(RunTool({"check", file}, Full), NotWritten);
+    EXPECT_EQ(RunTool({"check", "--json", file}, Closed), NotWritten);
+}
+
+TEST_F(StandardOutput, MustTakeAnExplanation) {
+    EXPECT_EQ(RunTool({"explain", "swallowed"}, Full), NotWritten);
 }
 
 TEST_F(StandardOutput, MayBeAPipeThatNobodyReads) {

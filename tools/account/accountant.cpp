@@ -5,7 +5,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <limits>
+#include <map>
 #include <utility>
 
 #include "account/bytes.h"
@@ -47,6 +47,7 @@ Account Accountant::Run() {
         AddStatement(index);
     }
     AddLateOutcomes();
+    AddDroppedDefinitions();
     CountLostSignals();
     return std::move(account_);
 }
@@ -274,6 +275,25 @@ Outcome Accountant::WithBytes(Outcome outcome, const SourceStatement& statement)
         return {Cause::ControlCharacters, fmt::format("{} in the statement", removedCount)};
     }
     return outcome;
+}
+
+// Adds to each use of an attribute that is not defined where its definition was dropped, if it was.
+void Accountant::AddDroppedDefinitions() {
+    std::map<std::string_view, std::uint32_t> lines;
+    for (const AccountedStatement& statement : account_.statements) {
+        if (statement.keyword == "BA_DEF_" && FateOf(statement.cause) == Fate::Dropped) {
+            lines.try_emplace(AttributeName(statement.text), statement.line);
+        }
+    }
+    for (AccountedStatement& statement : account_.statements) {
+        if (statement.cause == Cause::AttributeNotDefined && !lines.empty()) {
+            const auto line = lines.find(AttributeName(statement.text));
+            if (line != lines.end()) {
+                statement.detail +=
+                    fmt::format("; its definition in line {} was dropped", line->second);
+            }
+        }
+    }
 }
 
 void Accountant::AddLateOutcomes() {

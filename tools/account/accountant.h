@@ -44,6 +44,7 @@ class Accountant {
     void CloseSignals(Cause cause);
     void CountLostSignals();
     void AddLateOutcomes();
+    void AddDroppedDefinitions();
 
     std::string LineOf(std::uint32_t statement) const;
 

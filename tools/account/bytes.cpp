@@ -30,7 +30,7 @@ std::string DescribeInvalidBytes(const SourceText& source, std::size_t first, st
     const auto byte = static_cast<unsigned char>(source.Bytes()[at]);
     std::string detail =
         fmt::format("line {}, column {}: byte {:02X}", place.line, place.column, byte);
-    if (LooksLikeWindows1252(source.Bytes(), at)) {
+    if (source.LooksLikeUtf16() == Utf16::None && LooksLikeWindows1252(source.Bytes(), at)) {
         detail += fmt::format(" looks like \"{}\" of Windows-1252", CharacterOf(byte));
     }
     if (count > 1) {

@@ -71,7 +71,9 @@ class Finder {
         if (signal.receiverList.size == 0) {
             Add(Cause::PlaceholderNode, statement, "no receivers");
         }
-        if (snapshot_.Text(signal.unit) != snapshot_.Text(signal.unitUtf8)) {
+        // Where the unit is what was changed of the statement, its cause says so.
+        if (snapshot_.Text(signal.unit) != snapshot_.Text(signal.unitUtf8) &&
+            account_.statements[statement].cause != Cause::UnitFolded) {
             Add(Cause::UnitWrittenInAscii, statement,
                 fmt::format("\"{}\" is written as \"{}\"", snapshot_.Text(signal.unitUtf8),
                             snapshot_.Text(signal.unit)));
