@@ -15,6 +15,8 @@
 #include <map>
 #include <sstream>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "arguments.h"
@@ -34,7 +36,7 @@ using vexil::tool::ExitCode;
 struct Invocation {
     std::string cause;
     std::string order = "file";
-    std::vector<std::string> failOn = {"refused", "dropped"};
+    std::string failOn = "refused,dropped";
     vexil::tool::CheckOptions check;
     vexil::tool::RewriteOptions rewrite;
     ExitCode exitCode = vexil::tool::ExitSuccess;
@@ -49,11 +51,28 @@ std::string LibraryVersion() {
     return text.str();
 }
 
-const std::map<std::string, vexil::tool::Fate> Fates = {{"refused", vexil::tool::Fate::Refused},
-                                                        {"dropped", vexil::tool::Fate::Dropped},
-                                                        {"changed", vexil::tool::Fate::Changed},
-                                                        {"ignored", vexil::tool::Fate::Ignored},
-                                                        {"kept", vexil::tool::Fate::Kept}};
+// The fates of a list with commas. A word that is none, or "none", is in the second place.
+std::pair<std::vector<vexil::tool::Fate>, std::string> ReadFates(std::string_view list) {
+    std::pair<std::vector<vexil::tool::Fate>, std::string> read;
+    while (!list.empty()) {
+        const std::size_t end = std::min(list.find(','), list.size());
+        const std::string_view name = list.substr(0, end);
+        if (const auto fate = vexil::tool::FindFate(name)) {
+            read.first.push_back(*fate);
+        } else {
+            read.second = name;
+        }
+        list.remove_prefix(std::min(end + 1, list.size()));
+    }
+    return read;
+}
+
+std::string CheckFates(const std::string& list) {
+    const std::string wrong = ReadFates(list).second;
+    return wrong.empty() || list == "none"
+               ? ""
+               : wrong + " not in {refused,dropped,changed,ignored,kept}, and not none";
+}
 
 void AddCheck(CLI::App& app, Invocation& call) {
     vexil::tool::CheckOptions& options = call.check;
@@ -73,19 +92,12 @@ void AddCheck(CLI::App& app, Invocation& call) {
     command
         ->add_option("--fail-on", call.failOn,
                      "The fates that count as findings, with commas between them; none for none")
-        ->expected(1)
-        ->delimiter(',')
-        ->check(CLI::IsMember({"refused", "dropped", "changed", "ignored", "kept", "none"}))
+        ->check(CheckFates)
         ->capture_default_str();
     command->add_option("--from", options.from,
                         "The encoding of the files, such as windows-1252; UTF-8 without it");
     command->callback([&call, &options] {
-        options.failOn.clear();
-        for (const std::string& name : call.failOn) {
-            if (name != "none") {
-                options.failOn.push_back(Fates.at(name));
-            }
-        }
+        options.failOn = ReadFates(call.failOn).first;
         call.exitCode = vexil::tool::Check(options);
     });
 }

@@ -10,6 +10,7 @@
 
 #include "account/cause.h"
 #include "commands/source_input.h"
+#include "source/utf8.h"
 #include "view/closest_word.h"
 
 namespace vexil::tool {
@@ -44,12 +45,28 @@ void PrintAll() {
     }
 }
 
-void PrintIndented(std::string_view text) {
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size() - 1);
-        std::cout << "    " << text.substr(0, end + 1);
-        text.remove_prefix(end + 1);
+// Whether a byte can be printed as it is, or with others as a character.
+std::size_t PrintableSize(std::string_view text, std::size_t at) {
+    constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+    const auto byte = static_cast<unsigned char>(text[at]);
+    const bool isControl = (byte < ' ' && byte != '\n') || byte == 0x7F;
+    return isControl || text.substr(at).starts_with(ByteOrderMark) ? 0 : Utf8Length(text, at);
+}
+
+void PrintExample(std::string_view text) {
+    std::string shown = "    ";
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t size = PrintableSize(text, at);
+        if (size == 0) {
+            shown += fmt::format("\\x{:02X}", static_cast<unsigned char>(text[at]));
+        }
+        shown += text.substr(at, size);
+        if (text[at] == '\n' && at + 1 < text.size()) {
+            shown += "    ";
+        }
+        at += std::max<std::size_t>(1, size);
     }
+    std::cout << shown << (shown.ends_with('\n') ? "" : "\n");
 }
 
 }  // namespace
@@ -75,7 +92,7 @@ ExitCode Explain(const std::string& cause) {
               << row->remedy << '\n';
     if (!row->example.empty()) {
         std::cout << "\nFor example:\n\n";
-        PrintIndented(row->example);
+        PrintExample(row->example);
     }
     return ExitSuccess;
 }

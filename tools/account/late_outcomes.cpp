@@ -1,0 +1,81 @@
+// What is known of the statements only when the whole file was read.
+// SPDX-License-Identifier: MIT
+#include <fmt/format.h>
+
+#include <map>
+#include <utility>
+
+#include "account/accountant.h"
+#include "account/attribute_tokens.h"
+
+namespace vexil::tool {
+
+// Adds to each use of an attribute that is not defined where its definition was dropped, if it was.
+void Accountant::AddDroppedDefinitions() {
+    std::map<std::string_view, std::uint32_t> lines;
+    for (const AccountedStatement& statement : account_.statements) {
+        if (statement.keyword == "BA_DEF_" && FateOf(statement.cause) == Fate::Dropped) {
+            lines.try_emplace(AttributeName(statement.text), statement.line);
+        }
+    }
+    for (AccountedStatement& statement : account_.statements) {
+        if (statement.cause == Cause::AttributeNotDefined && !lines.empty()) {
+            const auto line = lines.find(AttributeName(statement.text));
+            if (line != lines.end()) {
+                statement.detail +=
+                    fmt::format("; its definition in line {} was dropped", line->second);
+            }
+        }
+    }
+}
+
+void Accountant::AddLateOutcomes() {
+    for (const Reference& reference : context_.references) {
+        AccountedStatement& statement = account_.statements[reference.statement];
+        if (statement.cause == Cause::UnknownMessage) {
+            Outcome outcome = ClassifyMissingOwner(reference, context_.owners);
+            statement.cause = outcome.cause;
+            statement.detail = std::move(outcome.detail);
+        }
+    }
+    for (auto& [index, outcome] : attributes_.Finish(context_.owners, snapshot_)) {
+        AccountedStatement& statement = account_.statements[index];
+        const bool isAttribute = statement.keyword.starts_with("BA_");
+        const bool isLess = outcome.cause == Cause::KeptWithoutEffect;
+        if (isAttribute && (!isLess || statement.cause == Cause::Kept)) {
+            statement.cause = outcome.cause;
+            statement.detail = std::move(outcome.detail);
+        }
+    }
+}
+
+// Adds to each message that was refused or dropped how many signals went with it, and to each
+// refused signal how many later ones.
+void Accountant::CountLostSignals() {
+    std::uint32_t message = NoIndex;
+    std::uint32_t refused = NoIndex;
+    for (std::uint32_t index = 0; index < account_.statements.size(); ++index) {
+        const AccountedStatement& statement = account_.statements[index];
+        if (statement.keyword == "BO_") {
+            message = index;
+        }
+        if (statement.keyword == "SG_" && FateOf(statement.cause) == Fate::Refused) {
+            refused = index;
+        }
+        if (statement.cause == Cause::SignalOfRefusedMessage) {
+            ++signalsLost_[message];
+        }
+        if (statement.cause == Cause::SignalAfterRefusedSignal) {
+            ++signalsLost_[refused];
+        }
+    }
+    for (std::uint32_t index = 0; index < account_.statements.size(); ++index) {
+        if (signalsLost_[index] != 0 && FateOf(account_.statements[index].cause) == Fate::Refused) {
+            account_.statements[index].detail +=
+                fmt::format("; {} signal{} went with it", signalsLost_[index],
+                            signalsLost_[index] == 1 ? "" : "s");
+        }
+    }
+}
+
+}  // namespace vexil::tool
