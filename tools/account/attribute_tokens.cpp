@@ -10,7 +10,9 @@
 namespace vexil::tool {
 namespace {
 
-constexpr std::string_view Separators = " \f\n\r\t\v;,";
+bool IsSeparator(char ch) {
+    return IsSpace(ch) || ch == ';' || ch == ',';
+}
 
 TokenClass ClassOf(std::string_view token) {
     if (!QuotedContent(token).empty()) {
@@ -33,13 +35,23 @@ bool EndsWithQuote(std::string_view word) {
 }  // namespace
 
 std::vector<AttributeToken> SplitAttribute(std::string_view statement) {
+    constexpr std::size_t UsualTokens = 8;
     std::vector<AttributeToken> tokens;
+    tokens.reserve(UsualTokens);
     bool isOpen = false;
-    std::size_t begin = statement.find_first_not_of(Separators);
-    while (begin != std::string_view::npos) {
-        std::size_t end = statement.find_first_of(Separators, begin);
-        end = end == std::string_view::npos ? statement.size() : end;
-        const std::string_view word = statement.substr(begin, end - begin);
+    std::size_t at = 0;
+    for (;;) {
+        while (at < statement.size() && IsSeparator(statement[at])) {
+            ++at;
+        }
+        if (at == statement.size()) {
+            break;
+        }
+        const std::size_t begin = at;
+        while (at < statement.size() && !IsSeparator(statement[at])) {
+            ++at;
+        }
+        const std::string_view word = statement.substr(begin, at - begin);
         if (isOpen) {
             tokens.back().text += ' ';
             tokens.back().text += word;
@@ -48,7 +60,6 @@ std::vector<AttributeToken> SplitAttribute(std::string_view statement) {
             tokens.push_back({std::string(word), TokenClass::Other});
             isOpen = word.front() == '"' && !EndsWithQuote(word);
         }
-        begin = statement.find_first_not_of(Separators, end);
     }
     for (AttributeToken& token : tokens) {
         token.tokenClass = ClassOf(token.text);

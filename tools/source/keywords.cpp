@@ -59,8 +59,11 @@ const KeywordRow* FindKeyword(std::string_view word) {
     if (last != '_' && last != 'N' && last != 'R') {
         return nullptr;
     }
-    const auto row = std::find_if(Rows.begin() + 1, Rows.end(),
-                                  [word](const KeywordRow& each) { return each.text == word; });
+    // Few words get beyond the first two letters.
+    const auto row = std::find_if(Rows.begin() + 1, Rows.end(), [word](const KeywordRow& each) {
+        return each.text.size() == word.size() && each.text[0] == word[0] &&
+               each.text[1] == word[1] && each.text == word;
+    });
     return row == Rows.end() ? nullptr : &*row;
 }
 

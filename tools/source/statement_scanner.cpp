@@ -14,6 +14,11 @@ bool IsWordCharacter(char ch) {
            ch == '_';
 }
 
+// Whether the character means nothing to the scan.
+bool IsPlain(char ch) {
+    return static_cast<unsigned char>(ch) > ' ' && ch != '"' && ch != ';' && ch != '\\';
+}
+
 bool EndsLine(char ch) {
     return ch == '\n' || ch == '\r';
 }
@@ -155,30 +160,35 @@ class Scanner {
     // Text up to the end of the statement. Stops before the next statement.
     void ScanBody(const KeywordRow& row) {
         bool inQuotes = false;
-        bool afterSpace = false;
-        bool afterLine = false;
-        for (; at_ < text_.size(); ++at_) {
+        while (at_ < text_.size()) {
             const char ch = text_[at_];
-            if (IsSpace(ch)) {
-                afterSpace = true;
-                afterLine = afterLine || EndsLine(ch);
-                continue;
-            }
-            if (afterSpace && IsNextStatement(row, inQuotes, afterLine)) {
-                statement_.isClosed = IsClosed(row);
-                return;
-            }
-            afterSpace = afterLine = false;
-            if (ch == '\\' && inQuotes && at_ + 1 < text_.size() && !IsSpace(text_[at_ + 1])) {
+            if (IsPlain(ch)) {
                 ++at_;
-            } else if (ch == '"') {
-                inQuotes = !inQuotes;
+            } else if (IsSpace(ch)) {
+                const bool afterLine = SkipSpaceAndLines();
+                if (at_ < text_.size() && IsNextStatement(row, inQuotes, afterLine)) {
+                    break;
+                }
             } else if (ch == ';' && !inQuotes && row.endsWithSemicolon) {
                 SkipSemicolons();
                 return;
+            } else {
+                inQuotes = inQuotes != (ch == '"');
+                const bool isEscape =
+                    ch == '\\' && inQuotes && at_ + 1 < text_.size() && !IsSpace(text_[at_ + 1]);
+                at_ += isEscape ? 2 : 1;
             }
         }
         statement_.isClosed = IsClosed(row);
+    }
+
+    // Returns whether a line ended.
+    bool SkipSpaceAndLines() {
+        bool endsLine = false;
+        for (; at_ < text_.size() && IsSpace(text_[at_]); ++at_) {
+            endsLine = endsLine || EndsLine(text_[at_]);
+        }
+        return endsLine;
     }
 
     // Whether the statement has its semicolon where the scan has not seen it as one, inside quotes
