@@ -2,6 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "figures.h"
 
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <chrono>
 #include <fstream>
@@ -32,6 +37,30 @@ std::uint64_t PeakMemory() {
     status >> kilobytes;
     Check(!status.fail(), "the system does not report the memory in use");
     return kilobytes * 1024;
+}
+
+ProcessCost RunProcess(std::vector<std::string> command) {
+    std::vector<char*> arguments;
+    for (std::string& argument : command) {
+        arguments.push_back(argument.data());
+    }
+    arguments.push_back(nullptr);
+    ProcessCost cost;
+    cost.seconds = Seconds([&] {
+        const pid_t child = fork();
+        if (child == 0) {
+            dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
+            execv(arguments.front(), arguments.data());
+            _exit(127);
+        }
+        int status = 0;
+        rusage usage{};
+        Check(child > 0 && wait4(child, &status, 0, &usage) == child, "no process was started");
+        Check(WIFEXITED(status), "a process was ended by a signal");
+        cost.exitCode = WEXITSTATUS(status);
+        cost.peakMemory = static_cast<std::uint64_t>(usage.ru_maxrss) * 1024;
+    });
+    return cost;
 }
 
 }  // namespace vexil::bench

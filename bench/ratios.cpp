@@ -138,6 +138,21 @@ class Table {
                              PeakOfRead(program, input));
     }
 
+    // vexil-dbc beside a read of the library.
+    void CheckByTool() {
+        ProcessCost cost;
+        const Comparison comparison = Compare(
+            [&] {
+                cost = RunProcess({VEXIL64_TOOL, "check", input});
+            },
+            [&] { ReadDatabase(input); }, rounds);
+        Check(cost.exitCode <= 1, "vexil-dbc check failed");
+        PrintRow("vexil-dbc check " + name + ", against a read", comparison);
+        numbers.emplace_back("memory of vexil-dbc check " + name + ", multiple of the file",
+                             static_cast<double>(cost.peakMemory) /
+                                 static_cast<double>(test::ReadBytes(input).size()));
+    }
+
     void PrintNumbers() const {
         std::cout << "\n| Figure | Value |\n|---|---:|\n";
         for (const auto& [label, number] : numbers) {
@@ -163,11 +178,13 @@ int PrintTable(Table&& table, const std::vector<NamedDatabase>& databases) {
         table.Fetch();
         table.Write();
         table.Peak();
+        table.CheckByTool();
     }
     if (const std::string real = LargestRealFile(); !real.empty()) {
         table.LoadFile("real file", real);
         table.Read();
         table.Peak();
+        table.CheckByTool();
     }
     table.PrintNumbers();
     return 0;
