@@ -12,6 +12,7 @@ namespace {
 
 std::vector<CauseRow> AllRows() {
     std::vector<CauseRow> rows;
+    rows.reserve(RefusedCount + DroppedCount + ChangedCount + IgnoredCount + OtherCount);
     const auto add = [&rows](const auto& part) {
         rows.insert(rows.end(), part.begin(), part.end());
     };

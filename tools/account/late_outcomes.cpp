@@ -62,10 +62,11 @@ void Accountant::CountLostSignals() {
         if (statement.keyword == "SG_" && FateOf(statement.cause) == Fate::Refused) {
             refused = index;
         }
-        if (statement.cause == Cause::SignalOfRefusedMessage) {
+        // The library may have met the other statement inside a text, where it is none here.
+        if (statement.cause == Cause::SignalOfRefusedMessage && message != NoIndex) {
             ++signalsLost_[message];
         }
-        if (statement.cause == Cause::SignalAfterRefusedSignal) {
+        if (statement.cause == Cause::SignalAfterRefusedSignal && refused != NoIndex) {
             ++signalsLost_[refused];
         }
     }
