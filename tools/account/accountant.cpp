@@ -75,45 +75,62 @@ void Accountant::AddStatement(std::uint32_t index) {
 }
 
 Outcome Accountant::ClassifyStatement(const SourceStatement& statement, std::size_t nextBegin) {
-    const LibraryStatement* own = nullptr;
-    const LibraryStatement* effective = nullptr;  // one inside the statement
-    const LibraryStatement* inside = nullptr;
     std::optional<Outcome> outcome = IgnoredKind(
         statement.keyword, text_.substr(statement.begin, statement.end - statement.begin));
-    if (nextCut_ == cuts_.size() || cuts_[nextCut_].begin != statement.begin) {
-        outcome = outcome ? outcome : ClassifyUncut(statement);
+    const bool isCut = nextCut_ < cuts_.size() && cuts_[nextCut_].begin == statement.begin;
+    const LibraryStatement* const own = isCut ? &cuts_[nextCut_] : nullptr;
+    if (isCut) {
+        Outcome ofCut = ClassifyNextCut(statement.end - statement.begin);
+        outcome = outcome ? outcome : std::move(ofCut);
+    } else if (!outcome) {
+        outcome = ClassifyUncut(statement);
     }
-    for (; nextCut_ < cuts_.size() && cuts_[nextCut_].begin < nextBegin; ++nextCut_) {
-        const LibraryStatement& cut = cuts_[nextCut_];
-        lastCut_ = &cut;
-        lastCutOwner_ = context_.statement;
-        if (cut.begin == statement.begin) {
-            own = &cut;
-            Outcome ofCut = ClassifyCut(cut, statement.end - statement.begin);
-            outcome = outcome ? outcome : std::move(ofCut);
-            continue;
-        }
+    return WithInside(*std::move(outcome), statement, own, TakeInside(nextBegin));
+}
+
+Outcome Accountant::ClassifyNextCut(std::size_t authorEnd) {
+    lastCut_ = &cuts_[nextCut_++];
+    lastCutOwner_ = context_.statement;
+    return ClassifyCut(*lastCut_, authorEnd);
+}
+
+// The statements that the library found before a position, inside one of the author.
+Accountant::Inside Accountant::TakeInside(std::size_t end) {
+    Inside inside;
+    while (nextCut_ < cuts_.size() && cuts_[nextCut_].begin < end) {
         const std::size_t references = context_.references.size();
-        const Fate fate = FateOf(ClassifyCut(cut, std::string_view::npos).cause);
+        const Fate fate = FateOf(ClassifyNextCut(std::string_view::npos).cause);
         context_.references.resize(references);
-        inside = inside == nullptr ? &cut : inside;
-        effective = effective == nullptr && HasEffect(fate) ? &cut : effective;
+        if (inside.first == nullptr) {
+            inside.first = lastCut_;
+        }
+        if (inside.effective == nullptr && HasEffect(fate)) {
+            inside.effective = lastCut_;
+        }
     }
-    const Fate fate = FateOf(outcome->cause);
-    const bool isCut = own != nullptr && own->end < statement.end;
-    if (fate == Fate::Refused || (fate == Fate::Ignored && effective == nullptr) ||
-        (!isCut && effective == nullptr)) {
-        return *std::move(outcome);
+    return inside;
+}
+
+// The outcome, or what comes of it when the library ended the statement early or found others
+// inside.
+Outcome Accountant::WithInside(Outcome outcome, const SourceStatement& statement,
+                               const LibraryStatement* own, const Inside& inside) const {
+    const Fate fate = FateOf(outcome.cause);
+    const bool isCutShort = own != nullptr && own->end < statement.end;
+    const bool isIgnored = fate == Fate::Ignored && inside.effective == nullptr;
+    if (fate == Fate::Refused || isIgnored || (!isCutShort && inside.effective == nullptr)) {
+        return outcome;
     }
-    const LibraryStatement* const end = effective != nullptr ? effective : inside;
+    const LibraryStatement* const end =
+        inside.effective != nullptr ? inside.effective : inside.first;
     if (end == nullptr) {
         return {fate == Fate::Dropped ? Cause::Beyond4096Bytes : Cause::CutAt4096Bytes,
                 fmt::format("{} bytes", statement.end - statement.begin)};
     }
     const Place place = source_.PlaceOf(source_.ByteOffset(end->begin));
     std::string detail = fmt::format("at {} in line {}", RowOf(end->keyword).text, place.line);
-    if (fate == Fate::Dropped && effective == nullptr) {
-        return {outcome->cause, fmt::format("it is cut {}", detail)};
+    if (fate == Fate::Dropped && inside.effective == nullptr) {
+        return {outcome.cause, fmt::format("it is cut {}", detail)};
     }
     return {Cause::CutAtKeyword, std::move(detail)};
 }

@@ -32,8 +32,18 @@ class Accountant {
         Cause messageCause = Cause::Kept;            // what became of it
     };
 
+    // What the library found inside a statement of the author.
+    struct Inside {
+        const LibraryStatement* first = nullptr;
+        const LibraryStatement* effective = nullptr;  // the first one that came to something
+    };
+
     void AddStatement(std::uint32_t index);
     Outcome ClassifyStatement(const SourceStatement& statement, std::size_t nextBegin);
+    Outcome ClassifyNextCut(std::size_t authorEnd);
+    Inside TakeInside(std::size_t end);
+    Outcome WithInside(Outcome outcome, const SourceStatement& statement,
+                       const LibraryStatement* own, const Inside& inside) const;
     Outcome ClassifyCut(const LibraryStatement& cut, std::size_t authorEnd);
     Outcome ClassifyMessageCut(const LibraryStatement& cut, std::string_view text);
     Outcome ClassifySignalCut(const LibraryStatement& cut, std::string_view text);
