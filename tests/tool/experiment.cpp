@@ -75,9 +75,9 @@ constexpr std::string_view EmptyStatement = "BS_ ;";
 
 tool::Snapshot Experiment::Read(std::string_view text) {
     // Some file systems flush a file that is emptied and written again, but not a new one.
-    std::filesystem::remove(Utf8Path(file_));
-    WriteBytes(file_, text);
-    EXPECT_TRUE(tool::ReadDatabase(file_));
+    std::filesystem::remove(Utf8Path(file));
+    WriteBytes(file, text);
+    EXPECT_TRUE(tool::ReadDatabase(file));
     return tool::TakeSnapshot();
 }
 
@@ -91,10 +91,10 @@ namespace {
 class Exceptions {
   public:
     Exceptions(const tool::Account& account, std::string_view text)
-        : account_(account), text_(text), cuts_(tool::CutLikeLibrary(text)) {}
+        : accounted(account), whole(text), cuts(tool::CutLikeLibrary(text)) {}
 
     std::string_view Of(std::size_t index) const {
-        const tool::AccountedStatement& statement = account_.statements[index];
+        const tool::AccountedStatement& statement = accounted.statements[index];
         const std::size_t begin = BeginOf(index);
         const tool::LibraryStatement* const cut = CutAround(begin);
         const bool isOwn = cut != nullptr && cut->begin == begin;
@@ -117,11 +117,11 @@ class Exceptions {
 
   private:
     std::size_t BeginOf(std::size_t index) const {
-        return static_cast<std::size_t>(account_.statements[index].text.data() - text_.data());
+        return static_cast<std::size_t>(accounted.statements[index].text.data() - whole.data());
     }
 
     const tool::LibraryStatement* CutAround(std::size_t at) const {
-        for (const tool::LibraryStatement& cut : cuts_) {
+        for (const tool::LibraryStatement& cut : cuts) {
             if (cut.begin <= at && at < cut.end) {
                 return &cut;
             }
@@ -132,7 +132,7 @@ class Exceptions {
     // The statement in which a cut begins.
     std::size_t OwnerOf(const tool::LibraryStatement& cut) const {
         std::size_t owner = 0;
-        while (owner + 1 < account_.statements.size() && BeginOf(owner + 1) <= cut.begin) {
+        while (owner + 1 < accounted.statements.size() && BeginOf(owner + 1) <= cut.begin) {
             ++owner;
         }
         return owner;
@@ -140,11 +140,11 @@ class Exceptions {
 
     bool Swallows(const tool::LibraryStatement& cut) const {
         const std::size_t next = OwnerOf(cut) + 1;
-        for (std::size_t index = next; index < account_.statements.size(); ++index) {
+        for (std::size_t index = next; index < accounted.statements.size(); ++index) {
             if (BeginOf(index) >= cut.end) {
                 return false;
             }
-            if (!account_.statements[index].keyword.empty()) {
+            if (!accounted.statements[index].keyword.empty()) {
                 return true;
             }
         }
@@ -154,18 +154,18 @@ class Exceptions {
     // A keyword inside the statement may swallow the next one as well.
     bool SwallowsInside(std::size_t index) const {
         const std::size_t begin = BeginOf(index);
-        const std::size_t end = begin + account_.statements[index].text.size();
-        return std::any_of(cuts_.begin(), cuts_.end(), [&](const tool::LibraryStatement& cut) {
+        const std::size_t end = begin + accounted.statements[index].text.size();
+        return std::any_of(cuts.begin(), cuts.end(), [&](const tool::LibraryStatement& cut) {
             return cut.begin >= begin && cut.begin < end && Swallows(cut);
         });
     }
 
     bool IsChangedOrWorse(std::size_t index) const {
-        const tool::Cause cause = account_.statements[index].cause;
+        const tool::Cause cause = accounted.statements[index].cause;
         // An attribute statement may go on after its semicolon.
         return FateOf(cause) == tool::Fate::Changed || FateOf(cause) == tool::Fate::Refused ||
                FateOf(cause) == tool::Fate::Dropped ||
-               account_.statements[index].keyword.starts_with("BA_");
+               accounted.statements[index].keyword.starts_with("BA_");
     }
 
     // The statement without its last word.
@@ -181,10 +181,10 @@ class Exceptions {
     }
 
     bool HasTwin(std::size_t index) const {
-        const tool::AccountedStatement& one = account_.statements[index];
+        const tool::AccountedStatement& one = accounted.statements[index];
         const bool isValue = one.keyword == "BA_" || one.keyword == "SIG_VALTYPE_";
-        for (std::size_t other = 0; other < account_.statements.size(); ++other) {
-            const tool::AccountedStatement& each = account_.statements[other];
+        for (std::size_t other = 0; other < accounted.statements.size(); ++other) {
+            const tool::AccountedStatement& each = accounted.statements[other];
             if (other == index || each.keyword != one.keyword) {
                 continue;
             }
@@ -196,9 +196,9 @@ class Exceptions {
         return false;
     }
 
-    const tool::Account& account_;
-    std::string_view text_;
-    std::vector<tool::LibraryStatement> cuts_;
+    const tool::Account& accounted;
+    std::string_view whole;
+    std::vector<tool::LibraryStatement> cuts;
 };
 
 }  // namespace

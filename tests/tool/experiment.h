@@ -23,8 +23,8 @@ class Experiment {
     tool::Snapshot Read(std::string_view text);
 
   private:
-    TempFolder folder_;
-    std::string file_ = folder_.File("experiment.dbc");
+    TempFolder folder;
+    std::string file = folder.File("experiment.dbc");
 };
 
 // What an experiment has found against an account.

@@ -13,12 +13,12 @@ using nlohmann::json;
 
 class Validator {
   public:
-    explicit Validator(const json& schema) : root_(schema) {}
+    explicit Validator(const json& schema) : root(schema) {}
 
     void Check(const json& schema, const json& value, const std::string& place) {
         if (schema.contains("$ref")) {
             const std::string pointer = schema["$ref"].get<std::string>().substr(1);
-            Check(root_.at(json::json_pointer(pointer)), value, place);
+            Check(root.at(json::json_pointer(pointer)), value, place);
             return;
         }
         for (const auto& [word, rule] : schema.items()) {
@@ -40,7 +40,7 @@ class Validator {
     }
 
     bool IsValid(const json& schema, const json& value) {
-        Validator other(root_);
+        Validator other(root);
         other.Check(schema, value, "");
         return other.faults.empty();
     }
@@ -113,7 +113,7 @@ class Validator {
         }
     }
 
-    const json& root_;
+    const json& root;
 };
 
 }  // namespace

@@ -12,7 +12,7 @@ namespace {
 
 class Maker {
   public:
-    explicit Maker(std::uint32_t seed) : engine_(seed) {}
+    explicit Maker(std::uint32_t seed) : engine(seed) {}
 
     std::string Make() {
         std::string text;
@@ -69,7 +69,7 @@ class Maker {
     static constexpr std::array<std::string_view, 9> Damages = {"\"",   ";",      " ",    ":", "\n",
                                                                 "BO_ ", "\nSG_ ", "\xB0", "x"};
 
-    std::size_t Below(std::size_t limit) { return engine_() % limit; }
+    std::size_t Below(std::size_t limit) { return engine() % limit; }
 
     template <std::size_t Size>
     std::string Pick(const std::array<std::string_view, Size>& from) {
@@ -196,7 +196,7 @@ class Maker {
         }
     }
 
-    std::mt19937 engine_;  // the one engine whose numbers the standard fixes
+    std::mt19937 engine;  // the one engine whose numbers the standard fixes
 };
 
 }  // namespace

@@ -31,54 +31,54 @@ bool IsFrontOf(std::string_view front, std::string_view text) {
 }  // namespace
 
 Accountant::Accountant(const SourceText& source, const Snapshot& snapshot)
-    : source_(source),
-      snapshot_(snapshot),
-      text_(source.Text()),
-      statements_(ScanStatements(text_)),
-      cuts_(CutLikeLibrary(text_)),
-      context_{snapshot, Owners(snapshot), Collected(snapshot), {}, 0},
-      signalsLost_(statements_.size()) {}
+    : sourceText(source),
+      database(snapshot),
+      whole(source.Text()),
+      authored(ScanStatements(whole)),
+      cuts(CutLikeLibrary(whole)),
+      context{snapshot, Owners(snapshot), Collected(snapshot), {}, 0},
+      signalsLost(authored.size()) {}
 
 Account Accountant::Run() {
-    account_.statements.reserve(statements_.size());
-    account_.signalStatements.reserve(snapshot_.signals.size());
-    for (std::uint32_t index = 0; index < statements_.size(); ++index) {
+    accounted.statements.reserve(authored.size());
+    accounted.signalStatements.reserve(database.signals.size());
+    for (std::uint32_t index = 0; index < authored.size(); ++index) {
         AddStatement(index);
     }
     AddLateOutcomes();
     AddDroppedDefinitions();
     CountLostSignals();
-    return std::move(account_);
+    return std::move(accounted);
 }
 
 std::string Accountant::LineOf(std::uint32_t statement) const {
     return statement == NoIndex ? "an earlier line"
-                                : fmt::format("line {}", account_.statements[statement].line);
+                                : fmt::format("line {}", accounted.statements[statement].line);
 }
 
 void Accountant::AddStatement(std::uint32_t index) {
-    const SourceStatement& statement = statements_[index];
-    const Place place = source_.PlaceOf(source_.ByteOffset(statement.begin));
-    account_.statements.push_back(
+    const SourceStatement& statement = authored[index];
+    const Place place = sourceText.PlaceOf(sourceText.ByteOffset(statement.begin));
+    accounted.statements.push_back(
         {Cause::Kept, place.line, place.column, RowOf(statement.keyword).text,
-         text_.substr(statement.begin, statement.end - statement.begin), ""});
-    context_.statement = index;
+         whole.substr(statement.begin, statement.end - statement.begin), ""});
+    context.statement = index;
     const std::size_t nextBegin =
-        index + 1 < statements_.size() ? statements_[index + 1].begin : std::string_view::npos;
+        index + 1 < authored.size() ? authored[index + 1].begin : std::string_view::npos;
     Outcome outcome = WithBytes(ClassifyStatement(statement, nextBegin), statement);
     if (statement.keyword == Keyword::Bo) {
-        signals_.message = index;
-        signals_.messageCause = outcome.cause;
+        signalOwner.message = index;
+        signalOwner.messageCause = outcome.cause;
     }
-    account_.statements.back().cause = outcome.cause;
-    account_.statements.back().detail = std::move(outcome.detail);
+    accounted.statements.back().cause = outcome.cause;
+    accounted.statements.back().detail = std::move(outcome.detail);
 }
 
 Outcome Accountant::ClassifyStatement(const SourceStatement& statement, std::size_t nextBegin) {
     std::optional<Outcome> outcome = IgnoredKind(
-        statement.keyword, text_.substr(statement.begin, statement.end - statement.begin));
-    const bool isCut = nextCut_ < cuts_.size() && cuts_[nextCut_].begin == statement.begin;
-    const LibraryStatement* const own = isCut ? &cuts_[nextCut_] : nullptr;
+        statement.keyword, whole.substr(statement.begin, statement.end - statement.begin));
+    const bool isCut = nextCut < cuts.size() && cuts[nextCut].begin == statement.begin;
+    const LibraryStatement* const own = isCut ? &cuts[nextCut] : nullptr;
     if (isCut) {
         Outcome ofCut = ClassifyNextCut(statement.end - statement.begin);
         outcome = outcome ? outcome : std::move(ofCut);
@@ -89,23 +89,23 @@ Outcome Accountant::ClassifyStatement(const SourceStatement& statement, std::siz
 }
 
 Outcome Accountant::ClassifyNextCut(std::size_t authorEnd) {
-    lastCut_ = &cuts_[nextCut_++];
-    lastCutOwner_ = context_.statement;
-    return ClassifyCut(*lastCut_, authorEnd);
+    lastCut = &cuts[nextCut++];
+    lastCutOwner = context.statement;
+    return ClassifyCut(*lastCut, authorEnd);
 }
 
 // The statements that the library found before a position, inside one of the author.
 Accountant::Inside Accountant::TakeInside(std::size_t end) {
     Inside inside;
-    while (nextCut_ < cuts_.size() && cuts_[nextCut_].begin < end) {
-        const std::size_t references = context_.references.size();
+    while (nextCut < cuts.size() && cuts[nextCut].begin < end) {
+        const std::size_t references = context.references.size();
         const Fate fate = FateOf(ClassifyNextCut(std::string_view::npos).cause);
-        context_.references.resize(references);
+        context.references.resize(references);
         if (inside.first == nullptr) {
-            inside.first = lastCut_;
+            inside.first = lastCut;
         }
         if (inside.effective == nullptr && HasEffect(fate)) {
-            inside.effective = lastCut_;
+            inside.effective = lastCut;
         }
     }
     return inside;
@@ -127,7 +127,7 @@ Outcome Accountant::WithInside(Outcome outcome, const SourceStatement& statement
         return {fate == Fate::Dropped ? Cause::Beyond4096Bytes : Cause::CutAt4096Bytes,
                 fmt::format("{} bytes", statement.end - statement.begin)};
     }
-    const Place place = source_.PlaceOf(source_.ByteOffset(end->begin));
+    const Place place = sourceText.PlaceOf(sourceText.ByteOffset(end->begin));
     std::string detail = fmt::format("at {} in line {}", RowOf(end->keyword).text, place.line);
     if (fate == Fate::Dropped && inside.effective == nullptr) {
         return {outcome.cause, fmt::format("it is cut {}", detail)};
@@ -136,7 +136,7 @@ Outcome Accountant::WithInside(Outcome outcome, const SourceStatement& statement
 }
 
 Outcome Accountant::ClassifyCut(const LibraryStatement& cut, std::size_t authorEnd) {
-    const std::string_view text = text_.substr(cut.begin, cut.end - cut.begin);
+    const std::string_view text = whole.substr(cut.begin, cut.end - cut.begin);
     if (cut.keyword == Keyword::Bo) {
         return ClassifyMessageCut(cut, text);
     }
@@ -146,17 +146,17 @@ Outcome Accountant::ClassifyCut(const LibraryStatement& cut, std::size_t authorE
     CloseSignals(Cause::SignalAfterStatement);
     switch (cut.keyword) {
         case Keyword::Cm:
-            return ClassifyComment(text, authorEnd, context_);
+            return ClassifyComment(text, authorEnd, context);
         case Keyword::Val:
-            return ClassifyDescriptions(text, context_);
+            return ClassifyDescriptions(text, context);
         case Keyword::SigValtype:
-            return ClassifyValueType(text, context_);
+            return ClassifyValueType(text, context);
         case Keyword::Ba:
-            return attributes_.AddValue(text, context_.statement);
+            return attributes.AddValue(text, context.statement);
         case Keyword::BaDef:
-            return attributes_.AddDefinition(text, context_.statement);
+            return attributes.AddDefinition(text, context.statement);
         case Keyword::BaDefDef:
-            return attributes_.AddDefault(text, context_.statement);
+            return attributes.AddDefault(text, context.statement);
         default:
             return {Cause::Category, ""};
     }
@@ -167,81 +167,81 @@ Outcome Accountant::ClassifyMessageCut(const LibraryStatement& cut, std::string_
         CloseSignals(Cause::SignalOfRefusedMessage);
         return *std::move(refusal);
     }
-    const std::uint32_t message = context_.owners.MessagesRead();
-    if (message == snapshot_.messages.size()) {
+    const std::uint32_t message = context.owners.MessagesRead();
+    if (message == database.messages.size()) {
         return {Cause::Malformed, ""};
     }
-    signals_.isOpen = true;
+    signalOwner.isOpen = true;
     std::string_view name;
-    Outcome outcome = ClassifyMessage(text, snapshot_, snapshot_.messages[message], name);
-    context_.owners.AddMessage(name);
-    account_.messageStatements.push_back(context_.statement);
+    Outcome outcome = ClassifyMessage(text, database, database.messages[message], name);
+    context.owners.AddMessage(name);
+    accounted.messageStatements.push_back(context.statement);
     return outcome;
 }
 
 Outcome Accountant::ClassifySignalCut(const LibraryStatement& cut, std::string_view text) {
-    if (!signals_.isOpen) {
+    if (!signalOwner.isOpen) {
         return ClassifyOrphan();
     }
     if (auto refusal = TakeRefusal(cut, text)) {
         CloseSignals(Cause::SignalAfterRefusedSignal);
         return *std::move(refusal);
     }
-    const MessageFacts& message = snapshot_.messages[context_.owners.MessagesRead() - 1];
-    const std::uint32_t signal = context_.owners.SignalsRead();
+    const MessageFacts& message = database.messages[context.owners.MessagesRead() - 1];
+    const std::uint32_t signal = context.owners.SignalsRead();
     if (signal == message.firstSignal + message.signalCount) {
         return {Cause::Beyond10000Signals, ""};
     }
     std::string_view name;
-    Outcome outcome = ClassifySignal(text, snapshot_, snapshot_.signals[signal], name);
-    context_.owners.AddSignal(name);
-    account_.signalStatements.push_back(context_.statement);
+    Outcome outcome = ClassifySignal(text, database, database.signals[signal], name);
+    context.owners.AddSignal(name);
+    accounted.signalStatements.push_back(context.statement);
     return outcome;
 }
 
 // The parse error of the cut, if the library has refused it.
 std::optional<Outcome> Accountant::TakeRefusal(const LibraryStatement& cut, std::string_view text) {
-    if (nextError_ == snapshot_.errors.size()) {
+    if (nextError == database.errors.size()) {
         return std::nullopt;
     }
-    const ErrorFacts& error = snapshot_.errors[nextError_];
-    if (error.line != cut.line || !IsFrontOf(snapshot_.Text(error.text), text)) {
+    const ErrorFacts& error = database.errors[nextError];
+    if (error.line != cut.line || !IsFrontOf(database.Text(error.text), text)) {
         return std::nullopt;
     }
     const bool isMessage = error.code <= StepMessageSize;
     if (isMessage != (cut.keyword == Keyword::Bo) || error.code > StepSignalRange) {
         return std::nullopt;
     }
-    ++nextError_;
+    ++nextError;
     return Outcome{static_cast<Cause>(static_cast<std::uint32_t>(Cause::MessageId) + error.code),
                    isMessage ? "the form is BO_ 291 Engine: 8 ECU1"
                              : "the form is SG_ Speed : 0|16@1+ (0.1,0) [0|250] \"km/h\" ECU1"};
 }
 
 void Accountant::CloseSignals(Cause cause) {
-    if (signals_.isOpen || cause == Cause::SignalOfRefusedMessage) {
-        signals_.isOpen = false;
-        signals_.closed = cause;
-        signals_.closedBy = context_.statement;
+    if (signalOwner.isOpen || cause == Cause::SignalOfRefusedMessage) {
+        signalOwner.isOpen = false;
+        signalOwner.closed = cause;
+        signalOwner.closedBy = context.statement;
     }
 }
 
 // A signal without a message that takes it.
 Outcome Accountant::ClassifyOrphan() const {
-    if (signals_.message == NoIndex) {
+    if (signalOwner.message == NoIndex) {
         return {Cause::SignalWithoutMessage, ""};
     }
-    const Fate fate = FateOf(signals_.messageCause);
+    const Fate fate = FateOf(signalOwner.messageCause);
     if (fate == Fate::Refused || fate == Fate::Dropped) {
         return {
             fate == Fate::Refused ? Cause::SignalOfRefusedMessage : Cause::SignalOfDroppedMessage,
-            fmt::format("the message in {}", LineOf(signals_.message))};
+            fmt::format("the message in {}", LineOf(signalOwner.message))};
     }
-    if (signals_.closedBy == NoIndex) {
+    if (signalOwner.closedBy == NoIndex) {
         return {Cause::SignalWithoutMessage, ""};
     }
-    const AccountedStatement& by = account_.statements[signals_.closedBy];
-    return {signals_.closed, fmt::format("after {} in line {}", by.keyword, by.line)};
+    const AccountedStatement& by = accounted.statements[signalOwner.closedBy];
+    return {signalOwner.closed, fmt::format("after {} in line {}", by.keyword, by.line)};
 }
 
 // A statement that the library has not seen as one.
@@ -249,25 +249,25 @@ Outcome Accountant::ClassifyUncut(const SourceStatement& statement) const {
     if (statement.keyword == Keyword::None) {
         return {Cause::StrayText, ""};
     }
-    if (source_.ByteOrderMarkSize() != 0 && statement.begin == source_.ByteOrderMarkSize()) {
+    if (sourceText.ByteOrderMarkSize() != 0 && statement.begin == sourceText.ByteOrderMarkSize()) {
         return {Cause::HiddenByByteOrderMark, ""};
     }
     if (statement.isGlued) {
         return {Cause::KeywordNotApart, ""};
     }
-    const bool isInside = lastCut_ != nullptr && statement.begin < lastCut_->end;
-    if (!isInside || lastCut_->overflowed) {
+    const bool isInside = lastCut != nullptr && statement.begin < lastCut->end;
+    if (!isInside || lastCut->overflowed) {
         return {Cause::Beyond4096Bytes,
-                fmt::format("of the statement in {}", LineOf(lastCutOwner_))};
+                fmt::format("of the statement in {}", LineOf(lastCutOwner))};
     }
-    return {Cause::Swallowed, fmt::format("by {} in {}", account_.statements[lastCutOwner_].keyword,
-                                          LineOf(lastCutOwner_))};
+    return {Cause::Swallowed, fmt::format("by {} in {}", accounted.statements[lastCutOwner].keyword,
+                                          LineOf(lastCutOwner))};
 }
 
 // The outcome, or what the bytes of the statement come to where that is more.
 Outcome Accountant::WithBytes(Outcome outcome, const SourceStatement& statement) {
-    const std::size_t begin = source_.ByteOffset(statement.begin);
-    const std::size_t end = source_.ByteOffset(statement.end);
+    const std::size_t begin = sourceText.ByteOffset(statement.begin);
+    const std::size_t end = sourceText.ByteOffset(statement.end);
     const auto take = [begin, end](const std::vector<std::size_t>& bytes, std::size_t& next) {
         while (next < bytes.size() && bytes[next] < begin) {
             ++next;
@@ -278,14 +278,14 @@ Outcome Accountant::WithBytes(Outcome outcome, const SourceStatement& statement)
         }
         return std::pair(first, next - first);
     };
-    const auto [invalid, invalidCount] = take(source_.InvalidBytes(), nextInvalid_);
-    const auto [removed, removedCount] = take(source_.RemovedBytes(), nextRemoved_);
+    const auto [invalid, invalidCount] = take(sourceText.InvalidBytes(), nextInvalid);
+    const auto [removed, removedCount] = take(sourceText.RemovedBytes(), nextRemoved);
     const Fate fate = FateOf(outcome.cause);
     if (fate != Fate::Changed && outcome.cause != Cause::Kept) {
         return outcome;
     }
     if (invalidCount != 0) {
-        return {Cause::InvalidUtf8, DescribeInvalidBytes(source_, invalid, invalidCount)};
+        return {Cause::InvalidUtf8, DescribeInvalidBytes(sourceText, invalid, invalidCount)};
     }
     if (removedCount != 0) {
         return {Cause::ControlCharacters, fmt::format("{} in the statement", removedCount)};

@@ -58,22 +58,22 @@ class Accountant {
 
     std::string LineOf(std::uint32_t statement) const;
 
-    const SourceText& source_;
-    const Snapshot& snapshot_;
-    std::string_view text_;
-    std::vector<SourceStatement> statements_;
-    std::vector<LibraryStatement> cuts_;
-    std::size_t nextCut_ = 0;
-    const LibraryStatement* lastCut_ = nullptr;
-    std::uint32_t lastCutOwner_ = NoIndex;  // the statement in which it begins
-    ReadContext context_;
-    AttributeBook attributes_;
-    SignalOwner signals_;
-    std::uint32_t nextError_ = 0;
-    std::size_t nextInvalid_ = 0;
-    std::size_t nextRemoved_ = 0;
-    std::vector<std::uint32_t> signalsLost_;  // by statement; with refused and dropped messages
-    Account account_;
+    const SourceText& sourceText;
+    const Snapshot& database;
+    std::string_view whole;
+    std::vector<SourceStatement> authored;
+    std::vector<LibraryStatement> cuts;
+    std::size_t nextCut = 0;
+    const LibraryStatement* lastCut = nullptr;
+    std::uint32_t lastCutOwner = NoIndex;  // the statement in which it begins
+    ReadContext context;
+    AttributeBook attributes;
+    SignalOwner signalOwner;
+    std::uint32_t nextError = 0;
+    std::size_t nextInvalid = 0;
+    std::size_t nextRemoved = 0;
+    std::vector<std::uint32_t> signalsLost;  // by statement; with refused and dropped messages
+    Account accounted;
 };
 
 }  // namespace vexil::tool

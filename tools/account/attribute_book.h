@@ -86,12 +86,12 @@ class AttributeBook {
     std::optional<std::uint32_t> FindForValue(std::string_view name) const;
     Outcome Defer(std::string_view name, std::uint32_t statement);
 
-    std::vector<Definition> definitions_;
-    std::vector<Value> values_;
-    std::set<ValueKey> valueKeys_;
-    std::vector<Default> defaults_;  // the last one that has set each definition
-    std::vector<std::pair<std::uint32_t, std::string>> undefined_;
-    std::vector<std::uint32_t> overwritten_;
+    std::vector<Definition> definitions;
+    std::vector<Value> values;
+    std::set<ValueKey> valueKeys;
+    std::vector<Default> defaults;  // the last one that has set each definition
+    std::vector<std::pair<std::uint32_t, std::string>> undefined;
+    std::vector<std::uint32_t> overwritten;
 };
 
 }  // namespace vexil::tool

@@ -44,8 +44,8 @@ bool HasArguments(AttributeType type, const AttributeTokens& tokens, std::size_t
 
 std::optional<std::uint32_t> AttributeBook::Find(std::string_view name, AttributeOwner owner,
                                                  AttributeType type) const {
-    for (std::uint32_t index = 0; index < definitions_.size(); ++index) {
-        const Definition& each = definitions_[index];
+    for (std::uint32_t index = 0; index < definitions.size(); ++index) {
+        const Definition& each = definitions[index];
         if (each.attribute->name == name && each.owner == owner && each.type == type) {
             return index;
         }
@@ -103,7 +103,7 @@ Outcome AttributeBook::AddDefinition(std::string_view text, std::uint32_t statem
     for (std::size_t at = typeAt + 1; *type == AttributeType::Enum && at < tokens.size(); ++at) {
         definition.choices.emplace_back(QuotedContent(tokens[at].text));
     }
-    definitions_.push_back(std::move(definition));
+    definitions.push_back(std::move(definition));
     if (*owner != attribute->owner) {
         return {Cause::AttributeOwner, KeptFor(*attribute)};
     }

@@ -14,101 +14,101 @@ namespace vexil::tool {
 class AttributeEffects {
   public:
     AttributeEffects(const AttributeBook& book, const Owners& owners, const Snapshot& snapshot)
-        : book_(book),
-          owners_(owners),
-          snapshot_(snapshot),
-          covered_(book.definitions_.size()),
-          hasEffect_(book.definitions_.size()) {
+        : attributeBook(book),
+          readOwners(owners),
+          database(snapshot),
+          covered(book.definitions.size()),
+          hasEffect(book.definitions.size()) {
         for (std::uint32_t message = 0; message < snapshot.messages.size(); ++message) {
             const MessageFacts& facts = snapshot.messages[message];
             for (std::uint32_t index = 0; index < facts.signalCount; ++index) {
                 const std::uint32_t signal = facts.firstSignal + index;
                 const std::string_view name = snapshot.Text(snapshot.signals[signal].name);
                 if (signal < owners.SignalsRead() && owners.SignalName(signal) != name) {
-                    otherNames_.try_emplace({facts.id, name}, signal);
+                    otherNames.try_emplace({facts.id, name}, signal);
                 }
             }
         }
     }
 
     std::vector<AttributeBook::LateOutcome> Run() {
-        for (const auto& [statement, name] : book_.undefined_) {
-            if (book_.FindForValue(name)) {
-                outcomes_.push_back({statement, {Cause::BeforeItsDefinition, name}});
+        for (const auto& [statement, name] : attributeBook.undefined) {
+            if (attributeBook.FindForValue(name)) {
+                outcomes.push_back({statement, {Cause::BeforeItsDefinition, name}});
             }
         }
-        for (const std::uint32_t statement : book_.overwritten_) {
-            outcomes_.push_back({statement, {Cause::OverwrittenDefault, ""}});
+        for (const std::uint32_t statement : attributeBook.overwritten) {
+            outcomes.push_back({statement, {Cause::OverwrittenDefault, ""}});
         }
-        for (const AttributeBook::Value& value : book_.values_) {
+        for (const AttributeBook::Value& value : attributeBook.values) {
             ClassifyValue(value);
         }
-        for (const AttributeBook::Default& each : book_.defaults_) {
-            if (!DefaultHasEffect(book_.definitions_[each.definition], each.definition)) {
+        for (const AttributeBook::Default& each : attributeBook.defaults) {
+            if (!DefaultHasEffect(attributeBook.definitions[each.definition], each.definition)) {
                 AddWithoutEffect(each.statement, "it says what holds without it");
             }
         }
-        for (std::uint32_t index = 0; index < book_.definitions_.size(); ++index) {
-            const AttributeBook::Definition& definition = book_.definitions_[index];
+        for (std::uint32_t index = 0; index < attributeBook.definitions.size(); ++index) {
+            const AttributeBook::Definition& definition = attributeBook.definitions[index];
             if (definition.IsUsed() && !DefinitionHasEffect(definition, index)) {
                 AddWithoutEffect(definition.statement, "no value of it has an effect");
             }
         }
-        return std::move(outcomes_);
+        return std::move(outcomes);
     }
 
   private:
     using Definition = AttributeBook::Definition;
 
     void AddWithoutEffect(std::uint32_t statement, std::string_view detail) {
-        outcomes_.push_back({statement, {Cause::KeptWithoutEffect, std::string(detail)}});
+        outcomes.push_back({statement, {Cause::KeptWithoutEffect, std::string(detail)}});
     }
 
     // The first signal of an id that bears the name as an identifier.
     std::uint32_t FindSignal(std::uint32_t id, const std::string& name) const {
-        for (std::uint32_t signal = owners_.FirstSignal(id, name); signal != NoIndex;
-             signal = owners_.NextSignal(signal)) {
-            if (snapshot_.Text(snapshot_.signals[signal].name) == name) {
+        for (std::uint32_t signal = readOwners.FirstSignal(id, name); signal != NoIndex;
+             signal = readOwners.NextSignal(signal)) {
+            if (database.Text(database.signals[signal].name) == name) {
                 return signal;
             }
         }
-        const auto other = otherNames_.find({id, name});
-        return other == otherNames_.end() ? NoIndex : other->second;
+        const auto other = otherNames.find({id, name});
+        return other == otherNames.end() ? NoIndex : other->second;
     }
 
     void ClassifyValue(const AttributeBook::Value& value) {
-        const Definition& definition = book_.definitions_[value.definition];
+        const Definition& definition = attributeBook.definitions[value.definition];
         std::string_view written;
         if (definition.owner == AttributeOwner::Message) {
-            const std::uint32_t message = owners_.FirstMessage(value.id);
+            const std::uint32_t message = readOwners.FirstMessage(value.id);
             if (message == NoIndex) {
-                outcomes_.push_back(
+                outcomes.push_back(
                     {value.statement,
                      {Cause::UnknownMessage, fmt::format("no message has the id {}", value.id)}});
                 return;
             }
-            written = owners_.MessageName(message);
-            covered_[value.definition] += owners_.MessageCount(value.id);
+            written = readOwners.MessageName(message);
+            covered[value.definition] += readOwners.MessageCount(value.id);
         } else if (definition.owner == AttributeOwner::Signal) {
             const std::uint32_t signal = FindSignal(value.id, value.signal);
             if (signal == NoIndex) {
-                outcomes_.push_back({value.statement, MissingSignal(value)});
+                outcomes.emplace_back(value.statement, MissingSignal(value));
                 return;
             }
-            written = owners_.SignalName(signal);
-            ++covered_[value.definition];
+            written = readOwners.SignalName(signal);
+            ++covered[value.definition];
         } else {
-            ++covered_[value.definition];
+            ++covered[value.definition];
         }
         if (ValueHasEffect(definition, value.value, written)) {
-            hasEffect_[value.definition] = true;
+            hasEffect[value.definition] = true;
         } else {
             AddWithoutEffect(value.statement, "the value is what holds without it");
         }
     }
 
     Outcome MissingSignal(const AttributeBook::Value& value) const {
-        if (owners_.FirstMessage(value.id) == NoIndex) {
+        if (readOwners.FirstMessage(value.id) == NoIndex) {
             return {Cause::UnknownMessage, fmt::format("no message has the id {}", value.id)};
         }
         return {Cause::UnknownSignal,
@@ -143,19 +143,18 @@ class AttributeEffects {
 
     // Whether this attribute decides the protocol: IsNMEA goes before J1939PGN.
     bool IsProtocol(const Definition& definition) const {
-        return definition.attribute->name == "IsNMEA" ||
-               snapshot_.info.protocolType != ProtocolNmea;
+        return definition.attribute->name == "IsNMEA" || database.info.protocolType != ProtocolNmea;
     }
 
     // Whether an object is left without a value of its own.
     bool IsUncovered(const Definition& definition, std::uint32_t index) const {
         switch (definition.owner) {
             case AttributeOwner::Message:
-                return covered_[index] < snapshot_.messages.size();
+                return covered[index] < database.messages.size();
             case AttributeOwner::Signal:
-                return covered_[index] < snapshot_.signals.size();
+                return covered[index] < database.signals.size();
             default:
-                return covered_[index] == 0;
+                return covered[index] == 0;
         }
     }
 
@@ -181,19 +180,19 @@ class AttributeEffects {
     bool DefinitionHasEffect(const Definition& definition, std::uint32_t index) const {
         const std::string_view name = definition.attribute->name;
         if (name == "BusType") {
-            return snapshot_.info.busType == BusCanFd;
+            return database.info.busType == BusCanFd;
         }
         if (name == "J1939PGN") {
-            return snapshot_.info.protocolType == ProtocolJ1939;
+            return database.info.protocolType == ProtocolJ1939;
         }
         if (name == "IsNMEA") {
-            return snapshot_.info.protocolType == ProtocolNmea;
+            return database.info.protocolType == ProtocolNmea;
         }
         const auto anyMessage = [this](auto has) {
-            return std::any_of(snapshot_.messages.begin(), snapshot_.messages.end(), has);
+            return std::any_of(database.messages.begin(), database.messages.end(), has);
         };
         const auto anySignal = [this](auto has) {
-            return std::any_of(snapshot_.signals.begin(), snapshot_.signals.end(), has);
+            return std::any_of(database.signals.begin(), database.signals.end(), has);
         };
         if (name == "GenMsgSendType") {
             return anyMessage([](const MessageFacts& each) { return each.sendType.size != 0; });
@@ -207,16 +206,16 @@ class AttributeEffects {
         if (name == "GenSigInactiveValue") {
             return anySignal([](const SignalFacts& each) { return each.inactiveValue != 0; });
         }
-        return hasEffect_[index];
+        return hasEffect[index];
     }
 
-    const AttributeBook& book_;
-    const Owners& owners_;
-    const Snapshot& snapshot_;
-    std::vector<std::size_t> covered_;  // objects with a value of their own, by definition
-    std::vector<bool> hasEffect_;
-    std::map<std::pair<std::uint32_t, std::string_view>, std::uint32_t> otherNames_;
-    std::vector<AttributeBook::LateOutcome> outcomes_;
+    const AttributeBook& attributeBook;
+    const Owners& readOwners;
+    const Snapshot& database;
+    std::vector<std::size_t> covered;  // objects with a value of their own, by definition
+    std::vector<bool> hasEffect;
+    std::map<std::pair<std::uint32_t, std::string_view>, std::uint32_t> otherNames;
+    std::vector<AttributeBook::LateOutcome> outcomes;
 };
 
 std::vector<AttributeBook::LateOutcome> AttributeBook::Finish(const Owners& owners,

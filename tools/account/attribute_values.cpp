@@ -41,7 +41,7 @@ bool SetValue(AttributeType type, const std::vector<std::string>& choices, std::
 }  // namespace
 
 Outcome AttributeBook::Defer(std::string_view name, std::uint32_t statement) {
-    undefined_.emplace_back(statement, name);
+    undefined.emplace_back(statement, name);
     return {Cause::AttributeNotDefined, std::string(name)};
 }
 
@@ -61,8 +61,8 @@ Outcome AttributeBook::AddDefault(std::string_view text, std::uint32_t statement
         return Defer(name, statement);
     }
     Outcome outcome{Cause::AttributeOwner, KeptFor(*FindKeptAttribute(name))};
-    for (std::uint32_t index = 0; index < definitions_.size(); ++index) {
-        Definition& definition = definitions_[index];
+    for (std::uint32_t index = 0; index < definitions.size(); ++index) {
+        Definition& definition = definitions[index];
         if (definition.attribute->name != name) {
             continue;
         }
@@ -77,13 +77,13 @@ Outcome AttributeBook::AddDefault(std::string_view text, std::uint32_t statement
                                               WordOf(definition.type))};
         if (isSet) {
             const auto earlier =
-                std::find_if(defaults_.begin(), defaults_.end(),
+                std::find_if(defaults.begin(), defaults.end(),
                              [index](const Default& each) { return each.definition == index; });
-            if (earlier != defaults_.end()) {
-                overwritten_.push_back(earlier->statement);
+            if (earlier != defaults.end()) {
+                overwritten.push_back(earlier->statement);
                 earlier->statement = statement;
             } else {
-                defaults_.push_back({index, statement});
+                defaults.push_back({index, statement});
             }
         }
     }
@@ -168,7 +168,7 @@ Outcome AttributeBook::AddValue(std::string_view text, std::uint32_t statement) 
     if (!index) {
         return Defer(name, statement);
     }
-    const Definition& definition = definitions_[*index];
+    const Definition& definition = definitions[*index];
     if (!HasOwner(tokens, definition.owner)) {
         return {Cause::AttributeOwner, KeptFor(*definition.attribute)};
     }
@@ -189,7 +189,7 @@ Outcome AttributeBook::AddValue(std::string_view text, std::uint32_t statement) 
     if (definition.owner == AttributeOwner::Signal) {
         value.signal = tokens[4].text;
     }
-    if (!valueKeys_.insert({*index, value.id, value.signal}).second) {
+    if (!valueKeys.insert({*index, value.id, value.signal}).second) {
         return {Cause::RepeatedValue, ""};
     }
     if (!definition.IsUsed()) {
@@ -197,7 +197,7 @@ Outcome AttributeBook::AddValue(std::string_view text, std::uint32_t statement) 
                                                                 : Cause::AttributeType,
                 KeptFor(*definition.attribute)};
     }
-    values_.push_back(std::move(value));
+    values.push_back(std::move(value));
     return ClassifyKeptValue(definition.type, token.text, text);
 }
 

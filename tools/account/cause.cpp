@@ -27,8 +27,8 @@ std::vector<CauseRow> AllRows() {
 }  // namespace
 
 std::span<const CauseRow> Causes() {
-    static const std::vector<CauseRow> Rows = AllRows();
-    return Rows;
+    static const std::vector<CauseRow> rows = AllRows();
+    return rows;
 }
 
 const CauseRow& RowOf(Cause cause) {

@@ -47,7 +47,7 @@ Outcome ClassifyMessage(std::string_view text, const Snapshot& snapshot, const M
     if (colon == std::string_view::npos) {
         return {};
     }
-    const Outcome outcome = ClassifyName(name, snapshot.Text(facts.name));
+    Outcome outcome = ClassifyName(name, snapshot.Text(facts.name));
     if (outcome.cause != Cause::Kept) {
         return outcome;
     }

@@ -19,15 +19,15 @@ constexpr std::size_t LongestNumberedName = 27;
 class Finder {
   public:
     Finder(const SourceText& source, const Account& account, const Snapshot& snapshot)
-        : source_(source), account_(account), snapshot_(snapshot) {}
+        : sourceText(source), accounted(account), database(snapshot) {}
 
     std::vector<Finding> Run() {
         LookAtBytes();
         LookAtMessages();
-        for (std::uint32_t message = 0; message < account_.messageStatements.size(); ++message) {
-            LookAtSignals(snapshot_.messages[message]);
+        for (std::uint32_t message = 0; message < accounted.messageStatements.size(); ++message) {
+            LookAtSignals(database.messages[message]);
         }
-        return std::move(findings_);
+        return std::move(findings);
     }
 
   private:
@@ -39,50 +39,51 @@ class Finder {
     using SignalsByName = std::unordered_map<std::string_view, Named>;
 
     void Add(Cause cause, std::string detail) {
-        findings_.push_back({cause, 0, 0, std::move(detail)});
+        findings.push_back({cause, 0, 0, std::move(detail)});
     }
 
     void AddAt(Cause cause, const AccountedStatement& statement, std::string detail) {
-        findings_.push_back({cause, statement.line, statement.column, std::move(detail)});
+        findings.push_back({cause, statement.line, statement.column, std::move(detail)});
     }
 
     const AccountedStatement& MessageStatement(std::uint32_t message) const {
-        return account_.statements[account_.messageStatements[message]];
+        return accounted.statements[accounted.messageStatements[message]];
     }
 
     const AccountedStatement& SignalStatement(std::uint32_t signal) const {
-        return account_.statements[account_.signalStatements[signal]];
+        return accounted.statements[accounted.signalStatements[signal]];
     }
 
     void LookAtBytes() {
         const bool hasStatement =
-            std::any_of(account_.statements.begin(), account_.statements.end(),
+            std::any_of(accounted.statements.begin(), accounted.statements.end(),
                         [](const AccountedStatement& each) { return !each.keyword.empty(); });
         if (!hasStatement) {
-            Add(Cause::NoStatement, fmt::format("{} bytes", source_.Bytes().size()));
+            Add(Cause::NoStatement, fmt::format("{} bytes", sourceText.Bytes().size()));
         }
-        if (source_.ByteOrderMarkSize() != 0) {
+        if (sourceText.ByteOrderMarkSize() != 0) {
             Add(Cause::ByteOrderMark, "");
         }
-        const Utf16 utf16 = source_.LooksLikeUtf16();
+        const Utf16 utf16 = sourceText.LooksLikeUtf16();
         if (utf16 != Utf16::None) {
             Add(Cause::Utf16Text, utf16 == Utf16::LittleEndian ? "little-endian" : "big-endian");
         }
-        const std::string_view bytes = source_.Bytes();
+        const std::string_view bytes = sourceText.Bytes();
         const auto nuls = std::count(bytes.begin(), bytes.end(), '\0');
         if (nuls != 0 && utf16 == Utf16::None) {
             Add(Cause::NulBytes, fmt::format("{} bytes", nuls));
         }
-        if (source_.LinesEndWithCarriageReturn()) {
-            Add(Cause::LoneCarriageReturns, fmt::format("{} lines", source_.LoneCarriageReturns()));
+        if (sourceText.LinesEndWithCarriageReturn()) {
+            Add(Cause::LoneCarriageReturns,
+                fmt::format("{} lines", sourceText.LoneCarriageReturns()));
         }
     }
 
     void LookAtMessages() {
         std::unordered_map<std::uint32_t, std::uint32_t> firstById;
         std::unordered_map<std::string_view, std::uint32_t> firstByName;
-        for (std::uint32_t index = 0; index < account_.messageStatements.size(); ++index) {
-            const MessageFacts& message = snapshot_.messages[index];
+        for (std::uint32_t index = 0; index < accounted.messageStatements.size(); ++index) {
+            const MessageFacts& message = database.messages[index];
             const auto [sameId, isNewId] = firstById.try_emplace(message.id, index);
             if (!isNewId) {
                 const std::uint32_t first = sameId->second;
@@ -90,7 +91,7 @@ class Finder {
                       fmt::format("id {} as in line {}", message.id, MessageStatement(first).line));
                 LookAtComments(first, index);
             }
-            const std::string_view name = snapshot_.Text(message.name);
+            const std::string_view name = database.Text(message.name);
             const auto [sameName, isNewName] = firstByName.try_emplace(name, index);
             if (!isNewName) {
                 AddAt(
@@ -102,13 +103,13 @@ class Finder {
 
     // Two messages with one id are written with a comment each, and each of the two reaches both.
     void LookAtComments(std::uint32_t first, std::uint32_t other) {
-        const MessageFacts& one = snapshot_.messages[first];
-        const MessageFacts& two = snapshot_.messages[other];
+        const MessageFacts& one = database.messages[first];
+        const MessageFacts& two = database.messages[other];
         if (one.comment.size != 0 || two.comment.size != 0) {
             AddAt(Cause::CommentsDouble, MessageStatement(other),
                   fmt::format("message {}", two.id));
         }
-        const auto [signals, isFirst] = signalsById_.try_emplace(one.id);
+        const auto [signals, isFirst] = signalsById.try_emplace(one.id);
         if (isFirst) {
             LookAtSignalComments(one, signals->second);
         }
@@ -119,13 +120,13 @@ class Finder {
     void LookAtSignalComments(const MessageFacts& message, SignalsByName& signals) {
         for (std::uint32_t index = 0; index < message.signalCount; ++index) {
             const std::uint32_t signal = message.firstSignal + index;
-            const SignalFacts& facts = snapshot_.signals[signal];
-            const std::string_view name = snapshot_.Text(facts.name);
+            const SignalFacts& facts = database.signals[signal];
+            const std::string_view name = database.Text(facts.name);
             const auto [same, isNew] =
                 signals.try_emplace(name, Named{message.firstSignal, signal});
             if (!isNew && same->second.firstSignal != message.firstSignal &&
                 (facts.comment.size != 0 ||
-                 snapshot_.signals[same->second.signal].comment.size != 0)) {
+                 database.signals[same->second.signal].comment.size != 0)) {
                 AddAt(Cause::CommentsDouble, SignalStatement(signal),
                       fmt::format("signal {} of message {}", name, message.id));
             }
@@ -138,7 +139,7 @@ class Finder {
         names.reserve(message.signalCount);
         for (std::uint32_t index = 0; index < message.signalCount; ++index) {
             const std::uint32_t signal = message.firstSignal + index;
-            names.emplace_back(snapshot_.Text(snapshot_.signals[signal].name), signal);
+            names.emplace_back(database.Text(database.signals[signal].name), signal);
         }
         std::sort(names.begin(), names.end());
         std::string_view front;  // of the last group of equal names that are cut
@@ -161,19 +162,19 @@ class Finder {
     }
 
     void AddSameName(std::uint32_t first, std::uint32_t signal) {
-        const SignalFacts& one = snapshot_.signals[first];
-        const SignalFacts& other = snapshot_.signals[signal];
-        const bool isSame = snapshot_.Text(one.longName) == snapshot_.Text(other.longName);
+        const SignalFacts& one = database.signals[first];
+        const SignalFacts& other = database.signals[signal];
+        const bool isSame = database.Text(one.longName) == database.Text(other.longName);
         AddAt(
             isSame ? Cause::SameSignalName : Cause::NamesNumbered, SignalStatement(signal),
-            fmt::format("{} as in line {}", snapshot_.Text(one.name), SignalStatement(first).line));
+            fmt::format("{} as in line {}", database.Text(one.name), SignalStatement(first).line));
     }
 
-    const SourceText& source_;
-    const Account& account_;
-    const Snapshot& snapshot_;
-    std::vector<Finding> findings_;
-    std::unordered_map<std::uint32_t, SignalsByName> signalsById_;  // of ids that are not unique
+    const SourceText& sourceText;
+    const Account& accounted;
+    const Snapshot& database;
+    std::vector<Finding> findings;
+    std::unordered_map<std::uint32_t, SignalsByName> signalsById;  // of ids that are not unique
 };
 
 }  // namespace

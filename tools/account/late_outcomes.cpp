@@ -13,12 +13,12 @@ namespace vexil::tool {
 // Adds to each use of an attribute that is not defined where its definition was dropped, if it was.
 void Accountant::AddDroppedDefinitions() {
     std::map<std::string_view, std::uint32_t> lines;
-    for (const AccountedStatement& statement : account_.statements) {
+    for (const AccountedStatement& statement : accounted.statements) {
         if (statement.keyword == "BA_DEF_" && FateOf(statement.cause) == Fate::Dropped) {
             lines.try_emplace(AttributeName(statement.text), statement.line);
         }
     }
-    for (AccountedStatement& statement : account_.statements) {
+    for (AccountedStatement& statement : accounted.statements) {
         if (statement.cause == Cause::AttributeNotDefined && !lines.empty()) {
             const auto line = lines.find(AttributeName(statement.text));
             if (line != lines.end()) {
@@ -30,16 +30,16 @@ void Accountant::AddDroppedDefinitions() {
 }
 
 void Accountant::AddLateOutcomes() {
-    for (const Reference& reference : context_.references) {
-        AccountedStatement& statement = account_.statements[reference.statement];
+    for (const Reference& reference : context.references) {
+        AccountedStatement& statement = accounted.statements[reference.statement];
         if (statement.cause == Cause::UnknownMessage) {
-            Outcome outcome = ClassifyMissingOwner(reference, context_.owners);
+            Outcome outcome = ClassifyMissingOwner(reference, context.owners);
             statement.cause = outcome.cause;
             statement.detail = std::move(outcome.detail);
         }
     }
-    for (auto& [index, outcome] : attributes_.Finish(context_.owners, snapshot_)) {
-        AccountedStatement& statement = account_.statements[index];
+    for (auto& [index, outcome] : attributes.Finish(context.owners, database)) {
+        AccountedStatement& statement = accounted.statements[index];
         const bool isAttribute = statement.keyword.starts_with("BA_");
         const bool isLess = outcome.cause == Cause::KeptWithoutEffect;
         if (isAttribute && (!isLess || statement.cause == Cause::Kept)) {
@@ -54,8 +54,8 @@ void Accountant::AddLateOutcomes() {
 void Accountant::CountLostSignals() {
     std::uint32_t message = NoIndex;
     std::uint32_t refused = NoIndex;
-    for (std::uint32_t index = 0; index < account_.statements.size(); ++index) {
-        const AccountedStatement& statement = account_.statements[index];
+    for (std::uint32_t index = 0; index < accounted.statements.size(); ++index) {
+        const AccountedStatement& statement = accounted.statements[index];
         if (statement.keyword == "BO_") {
             message = index;
         }
@@ -64,17 +64,17 @@ void Accountant::CountLostSignals() {
         }
         // The library may have met the other statement inside a text, where it is none here.
         if (statement.cause == Cause::SignalOfRefusedMessage && message != NoIndex) {
-            ++signalsLost_[message];
+            ++signalsLost[message];
         }
         if (statement.cause == Cause::SignalAfterRefusedSignal && refused != NoIndex) {
-            ++signalsLost_[refused];
+            ++signalsLost[refused];
         }
     }
-    for (std::uint32_t index = 0; index < account_.statements.size(); ++index) {
-        if (signalsLost_[index] != 0 && FateOf(account_.statements[index].cause) == Fate::Refused) {
-            account_.statements[index].detail +=
-                fmt::format("; {} signal{} went with it", signalsLost_[index],
-                            signalsLost_[index] == 1 ? "" : "s");
+    for (std::uint32_t index = 0; index < accounted.statements.size(); ++index) {
+        if (signalsLost[index] != 0 && FateOf(accounted.statements[index].cause) == Fate::Refused) {
+            accounted.statements[index].detail +=
+                fmt::format("; {} signal{} went with it", signalsLost[index],
+                            signalsLost[index] == 1 ? "" : "s");
         }
     }
 }

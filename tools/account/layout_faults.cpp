@@ -44,24 +44,24 @@ std::uint64_t EndByte(const SignalFacts& signal) {
 class Finder {
   public:
     Finder(const Account& account, const Snapshot& snapshot)
-        : account_(account), snapshot_(snapshot) {}
+        : accounted(account), database(snapshot) {}
 
     std::vector<Finding> Run() {
-        for (const MessageFacts& message : snapshot_.messages) {
+        for (const MessageFacts& message : database.messages) {
             LookAt(message);
         }
-        return std::move(findings_);
+        return std::move(findings);
     }
 
   private:
     void Add(Cause cause, std::uint32_t signal, std::string detail) {
         const AccountedStatement& statement =
-            account_.statements[account_.signalStatements[signal]];
-        findings_.push_back({cause, statement.line, statement.column, std::move(detail)});
+            accounted.statements[accounted.signalStatements[signal]];
+        findings.push_back({cause, statement.line, statement.column, std::move(detail)});
     }
 
     std::string NameOfSignal(std::uint32_t signal) const {
-        return std::string(snapshot_.Text(snapshot_.signals[signal].name));
+        return std::string(database.Text(database.signals[signal].name));
     }
 
     void LookAt(const MessageFacts& message) {
@@ -69,7 +69,7 @@ class Finder {
         bool hasSelector = false;
         std::uint32_t firstSelected = NoIndex;
         for (std::uint32_t signal = message.firstSignal; signal < end; ++signal) {
-            const SignalFacts& facts = snapshot_.signals[signal];
+            const SignalFacts& facts = database.signals[signal];
             hasSelector = hasSelector || facts.multiplexType == MultiplexSelector;
             if (facts.multiplexType == MultiplexSelected && firstSelected == NoIndex) {
                 firstSelected = signal;
@@ -92,11 +92,11 @@ class Finder {
 
     // Signals that are always there first, then those of each value of the selector.
     void FindOverlaps(std::uint32_t begin, std::uint32_t end) {
-        always_.assign(MostBits, NoIndex);
-        selected_.clear();
+        always.assign(MostBits, NoIndex);
+        selected.clear();
         for (const bool isSelected : {false, true}) {
             for (std::uint32_t signal = begin; signal < end; ++signal) {
-                const SignalFacts& facts = snapshot_.signals[signal];
+                const SignalFacts& facts = database.signals[signal];
                 if ((facts.multiplexType == MultiplexSelected) == isSelected) {
                     Place(signal, facts, isSelected);
                 }
@@ -112,12 +112,12 @@ class Finder {
             if (bit >= MostBits) {
                 continue;
             }
-            std::uint32_t& owner = always_[bit];
+            std::uint32_t& owner = always[bit];
             if (owner != NoIndex) {
                 other = owner;
             } else if (isSelected) {
                 const std::uint64_t key = facts.multiplexValue * MostBits + bit;
-                const auto [entry, isNew] = selected_.try_emplace(key, signal);
+                const auto [entry, isNew] = selected.try_emplace(key, signal);
                 other = isNew ? other : entry->second;
             } else {
                 owner = signal;
@@ -126,13 +126,13 @@ class Finder {
         if (other != NoIndex) {
             Add(Cause::SignalsOverlap, signal,
                 fmt::format("{} with {} in line {}", NameOfSignal(signal), NameOfSignal(other),
-                            account_.statements[account_.signalStatements[other]].line));
+                            accounted.statements[accounted.signalStatements[other]].line));
         }
     }
 
     void LookAtRange(std::uint32_t signal) {
         constexpr std::uint32_t LongestRaw = 64;
-        const SignalFacts& facts = snapshot_.signals[signal];
+        const SignalFacts& facts = database.signals[signal];
         const bool isInteger = facts.valueType == ValueUnsigned || facts.valueType == ValueSigned;
         const bool hasRange = facts.minimum != 0 || facts.maximum != 0;
         if (!isInteger || !hasRange || facts.bitLength == 0 || facts.bitLength > LongestRaw) {
@@ -154,11 +154,11 @@ class Finder {
         }
     }
 
-    const Account& account_;
-    const Snapshot& snapshot_;
-    std::vector<Finding> findings_;
-    std::vector<std::uint32_t> always_;
-    std::unordered_map<std::uint64_t, std::uint32_t> selected_;
+    const Account& accounted;
+    const Snapshot& database;
+    std::vector<Finding> findings;
+    std::vector<std::uint32_t> always;
+    std::unordered_map<std::uint64_t, std::uint32_t> selected;
 };
 
 }  // namespace

@@ -59,21 +59,21 @@ std::string Shown(std::string_view text) {
 }
 
 std::string_view Words::Peek() const {
-    std::size_t begin = at_;
-    while (begin < text_.size() && IsSpace(text_[begin])) {
+    std::size_t begin = position;
+    while (begin < whole.size() && IsSpace(whole[begin])) {
         ++begin;
     }
     std::size_t end = begin;
-    while (end < text_.size() && !IsSpace(text_[end])) {
+    while (end < whole.size() && !IsSpace(whole[end])) {
         ++end;
     }
-    return text_.substr(begin, end - begin);
+    return whole.substr(begin, end - begin);
 }
 
 std::string_view Words::Next() {
     const std::string_view word = Peek();
-    at_ = word.empty() ? text_.size()
-                       : static_cast<std::size_t>(word.data() - text_.data()) + word.size();
+    position = word.empty() ? whole.size()
+                            : static_cast<std::size_t>(word.data() - whole.data()) + word.size();
     return word;
 }
 

@@ -19,7 +19,7 @@ std::string Shown(std::string_view text);
 // The words of a statement, one after the other.
 class Words {
   public:
-    explicit Words(std::string_view text) : text_(text) {}
+    explicit Words(std::string_view text) : whole(text) {}
 
     // The next run of characters that are not white space; empty at the end.
     std::string_view Next();
@@ -28,11 +28,11 @@ class Words {
     std::string_view Peek() const;
 
     // All that has not been taken.
-    std::string_view Rest() const { return text_.substr(at_); }
+    std::string_view Rest() const { return whole.substr(position); }
 
   private:
-    std::string_view text_;
-    std::size_t at_ = 0;
+    std::string_view whole;
+    std::size_t position = 0;
 };
 
 // An id: decimal digits alone, of 32 bits, with white space after them.

@@ -25,8 +25,8 @@ class Owners {
     void AddMessage(std::string_view name);
     void AddSignal(std::string_view name);
 
-    std::uint32_t MessagesRead() const { return static_cast<std::uint32_t>(messageNames_.size()); }
-    std::uint32_t SignalsRead() const { return static_cast<std::uint32_t>(signalNames_.size()); }
+    std::uint32_t MessagesRead() const { return static_cast<std::uint32_t>(messageNames.size()); }
+    std::uint32_t SignalsRead() const { return static_cast<std::uint32_t>(signalNames.size()); }
 
     // The first message with an id, and how many have it, whether or not they were read; NoIndex if
     // there is none.
@@ -35,10 +35,10 @@ class Owners {
 
     // The first signal of a name in the messages of an id that has been read, and the next one.
     std::uint32_t FirstSignal(std::uint32_t id, std::string_view name) const;
-    std::uint32_t NextSignal(std::uint32_t signal) const { return nextSignals_[signal]; }
+    std::uint32_t NextSignal(std::uint32_t signal) const { return nextSignals[signal]; }
 
-    std::string_view MessageName(std::uint32_t message) const { return messageNames_[message]; }
-    std::string_view SignalName(std::uint32_t signal) const { return signalNames_[signal]; }
+    std::string_view MessageName(std::uint32_t message) const { return messageNames[message]; }
+    std::string_view SignalName(std::uint32_t signal) const { return signalNames[signal]; }
 
   private:
     struct Key {
@@ -59,12 +59,12 @@ class Owners {
         std::uint32_t last;
     };
 
-    const Snapshot& snapshot_;
-    std::unordered_map<std::uint32_t, SameId> messagesById_;
-    std::unordered_map<Key, Chain, KeyHash> signalsByKey_;
-    std::vector<std::uint32_t> nextSignals_;
-    std::vector<std::string_view> messageNames_;
-    std::vector<std::string_view> signalNames_;
+    const Snapshot& database;
+    std::unordered_map<std::uint32_t, SameId> messagesById;
+    std::unordered_map<Key, Chain, KeyHash> signalsByKey;
+    std::vector<std::uint32_t> nextSignals;
+    std::vector<std::string_view> messageNames;
+    std::vector<std::string_view> signalNames;
 };
 
 }  // namespace vexil::tool

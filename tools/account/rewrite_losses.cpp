@@ -25,27 +25,27 @@ bool SurvivesTenDigits(double number) {
 class Finder {
   public:
     Finder(const Account& account, const Snapshot& snapshot)
-        : account_(account), snapshot_(snapshot) {}
+        : accounted(account), database(snapshot) {}
 
     std::vector<Finding> Run() {
-        for (const AccountedStatement& statement : account_.statements) {
+        for (const AccountedStatement& statement : accounted.statements) {
             LookAtAttribute(statement);
         }
-        for (std::uint32_t index = 0; index < account_.messageStatements.size(); ++index) {
-            if (snapshot_.messages[index].transmitter.size == 0) {
-                Add(Cause::PlaceholderNode, account_.messageStatements[index], "no sender");
+        for (std::uint32_t index = 0; index < accounted.messageStatements.size(); ++index) {
+            if (database.messages[index].transmitter.size == 0) {
+                Add(Cause::PlaceholderNode, accounted.messageStatements[index], "no sender");
             }
         }
-        for (std::uint32_t index = 0; index < account_.signalStatements.size(); ++index) {
-            LookAtSignal(snapshot_.signals[index], account_.signalStatements[index]);
+        for (std::uint32_t index = 0; index < accounted.signalStatements.size(); ++index) {
+            LookAtSignal(database.signals[index], accounted.signalStatements[index]);
         }
-        return std::move(findings_);
+        return std::move(findings);
     }
 
   private:
     void Add(Cause cause, std::uint32_t statement, std::string detail) {
-        const AccountedStatement& at = account_.statements[statement];
-        findings_.push_back({cause, at.line, at.column, std::move(detail)});
+        const AccountedStatement& at = accounted.statements[statement];
+        findings.push_back({cause, at.line, at.column, std::move(detail)});
     }
 
     void LookAtAttribute(const AccountedStatement& statement) {
@@ -56,8 +56,8 @@ class Finder {
         }
         const KeptAttribute* const attribute = FindKeptAttribute(AttributeName(statement.text));
         if (attribute != nullptr && !attribute->isWritten) {
-            findings_.push_back({Cause::AttributeNotWritten, statement.line, statement.column,
-                                 std::string(attribute->name)});
+            findings.push_back({Cause::AttributeNotWritten, statement.line, statement.column,
+                                std::string(attribute->name)});
         }
     }
 
@@ -72,11 +72,11 @@ class Finder {
             Add(Cause::PlaceholderNode, statement, "no receivers");
         }
         // Where the unit is what was changed of the statement, its cause says so.
-        if (snapshot_.Text(signal.unit) != snapshot_.Text(signal.unitUtf8) &&
-            account_.statements[statement].cause != Cause::UnitFolded) {
+        if (database.Text(signal.unit) != database.Text(signal.unitUtf8) &&
+            accounted.statements[statement].cause != Cause::UnitFolded) {
             Add(Cause::UnitWrittenInAscii, statement,
-                fmt::format("\"{}\" is written as \"{}\"", snapshot_.Text(signal.unitUtf8),
-                            snapshot_.Text(signal.unit)));
+                fmt::format("\"{}\" is written as \"{}\"", database.Text(signal.unitUtf8),
+                            database.Text(signal.unit)));
         }
         const bool isFloat = signal.valueType == ValueFloat32 || signal.valueType == ValueFloat64;
         if (isFloat && signal.descriptionCount != 0) {
@@ -85,9 +85,9 @@ class Finder {
         }
     }
 
-    const Account& account_;
-    const Snapshot& snapshot_;
-    std::vector<Finding> findings_;
+    const Account& accounted;
+    const Snapshot& database;
+    std::vector<Finding> findings;
 };
 
 }  // namespace

@@ -20,15 +20,15 @@ namespace {
 class Checker {
   public:
     explicit Checker(const CheckOptions& options)
-        : options_(options), view_{options.all, !options.json && WantsColour()} {
+        : settings(options), viewOptions{options.all, !options.json && WantsColour()} {
         if (options.json) {
-            json_.emplace(std::cout, view_);
+            json.emplace(std::cout, viewOptions);
         }
     }
 
     ExitCode Run() {
         std::vector<std::string> files;
-        for (const std::string& path : options_.files) {
+        for (const std::string& path : settings.files) {
             AddFiles(path, files);
         }
         Progress progress(std::cerr, files.size(), IsTerminal(StandardErrorStream));
@@ -38,13 +38,13 @@ class Checker {
             if (result == ExitUsage) {
                 return result;
             }
-            worst_ = std::max(worst_, result);
+            worst = std::max(worst, result);
         }
         progress.Clear();
-        if (json_) {
-            json_->Finish();
+        if (json) {
+            json->Finish();
         }
-        return worst_;
+        return worst;
     }
 
   private:
@@ -64,14 +64,14 @@ class Checker {
 
     void Fail(const std::string& path, const std::string& reason) {
         PrintFileError("read", path, reason);
-        if (json_) {
-            json_->AddFailure(path, reason);
+        if (json) {
+            json->AddFailure(path, reason);
         }
-        worst_ = ExitCannotRead;
+        worst = ExitCannotRead;
     }
 
     ExitCode CheckFile(const std::string& path, Progress& progress) {
-        SourceInput input{path, options_.from, {}};
+        SourceInput input{path, settings.from, {}};
         std::optional<ExitCode> failure = LoadSource(input);
         const SourceText source(std::move(input.file.bytes));
         if (!failure) {
@@ -79,31 +79,31 @@ class Checker {
         }
         progress.Clear();
         if (failure) {
-            if (json_) {
-                json_->AddFailure(path, "the file cannot be read");
+            if (json) {
+                json->AddFailure(path, "the file cannot be read");
             }
             return *failure;
         }
         const Snapshot snapshot = TakeSnapshot();
         const Account account = MakeAccount(source, snapshot);
         const std::vector<Finding> layout =
-            options_.layout ? FindLayoutFaults(account, snapshot) : std::vector<Finding>();
+            settings.layout ? FindLayoutFaults(account, snapshot) : std::vector<Finding>();
         Print({path, account, layout});
         return ResultOf(account, layout);
     }
 
     void Print(const CheckReport& report) {
-        if (json_) {
-            json_->Add(report);
+        if (json) {
+            json->Add(report);
             return;
         }
-        std::cout << (isFirst_ ? "" : "\n");
-        isFirst_ = false;
-        PrintText(std::cout, report, view_);
+        std::cout << (isFirst ? "" : "\n");
+        isFirst = false;
+        PrintText(std::cout, report, viewOptions);
     }
 
     bool IsFinding(Cause cause) const {
-        const std::vector<Fate>& fates = options_.failOn;
+        const std::vector<Fate>& fates = settings.failOn;
         return std::find(fates.begin(), fates.end(), FateOf(cause)) != fates.end();
     }
 
@@ -122,11 +122,11 @@ class Checker {
                                                                                    : ExitSuccess;
     }
 
-    const CheckOptions& options_;
-    CheckView view_;
-    std::optional<JsonReport> json_;
-    bool isFirst_ = true;
-    ExitCode worst_ = ExitSuccess;
+    const CheckOptions& settings;
+    CheckView viewOptions;
+    std::optional<JsonReport> json;
+    bool isFirst = true;
+    ExitCode worst = ExitSuccess;
 };
 
 }  // namespace

@@ -11,10 +11,10 @@ struct FoundKeyword {
     std::size_t end = 0;
 };
 
-// The lines that were taken in and not yet given out are text_[begin_, end_).
+// The lines that were taken in and not yet given out are whole[bufferBegin, bufferEnd).
 class Cutter {
   public:
-    explicit Cutter(std::string_view text) : text_(text) {}
+    explicit Cutter(std::string_view text) : whole(text) {}
 
     std::vector<LibraryStatement> Run() {
         std::vector<LibraryStatement> statements;
@@ -26,28 +26,28 @@ class Cutter {
 
   private:
     bool ReadLine() {
-        if (end_ >= text_.size()) {
-            atEnd_ = true;
+        if (bufferEnd >= whole.size()) {
+            atEnd = true;
             return false;
         }
-        const std::size_t lineFeed = text_.find('\n', end_);
-        end_ = lineFeed == std::string_view::npos ? text_.size() : lineFeed + 1;
-        ++lines_;
+        const std::size_t lineFeed = whole.find('\n', bufferEnd);
+        bufferEnd = lineFeed == std::string_view::npos ? whole.size() : lineFeed + 1;
+        ++lineCount;
         return true;
     }
 
     // The first keyword from a position on that is a word of its own.
     FoundKeyword Find(std::size_t from) const {
         std::size_t at = from;
-        while (at < end_) {
-            while (at < end_ && IsSpace(text_[at])) {
+        while (at < bufferEnd) {
+            while (at < bufferEnd && IsSpace(whole[at])) {
                 ++at;
             }
             const std::size_t begin = at;
-            while (at < end_ && !IsSpace(text_[at])) {
+            while (at < bufferEnd && !IsSpace(whole[at])) {
                 ++at;
             }
-            if (const KeywordRow* row = FindKeyword(text_.substr(begin, at - begin))) {
+            if (const KeywordRow* row = FindKeyword(whole.substr(begin, at - begin))) {
                 return {row, begin, at};
             }
         }
@@ -56,63 +56,65 @@ class Cutter {
 
     // Finds the keyword of the next statement; a line without any is thrown away.
     bool FindStart() {
-        if (atEnd_) {
+        if (atEnd) {
             return false;
         }
-        while (next_.row == nullptr) {
-            begin_ = end_;
+        while (nextKeyword.row == nullptr) {
+            bufferBegin = bufferEnd;
             if (!ReadLine()) {
                 return false;
             }
-            next_ = Find(begin_);
+            nextKeyword = Find(bufferBegin);
         }
         return true;
     }
 
     bool EndsWithSemicolon(std::size_t at) const {
-        while (at > begin_ && IsSpace(text_[at - 1])) {
+        while (at > bufferBegin && IsSpace(whole[at - 1])) {
             --at;
         }
-        return at > begin_ && text_[at - 1] == ';';
+        return at > bufferBegin && whole[at - 1] == ';';
     }
 
     LibraryStatement TakeStatement() {
-        begin_ = next_.begin;
-        const KeywordRow& row = *next_.row;
-        std::size_t scan = next_.end;
+        bufferBegin = nextKeyword.begin;
+        const KeywordRow& row = *nextKeyword.row;
+        std::size_t scan = nextKeyword.end;
         unsigned needed = 1;
         unsigned found = 0;
         for (;;) {
             const FoundKeyword keyword = Find(scan);
             if (keyword.row != nullptr) {
-                next_ = keyword;
+                nextKeyword = keyword;
                 ++found;
                 const bool isText =
                     row.libraryNeedsSemicolon && found == 1 && !EndsWithSemicolon(keyword.begin);
                 needed = isText ? 2 : needed;
                 if (found >= needed) {
-                    return {begin_, keyword.begin, lines_ - 1, row.keyword, false};
+                    return {bufferBegin, keyword.begin, lineCount - 1, row.keyword, false};
                 }
             }
-            scan = end_;
-            const bool isFull = end_ - begin_ + (EndsOpen() ? 1 : 0) > LongestStatement;
-            if (atEnd_ || isFull || !ReadLine()) {
-                const bool overflowed = isFull && !atEnd_;
-                next_ = {};
-                return {begin_, end_, lines_ - 1, row.keyword, overflowed};
+            scan = bufferEnd;
+            const bool isFull = bufferEnd - bufferBegin + (EndsOpen() ? 1 : 0) > LongestStatement;
+            if (atEnd || isFull || !ReadLine()) {
+                const bool overflowed = isFull && !atEnd;
+                nextKeyword = {};
+                return {bufferBegin, bufferEnd, lineCount - 1, row.keyword, overflowed};
             }
         }
     }
 
     // Whether the last line lacks its line feed, which the library adds.
-    bool EndsOpen() const { return end_ == text_.size() && end_ != 0 && text_[end_ - 1] != '\n'; }
+    bool EndsOpen() const {
+        return bufferEnd == whole.size() && bufferEnd != 0 && whole[bufferEnd - 1] != '\n';
+    }
 
-    std::string_view text_;
-    std::size_t begin_ = 0;
-    std::size_t end_ = 0;
-    std::uint32_t lines_ = 0;
-    bool atEnd_ = false;
-    FoundKeyword next_;
+    std::string_view whole;
+    std::size_t bufferBegin = 0;
+    std::size_t bufferEnd = 0;
+    std::uint32_t lineCount = 0;
+    bool atEnd = false;
+    FoundKeyword nextKeyword;
 };
 
 }  // namespace

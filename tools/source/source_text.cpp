@@ -21,18 +21,18 @@ bool IsPlain(char ch) {
 
 }  // namespace
 
-SourceText::SourceText(std::string bytes) : bytes_(std::move(bytes)), size_(bytes_.size()) {
-    if (size_ != 0 && bytes_.back() != '\n') {
-        bytes_ += '\n';
+SourceText::SourceText(std::string bytes) : content(std::move(bytes)), fileSize(content.size()) {
+    if (fileSize != 0 && content.back() != '\n') {
+        content += '\n';
     }
     Clean();
     FindLines();
 }
 
 void SourceText::Clean() {
-    const std::string_view bytes = bytes_;
+    const std::string_view bytes = content;
     std::size_t at = 0;
-    std::size_t copied = 0;  // the bytes up to here are in cleaned_, unless the text is clean
+    std::size_t copied = 0;  // the bytes up to here are in cleaned, unless the text is clean
     while (at < bytes.size()) {
         if (IsPlain(bytes[at])) {
             ++at;
@@ -43,40 +43,40 @@ void SourceText::Clean() {
             at += length;
             continue;
         }
-        if (isClean_) {
-            isClean_ = false;
-            cleaned_.reserve(bytes.size());
+        if (isClean) {
+            isClean = false;
+            cleaned.reserve(bytes.size());
         }
-        cleaned_ += bytes.substr(copied, at - copied);
+        cleaned += bytes.substr(copied, at - copied);
         if (IsRemoved(bytes[at])) {
-            removed_.push_back(at);
+            removed.push_back(at);
         } else {
-            invalid_.push_back(at);
-            cleaned_ += '_';
+            invalid.push_back(at);
+            cleaned += '_';
         }
         copied = ++at;
     }
-    if (!isClean_) {
-        cleaned_ += bytes.substr(copied);
+    if (!isClean) {
+        cleaned += bytes.substr(copied);
     }
 }
 
 void SourceText::FindLines() {
-    lineStarts_.push_back(0);
+    lineStarts.push_back(0);
     std::size_t returns = 0;
     const std::string_view bytes = Bytes();
     for (std::size_t at = 0; at < bytes.size(); ++at) {
         if (bytes[at] == '\n') {
-            lineStarts_.push_back(at + 1);
+            lineStarts.push_back(at + 1);
         } else if (bytes[at] == '\r' && (at + 1 == bytes.size() || bytes[at + 1] != '\n')) {
             ++returns;
         }
     }
-    loneCarriageReturns_ = returns;
-    carriageReturnLines_ = returns != 0 && lineStarts_.size() == 1;
-    for (std::size_t at = 0; carriageReturnLines_ && at < bytes.size(); ++at) {
+    loneCarriageReturns = returns;
+    carriageReturnLines = returns != 0 && lineStarts.size() == 1;
+    for (std::size_t at = 0; carriageReturnLines && at < bytes.size(); ++at) {
         if (bytes[at] == '\r') {
-            lineStarts_.push_back(at + 1);
+            lineStarts.push_back(at + 1);
         }
     }
 }
@@ -84,10 +84,10 @@ void SourceText::FindLines() {
 std::size_t SourceText::ByteOffset(std::size_t textOffset) const {
     // The first removed byte that leaves at least this many bytes before it is too far.
     std::size_t low = 0;
-    std::size_t high = removed_.size();
+    std::size_t high = removed.size();
     while (low < high) {
         const std::size_t middle = low + (high - low) / 2;
-        if (removed_[middle] - middle <= textOffset) {
+        if (removed[middle] - middle <= textOffset) {
             low = middle + 1;
         } else {
             high = middle;
@@ -97,20 +97,20 @@ std::size_t SourceText::ByteOffset(std::size_t textOffset) const {
 }
 
 Place SourceText::PlaceOf(std::size_t byteOffset) const {
-    const auto next = std::upper_bound(lineStarts_.begin(), lineStarts_.end(), byteOffset);
-    return {static_cast<std::uint32_t>(next - lineStarts_.begin()),
+    const auto next = std::upper_bound(lineStarts.begin(), lineStarts.end(), byteOffset);
+    return {static_cast<std::uint32_t>(next - lineStarts.begin()),
             static_cast<std::uint32_t>(byteOffset - *(next - 1) + 1)};
 }
 
 std::size_t SourceText::ByteOrderMarkSize() const {
-    return bytes_.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    return content.starts_with("\xEF\xBB\xBF") ? 3 : 0;
 }
 
 Utf16 SourceText::LooksLikeUtf16() const {
-    if (bytes_.starts_with("\xFF\xFE")) {
+    if (content.starts_with("\xFF\xFE")) {
         return Utf16::LittleEndian;
     }
-    if (bytes_.starts_with("\xFE\xFF")) {
+    if (content.starts_with("\xFE\xFF")) {
         return Utf16::BigEndian;
     }
     constexpr std::size_t Looked = 64;

@@ -29,11 +29,11 @@ class SourceText {
     SourceText& operator=(const SourceText&) = delete;
     ~SourceText() = default;
 
-    std::string_view Bytes() const { return std::string_view(bytes_).substr(0, size_); }
+    std::string_view Bytes() const { return std::string_view(content).substr(0, fileSize); }
 
     // The text as the library sees it: its last line ends, too. All offsets of statements count in
     // it.
-    std::string_view Text() const { return isClean_ ? std::string_view(bytes_) : cleaned_; }
+    std::string_view Text() const { return isClean ? std::string_view(content) : cleaned; }
 
     // Where the byte of the file is that became this byte of the text.
     std::size_t ByteOffset(std::size_t textOffset) const;
@@ -43,8 +43,8 @@ class SourceText {
 
     // The bytes that are not valid UTF-8, and the control characters that the library removes, both
     // as offsets into the file in ascending order.
-    const std::vector<std::size_t>& InvalidBytes() const { return invalid_; }
-    const std::vector<std::size_t>& RemovedBytes() const { return removed_; }
+    const std::vector<std::size_t>& InvalidBytes() const { return invalid; }
+    const std::vector<std::size_t>& RemovedBytes() const { return removed; }
 
     // 3 if the file begins with the byte order mark of UTF-8, else 0.
     std::size_t ByteOrderMarkSize() const;
@@ -53,22 +53,22 @@ class SourceText {
     Utf16 LooksLikeUtf16() const;
 
     // A carriage return without a line feed after it ends a line when the file has no line feed.
-    bool LinesEndWithCarriageReturn() const { return carriageReturnLines_; }
-    std::size_t LoneCarriageReturns() const { return loneCarriageReturns_; }
+    bool LinesEndWithCarriageReturn() const { return carriageReturnLines; }
+    std::size_t LoneCarriageReturns() const { return loneCarriageReturns; }
 
   private:
     void Clean();
     void FindLines();
 
-    std::string bytes_;  // with a line feed at the end, which the file may not have
-    std::size_t size_;   // of the file
-    std::string cleaned_;
-    bool isClean_ = true;
-    bool carriageReturnLines_ = false;
-    std::size_t loneCarriageReturns_ = 0;
-    std::vector<std::size_t> invalid_;
-    std::vector<std::size_t> removed_;
-    std::vector<std::size_t> lineStarts_;
+    std::string content;   // with a line feed at the end, which the file may not have
+    std::size_t fileSize;  // of the file
+    std::string cleaned;
+    bool isClean = true;
+    bool carriageReturnLines = false;
+    std::size_t loneCarriageReturns = 0;
+    std::vector<std::size_t> invalid;
+    std::vector<std::size_t> removed;
+    std::vector<std::size_t> lineStarts;
 };
 
 }  // namespace vexil::tool

@@ -30,47 +30,47 @@ struct Start {
 
 class Scanner {
   public:
-    explicit Scanner(std::string_view text) : text_(text) {
-        at_ = text.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0;
+    explicit Scanner(std::string_view text) : whole(text) {
+        position = text.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0;
     }
 
     std::vector<SourceStatement> Run() {
-        for (SkipSpace(); at_ < text_.size(); SkipSpace()) {
-            statement_ = {};
-            statement_.begin = at_;
-            const Start start = StartAt(at_);
+        for (SkipSpace(); position < whole.size(); SkipSpace()) {
+            current = {};
+            current.begin = position;
+            const Start start = StartAt(position);
             if (start.row == nullptr) {
                 ScanStray();
             } else {
-                statement_.keyword = start.row->keyword;
-                statement_.isGlued = start.isGlued;
-                at_ += start.row->text.size();
+                current.keyword = start.row->keyword;
+                current.isGlued = start.isGlued;
+                position += start.row->text.size();
                 ScanStatement(*start.row);
             }
-            statement_.end = LastEnd();
-            statements_.push_back(statement_);
+            current.end = LastEnd();
+            authored.push_back(current);
         }
-        return std::move(statements_);
+        return std::move(authored);
     }
 
   private:
     void SkipSpace() {
-        while (at_ < text_.size() && IsSpace(text_[at_])) {
-            ++at_;
+        while (position < whole.size() && IsSpace(whole[position])) {
+            ++position;
         }
     }
 
     // Where the statement ends when white space before the present position does not count.
     std::size_t LastEnd() const {
-        std::size_t end = at_;
-        while (end > statement_.begin && IsSpace(text_[end - 1])) {
+        std::size_t end = position;
+        while (end > current.begin && IsSpace(whole[end - 1])) {
             --end;
         }
         return end;
     }
 
     std::size_t WordEnd(std::size_t from) const {
-        while (from < text_.size() && IsWordCharacter(text_[from])) {
+        while (from < whole.size() && IsWordCharacter(whole[from])) {
             ++from;
         }
         return from;
@@ -80,21 +80,21 @@ class Scanner {
     // semicolon directly after some keywords.
     Start StartAt(std::size_t at) const {
         const std::size_t end = WordEnd(at);
-        const KeywordRow* row = FindKeyword(text_.substr(at, end - at));
-        if (row == nullptr || end == text_.size() || IsSpace(text_[end])) {
+        const KeywordRow* row = FindKeyword(whole.substr(at, end - at));
+        if (row == nullptr || end == whole.size() || IsSpace(whole[end])) {
             return {row, false};
         }
-        const char next = text_[end];
+        const char next = whole[end];
         const bool mayTouch = next == ':' || next == '"' || next == ';';
         return mayTouch ? Start{row, true} : Start{};
     }
 
     // Whether the position is the first of its line that is not white space.
     bool BeginsLine(std::size_t at) const {
-        while (at > 0 && (text_[at - 1] == ' ' || text_[at - 1] == '\t')) {
+        while (at > 0 && (whole[at - 1] == ' ' || whole[at - 1] == '\t')) {
             --at;
         }
-        return at == 0 || IsSpace(text_[at - 1]);
+        return at == 0 || IsSpace(whole[at - 1]);
     }
 
     void ScanStatement(const KeywordRow& row) {
@@ -108,37 +108,37 @@ class Scanner {
     // The symbols under NS_: lines of words that are keywords or made like one.
     void ScanSymbols() {
         SkipSpace();
-        if (at_ < text_.size() && text_[at_] == ':') {
-            ++at_;
+        if (position < whole.size() && whole[position] == ':') {
+            ++position;
         }
-        std::size_t end = at_;
+        std::size_t end = position;
         while (TakeLineOfSymbols()) {
-            end = at_;
+            end = position;
         }
-        at_ = end;
+        position = end;
     }
 
     // The next line that is not empty, if it has nothing but symbols. At the colon, what is left of
     // its line.
     bool TakeLineOfSymbols() {
         SkipSpace();
-        if (at_ == text_.size()) {
+        if (position == whole.size()) {
             return false;
         }
-        std::size_t at = at_;
-        while (at < text_.size() && !EndsLine(text_[at])) {
+        std::size_t at = position;
+        while (at < whole.size() && !EndsLine(whole[at])) {
             const std::size_t end = WordEnd(at);
-            if (end < text_.size() && !IsSpace(text_[end])) {
+            if (end < whole.size() && !IsSpace(whole[end])) {
                 return false;
             }
-            if (!IsSymbol(text_.substr(at, end - at))) {
+            if (!IsSymbol(whole.substr(at, end - at))) {
                 return false;
             }
-            for (at = end; at < text_.size() && IsSpace(text_[at]) && !EndsLine(text_[at]);) {
+            for (at = end; at < whole.size() && IsSpace(whole[at]) && !EndsLine(whole[at]);) {
                 ++at;
             }
         }
-        at_ = at;
+        position = at;
         return true;
     }
 
@@ -160,13 +160,13 @@ class Scanner {
     // Text up to the end of the statement. Stops before the next statement.
     void ScanBody(const KeywordRow& row) {
         bool inQuotes = false;
-        while (at_ < text_.size()) {
-            const char ch = text_[at_];
+        while (position < whole.size()) {
+            const char ch = whole[position];
             if (IsPlain(ch)) {
-                ++at_;
+                ++position;
             } else if (IsSpace(ch)) {
                 const bool afterLine = SkipSpaceAndLines();
-                if (at_ < text_.size() && IsNextStatement(row, inQuotes, afterLine)) {
+                if (position < whole.size() && IsNextStatement(row, inQuotes, afterLine)) {
                     break;
                 }
             } else if (ch == ';' && !inQuotes && row.endsWithSemicolon) {
@@ -174,19 +174,19 @@ class Scanner {
                 return;
             } else {
                 inQuotes = inQuotes != (ch == '"');
-                const bool isEscape =
-                    ch == '\\' && inQuotes && at_ + 1 < text_.size() && !IsSpace(text_[at_ + 1]);
-                at_ += isEscape ? 2 : 1;
+                const bool isEscape = ch == '\\' && inQuotes && position + 1 < whole.size() &&
+                                      !IsSpace(whole[position + 1]);
+                position += isEscape ? 2 : 1;
             }
         }
-        statement_.isClosed = IsClosed(row);
+        current.isClosed = IsClosed(row);
     }
 
     // Returns whether a line ended.
     bool SkipSpaceAndLines() {
         bool endsLine = false;
-        for (; at_ < text_.size() && IsSpace(text_[at_]); ++at_) {
-            endsLine = endsLine || EndsLine(text_[at_]);
+        for (; position < whole.size() && IsSpace(whole[position]); ++position) {
+            endsLine = endsLine || EndsLine(whole[position]);
         }
         return endsLine;
     }
@@ -194,16 +194,16 @@ class Scanner {
     // Whether the statement has its semicolon where the scan has not seen it as one, inside quotes
     // that were not closed.
     bool IsClosed(const KeywordRow& row) const {
-        return !row.endsWithSemicolon || text_[LastEnd() - 1] == ';';
+        return !row.endsWithSemicolon || whole[LastEnd() - 1] == ';';
     }
 
     // Takes further semicolons into the statement, which mean nothing.
     void SkipSemicolons() {
-        std::size_t end = ++at_;
-        for (SkipSpace(); at_ < text_.size() && text_[at_] == ';'; SkipSpace()) {
-            end = ++at_;
+        std::size_t end = ++position;
+        for (SkipSpace(); position < whole.size() && whole[position] == ';'; SkipSpace()) {
+            end = ++position;
         }
-        at_ = end;
+        position = end;
     }
 
     // Whether the next statement begins here, at the beginning of a word.
@@ -211,11 +211,11 @@ class Scanner {
         if (!afterLine && (inQuotes || row.endsWithSemicolon)) {
             return false;
         }
-        const char first = text_[at_];
+        const char first = whole[position];
         if (first < 'B' || first > 'V') {
             return false;
         }
-        const Start start = StartAt(at_);
+        const Start start = StartAt(position);
         if (start.row == nullptr || (start.isGlued && !afterLine)) {
             return false;
         }
@@ -231,18 +231,18 @@ class Scanner {
         if (!row.libraryNeedsSemicolon) {
             return false;
         }
-        if (nextQuote_ < at_) {
-            nextQuote_ = at_;
-            while (nextQuote_ < text_.size() && text_[nextQuote_] != '"') {
-                nextQuote_ += text_[nextQuote_] == '\\' ? 2 : 1;
+        if (nextQuote < position) {
+            nextQuote = position;
+            while (nextQuote < whole.size() && whole[nextQuote] != '"') {
+                nextQuote += whole[nextQuote] == '\\' ? 2 : 1;
             }
-            std::size_t after = nextQuote_ + 1;
-            while (after < text_.size() && IsSpace(text_[after])) {
+            std::size_t after = nextQuote + 1;
+            while (after < whole.size() && IsSpace(whole[after])) {
                 ++after;
             }
-            nextQuoteCloses_ = after < text_.size() && text_[after] == ';';
+            nextQuoteCloses = after < whole.size() && whole[after] == ';';
         }
-        return nextQuoteCloses_;
+        return nextQuoteCloses;
     }
 
     // Whether the keyword at the beginning of a line names the owner of a comment or of an
@@ -253,9 +253,9 @@ class Scanner {
         if (!mayOwn || !row.libraryNeedsSemicolon) {
             return false;
         }
-        const std::size_t bodyBegin = statement_.begin + row.text.size();
-        for (std::size_t at = bodyBegin; at < at_; ++at) {
-            if (!IsSpace(text_[at])) {
+        const std::size_t bodyBegin = current.begin + row.text.size();
+        for (std::size_t at = bodyBegin; at < position; ++at) {
+            if (!IsSpace(whole[at])) {
                 return false;
             }
         }
@@ -265,26 +265,26 @@ class Scanner {
     // Text that belongs to no statement, up to the next keyword that is a word of its own or begins
     // a line.
     void ScanStray() {
-        while (at_ < text_.size()) {
-            while (at_ < text_.size() && !IsSpace(text_[at_])) {
-                ++at_;
+        while (position < whole.size()) {
+            while (position < whole.size() && !IsSpace(whole[position])) {
+                ++position;
             }
             SkipSpace();
-            if (at_ < text_.size()) {
-                const Start start = StartAt(at_);
-                if (start.row != nullptr && (!start.isGlued || BeginsLine(at_))) {
+            if (position < whole.size()) {
+                const Start start = StartAt(position);
+                if (start.row != nullptr && (!start.isGlued || BeginsLine(position))) {
                     return;
                 }
             }
         }
     }
 
-    std::string_view text_;
-    std::size_t at_ = 0;
-    std::size_t nextQuote_ = 0;  // as it was looked up last, with what follows it
-    bool nextQuoteCloses_ = false;
-    SourceStatement statement_;
-    std::vector<SourceStatement> statements_;
+    std::string_view whole;
+    std::size_t position = 0;
+    std::size_t nextQuote = 0;  // as it was looked up last, with what follows it
+    bool nextQuoteCloses = false;
+    SourceStatement current;
+    std::vector<SourceStatement> authored;
 };
 
 }  // namespace

@@ -69,38 +69,38 @@ void PrintList(std::ostream& out, const std::vector<Element>& list, Filter isSho
 
 }  // namespace
 
-JsonReport::JsonReport(std::ostream& out, const CheckView& view) : out_(out), view_(view) {
-    out_ << "{\"files\": [";
+JsonReport::JsonReport(std::ostream& out, const CheckView& view) : stream(out), viewOptions(view) {
+    stream << "{\"files\": [";
 }
 
 void JsonReport::BeginFile(std::string_view name) {
-    out_ << (isFirst_ ? "\n" : ",\n") << "{\"file\": " << Dump(Json(name));
-    isFirst_ = false;
+    stream << (isFirst ? "\n" : ",\n") << "{\"file\": " << Dump(Json(name));
+    isFirst = false;
 }
 
 void JsonReport::Add(const CheckReport& report) {
     const auto all = [](const auto& /*element*/) { return true; };
     BeginFile(report.name);
-    out_ << ",\n\"counts\": " << Dump(Counts(report.account))
-         << ",\n\"causes\": " << Dump(Causes(report.account)) << ",\n\"findings\": ";
-    PrintList(out_, report.account.fileFindings, all);
-    out_ << ",\n\"layout\": ";
-    PrintList(out_, report.layoutFindings, all);
-    out_ << ",\n\"statements\": ";
-    PrintList(out_, report.account.statements, [this](const AccountedStatement& each) {
+    stream << ",\n\"counts\": " << Dump(Counts(report.account))
+           << ",\n\"causes\": " << Dump(Causes(report.account)) << ",\n\"findings\": ";
+    PrintList(stream, report.account.fileFindings, all);
+    stream << ",\n\"layout\": ";
+    PrintList(stream, report.layoutFindings, all);
+    stream << ",\n\"statements\": ";
+    PrintList(stream, report.account.statements, [this](const AccountedStatement& each) {
         const Fate fate = FateOf(each.cause);
-        return view_.all || (fate != Fate::Kept && fate != Fate::Ignored);
+        return viewOptions.all || (fate != Fate::Kept && fate != Fate::Ignored);
     });
-    out_ << '}';
+    stream << '}';
 }
 
 void JsonReport::AddFailure(std::string_view name, std::string_view reason) {
     BeginFile(name);
-    out_ << ", \"error\": " << Dump(Json(reason)) << '}';
+    stream << ", \"error\": " << Dump(Json(reason)) << '}';
 }
 
 void JsonReport::Finish() {
-    out_ << "\n]}\n";
+    stream << "\n]}\n";
 }
 
 }  // namespace vexil::tool

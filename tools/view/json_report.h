@@ -24,9 +24,9 @@ class JsonReport {
   private:
     void BeginFile(std::string_view name);
 
-    std::ostream& out_;
-    CheckView view_;
-    bool isFirst_ = true;
+    std::ostream& stream;
+    CheckView viewOptions;
+    bool isFirst = true;
 };
 
 }  // namespace vexil::tool

@@ -14,33 +14,33 @@ class Progress {
     using Clock = std::chrono::steady_clock;
 
     Progress(std::ostream& out, std::size_t files, bool isTerminal)
-        : out_(out), files_(files), isTerminal_(isTerminal), start_(Clock::now()) {}
+        : stream(out), fileCount(files), onTerminal(isTerminal), start(Clock::now()) {}
 
     // The next file is about to be checked. Nothing is shown in the first half second.
     void Show(std::string_view file) {
         constexpr auto Patience = std::chrono::milliseconds(500);
-        ++number_;
-        if (isTerminal_ && files_ > 1 && Clock::now() - start_ > Patience) {
-            out_ << "\r\x1B[K" << number_ << " of " << files_ << ": " << file << std::flush;
-            isShown_ = true;
+        ++number;
+        if (onTerminal && fileCount > 1 && Clock::now() - start > Patience) {
+            stream << "\r\x1B[K" << number << " of " << fileCount << ": " << file << std::flush;
+            isShown = true;
         }
     }
 
     // Takes the line away.
     void Clear() {
-        if (isShown_) {
-            out_ << "\r\x1B[K" << std::flush;
-            isShown_ = false;
+        if (isShown) {
+            stream << "\r\x1B[K" << std::flush;
+            isShown = false;
         }
     }
 
   private:
-    std::ostream& out_;
-    std::size_t files_;
-    bool isTerminal_;
-    Clock::time_point start_;
-    std::size_t number_ = 0;
-    bool isShown_ = false;
+    std::ostream& stream;
+    std::size_t fileCount;
+    bool onTerminal;
+    Clock::time_point start;
+    std::size_t number = 0;
+    bool isShown = false;
 };
 
 }  // namespace vexil::tool

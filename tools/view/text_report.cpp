@@ -43,7 +43,7 @@ Colour ColourOf(Fate fate) {
 class Printer {
   public:
     Printer(std::ostream& out, const CheckReport& report, const CheckView& view)
-        : out_(out), report_(report), view_(view) {}
+        : stream(out), checkReport(report), viewOptions(view) {}
 
     void Run() {
         PrintSummary();
@@ -56,10 +56,10 @@ class Printer {
 
   private:
     void PrintSummary() {
-        const auto counts = report_.account.CountsByFate();
-        const std::size_t total = report_.account.statements.size();
+        const auto counts = checkReport.account.CountsByFate();
+        const std::size_t total = checkReport.account.statements.size();
         std::string line =
-            fmt::format("{}: {} statement{}", report_.name, total, total == 1 ? "" : "s");
+            fmt::format("{}: {} statement{}", checkReport.name, total, total == 1 ? "" : "s");
         std::string_view separator = ": ";
         for (const Fate fate : AllFates) {
             const std::size_t count = counts[static_cast<std::size_t>(fate)];
@@ -69,20 +69,21 @@ class Printer {
                 separator = ", ";
             }
         }
-        out_ << line << '\n';
+        stream << line << '\n';
     }
 
     // What is shown of the statements and of the file. The statements that were kept or ignored are
     // shown only on request.
     std::map<Cause, std::vector<Place>> PlacesByCause() const {
         std::map<Cause, std::vector<Place>> places;
-        for (const AccountedStatement& each : report_.account.statements) {
+        for (const AccountedStatement& each : checkReport.account.statements) {
             const Fate fate = FateOf(each.cause);
-            if (view_.all || (fate != Fate::Kept && fate != Fate::Ignored)) {
+            if (viewOptions.all || (fate != Fate::Kept && fate != Fate::Ignored)) {
                 places[each.cause].push_back({each.line, each.column, each.text, each.detail});
             }
         }
-        for (const auto* findings : {&report_.account.fileFindings, &report_.layoutFindings}) {
+        for (const auto* findings :
+             {&checkReport.account.fileFindings, &checkReport.layoutFindings}) {
             for (const Finding& each : *findings) {
                 places[each.cause].push_back({each.line, each.column, {}, each.detail});
             }
@@ -95,15 +96,16 @@ class Printer {
         const std::string head = row.scope == Scope::Statement
                                      ? fmt::format("{}, {}", NameOf(row.fate), row.name)
                                      : std::string(row.name);
-        out_ << '\n'
-             << Coloured(head, ColourOf(row.fate)) << ": " << places.size() << " - " << row.summary
-             << '\n';
-        const std::size_t shown = view_.all ? places.size() : std::min(places.size(), MostPlaces);
+        stream << '\n'
+               << Coloured(head, ColourOf(row.fate)) << ": " << places.size() << " - "
+               << row.summary << '\n';
+        const std::size_t shown =
+            viewOptions.all ? places.size() : std::min(places.size(), MostPlaces);
         for (std::size_t index = 0; index < shown; ++index) {
             PrintPlace(places[index]);
         }
         if (shown != places.size()) {
-            out_ << "  and " << places.size() - shown << " more; --all lists them\n";
+            stream << "  and " << places.size() - shown << " more; --all lists them\n";
         }
     }
 
@@ -118,27 +120,27 @@ class Printer {
             line += place.detail;
         }
         if (!place.detail.empty() || place.line != 0) {
-            out_ << line << '\n';
+            stream << line << '\n';
         }
     }
 
     // By kind, and by name where the detail is one.
     void PrintIgnored() {
         std::map<Cause, std::map<std::string_view, std::size_t>> kinds;
-        for (const AccountedStatement& each : report_.account.statements) {
+        for (const AccountedStatement& each : checkReport.account.statements) {
             if (FateOf(each.cause) == Fate::Ignored) {
                 ++kinds[each.cause][each.detail];
             }
         }
         if (!kinds.empty()) {
-            out_ << "\nignored, since it is never kept:\n";
+            stream << "\nignored, since it is never kept:\n";
         }
         for (const auto& [cause, names] : kinds) {
             std::size_t total = 0;
             for (const auto& [name, count] : names) {
                 total += count;
             }
-            out_ << "  " << total << ' ' << NameOf(cause) << NamesOf(names) << '\n';
+            stream << "  " << total << ' ' << NameOf(cause) << NamesOf(names) << '\n';
         }
     }
 
@@ -153,7 +155,7 @@ class Printer {
             if (name.empty()) {
                 continue;
             }
-            if (shown == MostNames && !view_.all) {
+            if (shown == MostNames && !viewOptions.all) {
                 return line + fmt::format(" and {} more names", sorted.size() - shown);
             }
             line += fmt::format("{}{} {}", shown == 0 ? ": " : ", ", Shown(name), count);
@@ -163,12 +165,12 @@ class Printer {
     }
 
     std::string Coloured(std::string_view text, Colour colour) const {
-        return view_.colour ? InColour(text, colour) : std::string(text);
+        return viewOptions.colour ? InColour(text, colour) : std::string(text);
     }
 
-    std::ostream& out_;
-    const CheckReport& report_;
-    const CheckView& view_;
+    std::ostream& stream;
+    const CheckReport& checkReport;
+    const CheckView& viewOptions;
 };
 
 }  // namespace
