@@ -45,22 +45,21 @@ ProcessCost RunProcess(std::vector<std::string> command) {
         arguments.push_back(argument.data());
     }
     arguments.push_back(nullptr);
-    ProcessCost cost;
-    cost.seconds = Seconds([&] {
-        const pid_t child = fork();
-        if (child == 0) {
-            dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
-            execv(arguments.front(), arguments.data());
-            _exit(127);
-        }
-        int status = 0;
-        rusage usage{};
-        Check(child > 0 && wait4(child, &status, 0, &usage) == child, "no process was started");
-        Check(WIFEXITED(status), "a process was ended by a signal");
-        cost.exitCode = WEXITSTATUS(status);
-        cost.peakMemory = static_cast<std::uint64_t>(usage.ru_maxrss) * 1024;
-    });
-    return cost;
+    const pid_t child = fork();
+    if (child == 0) {
+        dup2(open("/dev/null", O_WRONLY), STDOUT_FILENO);
+        execv(arguments.front(), arguments.data());
+        _exit(127);
+    }
+    int status = 0;
+    rusage usage{};
+    Check(child > 0 && wait4(child, &status, 0, &usage) == child, "no process was started");
+    Check(WIFEXITED(status), "a process was ended by a signal");
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+    };
+    return {seconds(usage.ru_utime) + seconds(usage.ru_stime),
+            static_cast<std::uint64_t>(usage.ru_maxrss) * 1024, WEXITSTATUS(status)};
 }
 
 }  // namespace vexil::bench

@@ -21,7 +21,7 @@ double Median(std::vector<double> values);
 std::uint64_t PeakMemory();
 
 struct ProcessCost {
-    double seconds = 0;
+    double seconds = 0;  // of the processor, for the program and for the system on its behalf
     std::uint64_t peakMemory = 0;  // of all that the process had in memory, its program included
     int exitCode = 0;
 };

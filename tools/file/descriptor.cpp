@@ -47,11 +47,14 @@ std::error_code LastError() {
 }
 
 std::error_code ReadAll(int descriptor, std::string& bytes) {
+    constexpr std::size_t LeastRoom = std::size_t{64} * 1024;
     std::size_t size = bytes.size();
     for (;;) {
-        // Doubling keeps the copies proportional to the size of the file.
+        // The room that the caller has reserved comes first. After it, doubling keeps the copies
+        // proportional to the size of the file.
         if (size == bytes.size()) {
-            bytes.resize(std::max(2 * size, std::size_t{64} * 1024));
+            bytes.resize(size < bytes.capacity() ? bytes.capacity()
+                                                 : std::max(2 * size, LeastRoom));
         }
         const unsigned room = TransferSize(bytes.size() - size);
         const std::ptrdiff_t count =

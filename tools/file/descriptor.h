@@ -38,7 +38,8 @@ class Descriptor {
 // The error of the last call to the system.
 std::error_code LastError();
 
-// Reads from the current position to the end of the file and appends the bytes.
+// Reads from the current position to the end of the file and appends the bytes. A caller that knows
+// the size reserves one byte more, so that the end is found without a copy.
 std::error_code ReadAll(int descriptor, std::string& bytes);
 
 // Writes all bytes at the current position. On an error some of them may have been written.

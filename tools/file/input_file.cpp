@@ -25,6 +25,9 @@ std::error_code Open(const std::string& path, InputFile& input) {
     }
     struct stat status {};
     input.isPlain = fstat(input.file.Value(), &status) == 0 && S_ISREG(status.st_mode);
+    if (input.isPlain) {
+        input.bytes.reserve(static_cast<std::size_t>(status.st_size) + 1);
+    }
     return {};
 }
 
