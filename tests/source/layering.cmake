@@ -68,6 +68,33 @@ function(check_guest_include file include)
     set(wrong "${wrong}" PARENT_SCOPE)
 endfunction()
 
+# The layers of the tool, which are folders of tools. Views know no files, the account knows no output.
+set(may_tool_file file)
+set(may_tool_source source)
+set(may_tool_database database)
+set(may_tool_account source database account)
+set(may_tool_view account view)
+set(may_tool_commands file source database account view commands exit_code)
+set(output_headers <cstdio> <fstream> <iostream> <ostream>)
+set(file_headers <cstdio> <fcntl.h> <filesystem> <fstream> <unistd.h>)
+
+# A guest with layers. Its files at the top, such as main.cpp, may include everything.
+function(check_tool_include file include)
+    check_guest_include("${file}" "${include}")
+    if(NOT wrong AND file MATCHES "^tools/([a-z]+)/")
+        set(layer "${CMAKE_MATCH_1}")
+        if(include MATCHES "^\"([a-z_]+)[/.]" AND NOT CMAKE_MATCH_1 IN_LIST may_tool_${layer})
+            list(JOIN may_tool_${layer} ", " allowed)
+            set(wrong "goes against the layers: ${layer} may include ${allowed}")
+        elseif(include IN_LIST output_headers AND layer MATCHES "^(source|database|account)$")
+            set(wrong "puts out: ${layer} only returns")
+        elseif(include IN_LIST file_headers AND layer STREQUAL "view")
+            set(wrong "opens files: a view has text alone")
+        endif()
+    endif()
+    set(wrong "${wrong}" PARENT_SCOPE)
+endfunction()
+
 # And for the public headers, which a host may copy: vexil64.h alone, the others together with it.
 function(check_header_include file include)
     set(wrong "")
@@ -105,6 +132,7 @@ endmacro()
 
 check_folders(check_src_include src)
 check_folders(check_header_include include)
-check_folders(check_guest_include tools examples bench
+check_folders(check_tool_include tools)
+check_folders(check_guest_include examples bench
     tests/abi tests/api tests/corpus tests/docs tests/golden tests/headers tests/install tests/tool)
 end_check()

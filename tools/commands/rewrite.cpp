@@ -2,14 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "commands/rewrite.h"
 
-#include <vexil64.h>
-
 #include <iostream>
 #include <optional>
 
 #include "account/rewrite_summary.h"
 #include "commands/source_input.h"
-#include "database/result_words.h"
+#include "database/database_file.h"
 #include "file/private_file.h"
 #include "file/saved_file.h"
 #include "file/standard_streams.h"
@@ -27,18 +25,16 @@ std::optional<ExitCode> WriteText(const RewriteOptions& options, std::string& te
         PrintFileError("write a copy of", options.output, error.message());
         return ExitCannotWrite;
     }
-    std::uint32_t resultCode = 0;
-    const auto size = static_cast<std::uint32_t>(file.Path().size() + 1);
-    const bool isWritten =
-        VexilWriteDbcFile(file.Path().c_str(), size, options.order, &resultCode) != 0;
-    if (!isWritten && resultCode == StateClosed) {
-        PrintFileError("rewrite", options.input, WriteFailure(resultCode));
-        return ExitCannotRead;
-    }
-    // A success with another code means that the last line failed.
-    if (resultCode != StateClosed) {
-        PrintFileError("write a copy of", options.output, WriteFailure(resultCode));
-        return ExitCannotWrite;
+    std::string_view reason;
+    switch (WriteDatabase(file.Path(), options.order, reason)) {
+        case WriteResult::Done:
+            break;
+        case WriteResult::NoMessage:
+            PrintFileError("rewrite", options.input, reason);
+            return ExitCannotRead;
+        case WriteResult::Failed:
+            PrintFileError("write a copy of", options.output, reason);
+            return ExitCannotWrite;
     }
     error = file.Read(text);
     if (error) {
@@ -96,6 +92,8 @@ ExitCode Rewrite(const RewriteOptions& options) {
     }
     const RewriteSummary summary = SummarizeRewrite(account, findings, text);
     const bool isHeld = NeedsAcceptance(options, summary, input.file);
+    // Windows replaces no file that is open.
+    static_cast<void>(input.file.file.Close());
     if (!isHeld && !options.dryRun) {
         if (const auto failure = Save(options, text)) {
             return *failure;

@@ -2,12 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "commands/source_input.h"
 
-#include <vexil64.h>
-
 #include <algorithm>
 #include <iostream>
 
-#include "database/result_words.h"
+#include "database/database_file.h"
 #include "file/private_file.h"
 #include "file/transcode.h"
 
@@ -47,17 +45,6 @@ std::optional<ExitCode> MakeUtf8(SourceInput& input) {
     return ExitUsage;
 }
 
-// Returns why the library did not read the file to its end; empty if it did.
-std::string_view ReadIntoDatabase(const std::string& path) {
-    // The bus type would outlive the read of another file.
-    const DatabaseInfo none{};
-    VexilSetDatabaseInfo(&none, sizeof none);
-    std::uint32_t resultCode = 0;
-    const auto size = static_cast<std::uint32_t>(path.size() + 1);
-    const bool isRead = VexilReadDbcFile(path.c_str(), size, &resultCode) != 0;
-    return isRead && resultCode == StateClosed ? std::string_view() : ReadFailure(resultCode);
-}
-
 }  // namespace
 
 std::optional<ExitCode> LoadSource(SourceInput& input) {
@@ -78,7 +65,7 @@ std::optional<ExitCode> LoadDatabase(const SourceInput& input, std::string_view 
         }
         path = copy.Path();
     }
-    const std::string_view reason = ReadIntoDatabase(path);
+    const std::string_view reason = ReadDatabase(path);
     if (reason.empty()) {
         return std::nullopt;
     }
