@@ -53,7 +53,7 @@ const std::array<CauseRow, OtherCount> OtherRows = {{
      " SG_ SpeedOfTheRearWheelInTheMidB : 16|8@1+ (1,0) [0|9] \"\" Dash\n"
      " SG_ SpeedOfTheRearWheelInTheMidB : 24|8@1+ (1,0) [0|9] \"\" Dash\n"},
     {Cause::CommentsDouble, Scope::File, Fate::Changed, "comments-double",
-     "owners that share an id and a name have comments, which double with each round trip",
+     "comments or descriptions of owners with one id and one name double with each round trip",
      "Give each message its own id.",
      "BO_ 1 Engine: 8 ECU\n"
      "BO_ 1 Door: 8 ECU\n"

@@ -116,6 +116,11 @@ class Finder {
         LookAtSignalComments(two, signals->second);
     }
 
+    // What is joined where statements reach several owners.
+    static bool HasTexts(const SignalFacts& facts) {
+        return facts.comment.size != 0 || facts.descriptionCount != 0;
+    }
+
     // Looks the signals of a message up among those of earlier messages with its id, and adds them.
     void LookAtSignalComments(const MessageFacts& message, SignalsByName& signals) {
         for (std::uint32_t index = 0; index < message.signalCount; ++index) {
@@ -125,8 +130,7 @@ class Finder {
             const auto [same, isNew] =
                 signals.try_emplace(name, Named{message.firstSignal, signal});
             if (!isNew && same->second.firstSignal != message.firstSignal &&
-                (facts.comment.size != 0 ||
-                 database.signals[same->second.signal].comment.size != 0)) {
+                (HasTexts(facts) || HasTexts(database.signals[same->second.signal]))) {
                 AddAt(Cause::CommentsDouble, SignalStatement(signal),
                       fmt::format("signal {} of message {}", name, message.id));
             }
