@@ -1,5 +1,6 @@
 // A view that opens files.
-#include "account/account.h"
-#include "file/file.h"
 #include <fstream>
 #include <ostream>
+
+#include "account/account.h"
+#include "file/file.h"
