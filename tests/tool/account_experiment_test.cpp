@@ -2,7 +2,7 @@
 // out of the file, or replaced by an empty one, and every record stays as it was; a statement that
 // it calls kept cannot. The exceptions are listed with their reasons in experiment.cpp.
 //
-//   VEXIL64_EXPERIMENTS  how many random files to try (default: 400)
+//   VEXIL64_EXPERIMENTS  how many random files to try (default: 1000)
 //   VEXIL64_CORPUS       a folder of real files
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
@@ -86,7 +86,7 @@ class AccountExperiment : public testing::Test {
     }
 
     static unsigned Experiments() {
-        constexpr unsigned Usual = 400;
+        constexpr unsigned Usual = 1000;
         const char* const asked = std::getenv("VEXIL64_EXPERIMENTS");
         return asked == nullptr ? Usual : static_cast<unsigned>(std::strtoul(asked, nullptr, 10));
     }

@@ -8,6 +8,7 @@
 #include <bit>
 #include <sstream>
 
+#include "account/attribute_tokens.h"
 #include "database/database_file.h"
 #include "source/library_cut.h"
 
@@ -168,28 +169,37 @@ class Exceptions {
                accounted.statements[index].keyword.starts_with("BA_");
     }
 
-    // The statement without its last word.
-    static std::string_view Front(std::string_view text) {
-        text = text.substr(0, text.find_last_not_of(" ;\n\r\t") + 1);
-        return text.substr(0, text.find_last_of(" \n\r\t"));
-    }
-
-    static std::string_view AttributeOf(std::string_view text) {
-        const std::size_t open = text.find('"');
-        return open == std::string_view::npos ? std::string_view()
-                                              : text.substr(open, text.find('"', open + 1) - open);
+    // What a statement is about: the attribute of the owner, without the value. The words of the
+    // library count, which may go on after a semicolon.
+    std::string SubjectOf(std::size_t index) const {
+        const tool::LibraryStatement* const cut = CutAround(BeginOf(index));
+        if (cut == nullptr || cut->begin != BeginOf(index)) {
+            return {};
+        }
+        const auto tokens = tool::SplitAttribute(whole.substr(cut->begin, cut->end - cut->begin));
+        const std::string_view owner = tokens.size() > 2 ? std::string_view(tokens[2].text) : "";
+        const bool isValue = cut->keyword == tool::Keyword::Ba;
+        const std::size_t words = cut->keyword == tool::Keyword::SigValtype ? 3
+                                  : isValue && owner == "SG_"               ? 5
+                                  : isValue && owner == "BO_"               ? 4
+                                                                            : 2;
+        std::string subject;
+        for (std::size_t word = 1; word < tokens.size(); ++word) {
+            const bool isName = tokens[word].tokenClass == tool::TokenClass::QuotedString;
+            const bool isDefinition = !isValue && cut->keyword != tool::Keyword::SigValtype;
+            if (isDefinition ? isName && subject.empty() : word < words) {
+                subject += tokens[word].text + " ";
+            }
+        }
+        return subject;
     }
 
     bool HasTwin(std::size_t index) const {
-        const tool::AccountedStatement& one = accounted.statements[index];
-        const bool isValue = one.keyword == "BA_" || one.keyword == "SIG_VALTYPE_";
+        const std::string subject = SubjectOf(index);
         for (std::size_t other = 0; other < accounted.statements.size(); ++other) {
-            const tool::AccountedStatement& each = accounted.statements[other];
-            if (other == index || each.keyword != one.keyword) {
-                continue;
-            }
-            if (isValue ? Front(each.text) == Front(one.text)
-                        : AttributeOf(each.text) == AttributeOf(one.text)) {
+            if (other != index &&
+                accounted.statements[other].keyword == accounted.statements[index].keyword &&
+                SubjectOf(other) == subject) {
                 return true;
             }
         }

@@ -61,6 +61,7 @@ TEST(SourceText, CountsCarriageReturnsAsLinesWhereThereIsNoLineFeed) {
 TEST(SourceText, RecognisesAByteOrderMark) {
     EXPECT_EQ(SourceText("\xEF\xBB\xBFx").ByteOrderMarkSize(), 3U);
     EXPECT_EQ(SourceText("x\xEF\xBB\xBF").ByteOrderMarkSize(), 0U);
+    EXPECT_EQ(SourceText("\x10\xEF\xBB\xBFx").ByteOrderMarkSize(), 3U);  // what the library sees
 }
 
 TEST(SourceText, RecognisesUtf16) {

@@ -60,11 +60,12 @@ const KeywordRow* FindKeyword(std::string_view word) {
         return nullptr;
     }
     // Few words get beyond the first two letters.
-    const auto row = std::find_if(Rows.begin() + 1, Rows.end(), [word](const KeywordRow& each) {
-        return each.text.size() == word.size() && each.text[0] == word[0] &&
-               each.text[1] == word[1] && each.text == word;
-    });
-    return row == Rows.end() ? nullptr : &*row;
+    const auto* const row =
+        std::find_if(Rows.begin() + 1, Rows.end(), [word](const KeywordRow& each) {
+            return each.text.size() == word.size() && each.text[0] == word[0] &&
+                   each.text[1] == word[1] && each.text == word;
+        });
+    return row == Rows.end() ? nullptr : row;
 }
 
 const KeywordRow& RowOf(Keyword keyword) {

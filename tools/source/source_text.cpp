@@ -103,7 +103,7 @@ Place SourceText::PlaceOf(std::size_t byteOffset) const {
 }
 
 std::size_t SourceText::ByteOrderMarkSize() const {
-    return content.starts_with("\xEF\xBB\xBF") ? 3 : 0;
+    return Text().starts_with("\xEF\xBB\xBF") ? 3 : 0;
 }
 
 Utf16 SourceText::LooksLikeUtf16() const {

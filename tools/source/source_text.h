@@ -46,7 +46,7 @@ class SourceText {
     const std::vector<std::size_t>& InvalidBytes() const { return invalid; }
     const std::vector<std::size_t>& RemovedBytes() const { return removed; }
 
-    // 3 if the file begins with the byte order mark of UTF-8, else 0.
+    // 3 if the text begins with the byte order mark of UTF-8, else 0.
     std::size_t ByteOrderMarkSize() const;
 
     // Whether the file looks like UTF-16: by its byte order mark, or by a NUL in every other byte.
