@@ -13,8 +13,10 @@ class Progress {
   public:
     using Clock = std::chrono::steady_clock;
 
-    Progress(std::ostream& out, std::size_t files, bool isTerminal)
-        : stream(out), fileCount(files), onTerminal(isTerminal), start(Clock::now()) {}
+    // The work began at startTime.
+    Progress(std::ostream& out, std::size_t files, bool isTerminal,
+             Clock::time_point startTime = Clock::now())
+        : stream(out), fileCount(files), onTerminal(isTerminal), start(startTime) {}
 
     // The next file is about to be checked. Nothing is shown in the first half second.
     void Show(std::string_view file) {
