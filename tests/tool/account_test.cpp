@@ -48,6 +48,16 @@ TEST(Account, TellsARefusedStatementFromAnEqualFrontOnTheSameLine) {
                      "4:6 SG_ signal-after-refused-signal (after SG_ in line 4)"}));
 }
 
+// A parse error has the first 254 bytes of its statement.
+TEST(Account, TellsARefusedStatementFromAnEqualFrontOnAnotherLine) {
+    const std::string signal = " SG_ " + std::string(252, 'S');
+    const Shown account = AccountOf("BO_ 1 A: 8 N\n" + signal + " : 0|8@1+ (1,0) [0|1] \"\" N\n" +
+                                    signal + " : 0|8@2+\n");
+    ASSERT_EQ(account.size(), 3U);
+    EXPECT_TRUE(account[1].starts_with("2:2 SG_ name-cut ")) << account[1];
+    EXPECT_TRUE(account[2].starts_with("3:2 SG_ signal-layout ")) << account[2];
+}
+
 TEST(Account, NamesTheStatementThatSwallowedAnother) {
     EXPECT_EQ(
         AccountOf("BA_ \"BusType\" \"CAN\"\n" + Message),

@@ -183,13 +183,14 @@ Outcome Accountant::ClassifySignalCut(const LibraryStatement& cut, std::string_v
     if (!signalOwner.isOpen) {
         return ClassifyOrphan();
     }
-    if (auto refusal = TakeRefusal(cut, text)) {
-        CloseSignals(Cause::SignalAfterRefusedSignal);
-        return *std::move(refusal);
-    }
     const MessageFacts& message = database.messages[context.owners.MessagesRead() - 1];
     const std::uint32_t signal = context.owners.SignalsRead();
     if (signal == message.firstSignal + message.signalCount) {
+        // None of the message is left: a refused one ends its signals.
+        if (auto refusal = TakeRefusal(cut, text)) {
+            CloseSignals(Cause::SignalAfterRefusedSignal);
+            return *std::move(refusal);
+        }
         return {Cause::Beyond10000Signals, ""};
     }
     std::string_view name;
