@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <filesystem>
 #include <stdexcept>
 #include <string_view>
 
@@ -52,6 +53,13 @@ std::string TextAt(pid_t process, unsigned long long address) {
         }
     }
     return text.data();
+}
+
+bool IsPipe(pid_t process, int descriptor) {
+    std::error_code none;
+    const std::filesystem::path target = std::filesystem::read_symlink(
+        "/proc/" + std::to_string(process) + "/fd/" + std::to_string(descriptor), none);
+    return target.string().starts_with("pipe:");
 }
 
 // Lets the process go on to its next stop. Returns false at its end.
@@ -108,8 +116,9 @@ bool Intruder::IsFirst(pid_t process, const Call& call) const {
 }
 
 // Counts the call. Returns whether it is to fail.
-bool Intruder::Fails(const Call& call) {
-    const bool hasFile = call.Descriptor() > STDERR_FILENO || call.Descriptor() == AT_FDCWD;
+bool Intruder::Fails(pid_t process, const Call& call) {
+    const bool hasFile = call.Descriptor() == AT_FDCWD ||
+                         (call.Descriptor() > STDERR_FILENO && !IsPipe(process, call.Descriptor()));
     const bool isOfAFile =
         call.IsOneOf({SYS_openat, SYS_open}) ||
         (hasFile &&
@@ -133,7 +142,7 @@ bool Intruder::Fails(const Call& call) {
 void Intruder::FollowCall(pid_t process) {
     const Call entry(process);
     isCounting = isCounting || IsFirst(process, entry);
-    const bool fails = isCounting && Fails(entry);
+    const bool fails = isCounting && Fails(process, entry);
     if (fails) {
         Call none = entry;
         none.registers.orig_rax = static_cast<unsigned long long>(-1);

@@ -40,7 +40,7 @@ class Intruder {
     struct Call;
 
     bool IsFirst(pid_t process, const Call& call) const;
-    bool Fails(const Call& call);
+    bool Fails(pid_t process, const Call& call);
     void FollowCall(pid_t process);
 
     std::string first;
