@@ -1,0 +1,38 @@
+# Compiles the tests of Vexil64.cs with mcs and runs them with mono, with the right library, without one,
+# and with one of another version. Without Mono it says so and does nothing.
+#   cmake -DBINDING=... -DTESTS=... -DLIBRARY=... -DOTHER_VERSION=... -DRECORD_LAYOUT=...
+#         -DFRAME_ANSWERS=... -DLAYOUT_FILE=... -DSAMPLES=... -DWORK=... -P csharp_tests.cmake
+cmake_minimum_required(VERSION 3.25)
+include("${CMAKE_CURRENT_LIST_DIR}/mono.cmake")
+require_mono()
+
+file(REMOVE_RECURSE "${WORK}")
+file(MAKE_DIRECTORY "${WORK}/files")
+file(GLOB sources "${TESTS}/*.cs")
+list(LENGTH sources count)
+if(count LESS 5)
+    message(FATAL_ERROR "There are no tests in ${TESTS}")
+endif()
+compile("${WORK}/tests.exe" ${sources} "${BINDING}")
+
+cmake_path(GET LIBRARY PARENT_PATH folder)
+run_mono("${folder}" "${WORK}/tests.exe" "${RECORD_LAYOUT}" "${FRAME_ANSWERS}" "${LAYOUT_FILE}"
+    "${SAMPLES}" "${WORK}/files")
+message("${output}")
+if(NOT result EQUAL 0)
+    message(FATAL_ERROR "The tests failed: ${errors}")
+endif()
+
+# Without arguments it loads the library and prints what is wrong.
+function(expect_refusal folder reason)
+    run_mono("${folder}" "${WORK}/tests.exe")
+    string(FIND "${output}" "LibraryException: ${reason}" at)
+    if(NOT at EQUAL 0)
+        message(FATAL_ERROR "In place of <${reason}> it prints\n${output}${errors}")
+    endif()
+endfunction()
+expect_refusal("" "the vexil64 library was not found. Put vexil64.dll or libvexil64.so beside the program")
+cmake_path(GET OTHER_VERSION PARENT_PATH folder)
+expect_refusal("${folder}" "the library is vexil64 1.32, and this program needs vexil64 1.33")
+file(COPY_FILE "${FRAME_ANSWERS}" "${WORK}/files/libvexil64.so")
+expect_refusal("${WORK}/files" "the vexil64 library was not found")
