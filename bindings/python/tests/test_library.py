@@ -7,6 +7,7 @@ import subprocess
 import sys
 
 import pytest
+from conftest import ROOT
 
 import vexil64
 
@@ -52,7 +53,14 @@ def test_the_library_is_found_by_the_system(tmp_path):
 
 
 def test_importing_needs_no_library():
-    assert run("import vexil64; print(vexil64.__version__)", VEXIL64_LIBRARY="/nowhere.so") == "1.33.0"
+    assert run("import vexil64; print(vexil64.__version__)",
+               VEXIL64_LIBRARY="/nowhere.so") == vexil64.__version__
+
+
+def test_the_package_has_the_version_of_the_project():
+    project = (ROOT / "CMakeLists.txt").read_text()
+    assert f"\n    VERSION {vexil64.__version__}\n" in project
+    assert vexil64.__version__.startswith(vexil64.LIBRARY_VERSION + ".")
 
 
 def test_a_missing_library_is_a_library_error():

@@ -14,7 +14,7 @@ from ._library import LIBRARY_VERSION, load
 from ._model import Message, Signal, StatementError
 from ._network import Network, new, read
 
-__version__ = LIBRARY_VERSION + ".0"
+__version__ = "1.33.0"
 
 __all__ = [
     "Bus", "ByteOrder", "FileError", "FrameError", "FrameResult", "LIBRARY_VERSION", "LibraryError",
