@@ -34,18 +34,19 @@ def signals(library: CDLL, message: int, first: int = 0) -> List[Signal]:
     reference = byref(record)
     fetch = library.VexilGetCanSignalData
     unpack = _NUMBERS.unpack_from
+    make = tuple.__new__  # what Signal(...) calls in the end
     index = first
     while fetch(message, index, reference):
         (multiplex_type, multiplex_value, start_bit, bit_length, byte_order, value_type, factor,
          offset, minimum, maximum, enum_count, start_value, inactive_value) = unpack(
              record, _NUMBERS_AT)
-        found.append(Signal(
+        found.append(make(Signal, (
             record.name.decode(), record.longName.decode(), record.unitUtf8.decode(),
             record.unit.decode(), record.receiverList.decode(), record.comment.decode(),
             multiplex_type, multiplex_value, start_bit, bit_length, byte_order, value_type, factor,
             offset, minimum, maximum, start_value, inactive_value,
             descriptions(library, message, index, enum_count) if enum_count else {},
-            message, index))
+            message, index)))
         index += 1
     return found
 
