@@ -9,4 +9,4 @@ import sys
 import vexil64
 
 for message, signal in vexil64.read(sys.argv[1]).signals():
-    print(f"{message.name:<12} {signal.name:<15} {signal.bit_length:>2} bits  {signal.unit}")
+    print(f"{message.name:<12} {signal.name:<15} {signal.unit:<4} {signal.bit_length:>2} bits")

@@ -16,10 +16,11 @@ function(compile program)
         COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
-# Runs a program with the folder of a library. Sets result, output and errors.
+# Runs a program in WORK with the folder of a library. Sets result, output and errors.
 #   run_mono(FOLDER PROGRAM ARGUMENT...)
 macro(run_mono folder)
     execute_process(
         COMMAND "${CMAKE_COMMAND}" -E env "LD_LIBRARY_PATH=${folder}" LC_ALL=C.UTF-8 "${MONO}" ${ARGN}
+        WORKING_DIRECTORY "${WORK}"
         RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
 endmacro()

@@ -1,10 +1,8 @@
 # Checks the program that a document shows: it is the example that is built, and the output beside it is
 # what that example prints. Both are the first fenced block of their language.
 #   cmake -DROOT=... -DDOCUMENT=... -DLANGUAGE=... -DEXAMPLE=... -DPROGRAM=... -DARGUMENTS=... -DWORK=...
-#         [-DSTART=...] -P shown_program.cmake
-#     PROGRAM    the command, with | between its parts
+#         -P shown_program.cmake
 #     ARGUMENTS  what the program is called with, with | between the arguments; @ROOT@ is replaced
-#     START      the text that the shown part of the example begins with; "#include" without it
 
 cmake_minimum_required(VERSION 3.25)
 
@@ -33,19 +31,15 @@ file(READ "${ROOT}/${DOCUMENT}" document)
 
 # The comment before the example is not shown.
 file(READ "${ROOT}/${EXAMPLE}" example)
-if(NOT START)
-    set(START "#include")
-endif()
-string(FIND "${example}" "${START}" start)
+string(FIND "${example}" "#include" start)
 string(SUBSTRING "${example}" ${start} -1 example)
 first_block(${LANGUAGE} shown)
 expect_same("${shown}" "${example}" "the example")
 
-string(REPLACE "|" ";" PROGRAM "${PROGRAM}")
 string(REPLACE "|" ";" ARGUMENTS "${ARGUMENTS}")
 string(REPLACE "@ROOT@" "${ROOT}" ARGUMENTS "${ARGUMENTS}")
 file(MAKE_DIRECTORY "${WORK}")
-execute_process(COMMAND ${PROGRAM} ${ARGUMENTS}
+execute_process(COMMAND "${PROGRAM}" ${ARGUMENTS}
     WORKING_DIRECTORY "${WORK}" OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
 first_block(text shown)
 expect_same("${shown}" "${output}" "its output")
