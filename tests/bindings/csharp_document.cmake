@@ -4,30 +4,8 @@
 #         -P csharp_document.cmake
 cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/mono.cmake")
+include("${CMAKE_CURRENT_LIST_DIR}/document.cmake")
 require_mono()
-
-# Takes the next fenced block of a language from the document.
-function(take_block language out)
-    string(FIND "${document}" "\n```${language}\n" start)
-    if(start EQUAL -1)
-        message(FATAL_ERROR "${DOCUMENT} has too few ${language} blocks")
-    endif()
-    string(LENGTH "\n```${language}\n" fence)
-    math(EXPR start "${start} + ${fence}")
-    string(SUBSTRING "${document}" ${start} -1 rest)
-    string(FIND "${rest}" "\n```" end)
-    math(EXPR end "${end} + 1")
-    string(SUBSTRING "${rest}" 0 ${end} block)
-    string(SUBSTRING "${rest}" ${end} -1 rest)
-    set(${out} "${block}" PARENT_SCOPE)
-    set(document "\n${rest}" PARENT_SCOPE)
-endfunction()
-
-function(expect_same shown actual)
-    if(NOT shown STREQUAL actual)
-        message(FATAL_ERROR "${DOCUMENT} shows\n${shown}and not\n${actual}")
-    endif()
-endfunction()
 
 file(REMOVE_RECURSE "${WORK}")
 file(MAKE_DIRECTORY "${WORK}")

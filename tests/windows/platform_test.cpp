@@ -87,13 +87,39 @@ TEST_F(Platform, AHexadecimalNumberThatLosesBitsBelowTheNormalOnesIsInRangeOnWin
     EXPECT_EQ(IsFactor("0x1.8p-1074", factor), OnWindows);
     EXPECT_TRUE(IsFactor("0x1p-1074", factor));
     EXPECT_FALSE(IsFactor("0x1p-1075", factor));
+    EXPECT_FALSE(IsFactor("0x0.cp-1074", factor));
 }
 
 TEST_F(Platform, TheNumberInANotANumberIsReadInItsOwnWay) {
-    double factor = 99;
-    EXPECT_TRUE(IsFactor("nan(12)", factor));
-    EXPECT_EQ(std::bit_cast<std::uint64_t>(factor),
-              OnWindows ? 0x7ff0000000000012U : 0x7ff800000000000cU);
+    const auto bitsOf = [&](const std::string& number) {
+        double factor = 99;
+        EXPECT_TRUE(IsFactor(number, factor)) << number;
+        return std::bit_cast<std::uint64_t>(factor);
+    };
+    constexpr std::uint64_t Plain = 0x7ff8000000000000U;
+    EXPECT_EQ(bitsOf("nan(12)"), OnWindows ? 0x7ff0000000000012U : 0x7ff800000000000cU);
+    EXPECT_EQ(bitsOf("nan(12"), OnWindows ? 0x7ff0000000000012U : Plain);
+    EXPECT_EQ(bitsOf("nan(1234567890abcdef1"), OnWindows ? 0x7ff4567890abcdefU : Plain);
+    EXPECT_EQ(bitsOf("nan(1g"), Plain);
+}
+
+TEST_F(Platform, FileNamesFollowTheRulesOfTheSystem) {
+    AppendMessage({.id = 1, .longName = "A"});
+    ASSERT_EQ(Write(folder.File("name.dbc")), Success);
+    const Outcome other = OnWindows ? Success : Outcome{0, StateOpenFailed};
+    EXPECT_EQ(Read(folder.File("NAME.dbc")), other);
+    EXPECT_EQ(Read(folder.File("name.dbc ")), other);
+    EXPECT_EQ(Read(folder.File("name.dbc.")), other);
+    EXPECT_EQ(Read(folder.File("name.dbc . .")), other);
+    EXPECT_EQ(Read(folder.File(".\\name.dbc")), other);
+}
+
+TEST_F(Platform, CharactersThatWindowsForbidsInFileNamesAreOnlyTakenElsewhere) {
+    AppendMessage({.id = 1, .longName = "A"});
+    const Outcome expected = OnWindows ? Outcome{0, StateOpenFailed} : Success;
+    for (const char character : "\"*<>?|\x01\x1f"s) {
+        EXPECT_EQ(Write(folder.File("a"s + character + ".dbc")), expected) << character;
+    }
 }
 
 // The library for Windows has a C++ runtime of its own.
