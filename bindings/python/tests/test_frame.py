@@ -12,6 +12,7 @@ import vexil64
 from vexil64 import FrameError, FrameResult, Multiplex
 
 CASES = 20000
+LARGEST_FLOAT = (2 - 2**-23) * 2.0**127
 NO_TEXT = {field: "" for field in ("name", "long_name", "unit", "ascii_unit", "receivers", "comment")}
 
 
@@ -35,7 +36,8 @@ def any_number(rng):
     return rng.choice([
         rng.uniform(-300, 300), float(rng.randint(-300, 300)), rng.randint(-600, 600) / 2,
         struct.unpack("<d", rng.randbytes(8))[0], 0.0, math.inf, -math.inf, math.nan,
-        2.0**rng.randint(-1074, 1023)])
+        2.0**rng.randint(-1074, 1023),
+        rng.choice([-1, 1]) * rng.choice([LARGEST_FLOAT, math.nextafter(LARGEST_FLOAT, math.inf)])])
 
 
 def any_case(rng):

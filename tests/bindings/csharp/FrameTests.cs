@@ -70,7 +70,7 @@ static class FrameTests
 
     static double AnyNumber(Random random)
     {
-        switch (random.Next(9))
+        switch (random.Next(10))
         {
             case 0: return random.NextDouble() * 600 - 300;
             case 1: return random.Next(-300, 300);
@@ -80,6 +80,7 @@ static class FrameTests
             case 5: return double.PositiveInfinity;
             case 6: return double.NegativeInfinity;
             case 7: return double.NaN;
+            case 8: return OneOf<double>(random, float.MaxValue, -float.MaxValue, float.MaxValue * (1 + 1e-15));
             default: return Math.Pow(2, random.Next(-1074, 1024));
         }
     }
