@@ -5,13 +5,14 @@ import os
 import sys
 import threading
 from ctypes import POINTER, c_char_p, c_float, c_uint8, c_uint32, c_uint64, c_void_p
-from typing import Any, Dict, List, Optional, Tuple
+from typing import Any, Dict, List, Optional, Tuple, Union
 
 from ._errors import LibraryError
 from ._records import CanEnumRecord, CanMessageRecord, CanSignalRecord, ParseError
 
 LIBRARY_VERSION = "1.33"
 ENVIRONMENT_VARIABLE = "VEXIL64_LIBRARY"
+FilePath = Union[str, "os.PathLike[str]"]
 
 # What each function returns, and what it takes. A path is bytes, to which ctypes adds the NUL.
 FUNCTIONS: Dict[str, Tuple[Any, List[Any]]] = {
@@ -81,7 +82,7 @@ def _declare(library: ctypes.CDLL, path: str) -> None:
             f"{path} is vexil64 {version}, and this package needs vexil64 {LIBRARY_VERSION}")
 
 
-def load(path: Optional["os.PathLike[str] | str"] = None) -> ctypes.CDLL:
+def load(path: Optional[FilePath] = None) -> ctypes.CDLL:
     """Loads the library, if that did not happen yet, and returns it with its functions declared.
 
     Without a path it is the one that the environment variable VEXIL64_LIBRARY names, else the one in
@@ -99,5 +100,5 @@ def load(path: Optional["os.PathLike[str] | str"] = None) -> ctypes.CDLL:
         return _loaded
 
 
-def _same_file(a: "os.PathLike[str] | str", b: str) -> bool:
+def _same_file(a: FilePath, b: str) -> bool:
     return os.path.exists(a) and os.path.exists(b) and os.path.samefile(a, b)
