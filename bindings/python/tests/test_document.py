@@ -1,6 +1,7 @@
 """The document and the example: the programs that they show run and print what is shown."""
 # SPDX-License-Identifier: MIT
 import re
+import shutil
 import subprocess
 import sys
 
@@ -12,8 +13,8 @@ DOCUMENT = (ROOT / "docs" / "python.md").read_text(encoding="utf-8")
 EXAMPLE = ROOT / "examples" / "python" / "list_signals.py"
 
 
-def blocks(language):
-    return re.findall(rf"^```{language}\n(.*?)^```$", DOCUMENT, re.DOTALL | re.MULTILINE)
+def blocks(language, document=DOCUMENT):
+    return re.findall(rf"^```{language}\n(.*?)^```$", document, re.DOTALL | re.MULTILINE)
 
 
 def test_shows_the_example():
@@ -24,6 +25,15 @@ def test_shows_what_the_example_prints():
     printed = subprocess.run([sys.executable, EXAMPLE, ROOT / "samples" / "roof.dbc"], check=True,
                              capture_output=True, encoding="utf-8").stdout
     assert blocks("text") == [printed]
+
+
+def test_the_readme_shows_how_to_list_signals(tmp_path, monkeypatch, capsys):
+    shutil.copy(ROOT / "samples" / "roof.dbc", tmp_path / "network.dbc")
+    monkeypatch.chdir(tmp_path)
+    program, = blocks("python", (ROOT / "README.md").read_text(encoding="utf-8"))
+    exec(program, {})
+    assert capsys.readouterr().out == (
+        "DoorStatus DoorOpen \nDoorStatus WindowPosition %\nRoofCommand Move \n")
 
 
 def test_shows_how_to_append_and_write(tmp_path, monkeypatch):
