@@ -23,7 +23,7 @@ file(ARCHIVE_EXTRACT INPUT "${archives}" DESTINATION "${WORK}")
 # The package holds one folder, named as the package.
 string(REGEX REPLACE "\\.(zip|tar\\.gz)$" "" folder "${archives}")
 file(GLOB_RECURSE found RELATIVE "${folder}" "${folder}/*")
-list(FILTER found EXCLUDE REGEX "vexil64Config-[a-z]+\\.cmake$") # named after the configuration
+list(FILTER found EXCLUDE REGEX "vexil64Targets-[a-z]+\\.cmake$") # named after the configuration
 file(STRINGS "${CONTENTS}" expected)
 if(NOT found STREQUAL expected)
     message(FATAL_ERROR "The package holds [${found}] and not [${expected}]")

@@ -5,7 +5,7 @@ cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/source_lines.cmake")
 
 set(most_bytes 65536)
-set(kinds "[.](c|cpp|h|hpp|cs|cmake|py|typed|toml|md|txt|in|json|dict|dbc|gitkeep|gitattributes|gitignore)$")
+set(kinds "[.](c|cpp|h|hpp|cs|cmake|py|bash|typed|toml|md|txt|in|json|dict|dbc|abi|[135]|gitkeep|gitattributes|gitignore)$")
 set(named "(^|/)(LICENSE|[.]editorconfig|[.]clang-format|[.]clang-tidy|[.]ci/run|scripts/[a-z-]+)$")
 # Inputs of the fuzz targets have any name.
 set(inputs "^fuzz/(corpus|regressions)/[a-z]+/[A-Za-z0-9_.]+$")

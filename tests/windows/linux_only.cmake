@@ -8,6 +8,7 @@ set(linux_only_folders
     faults      # stands in for functions of the runtime of Linux, and loads as Linux does
     growth      # counts the steps of the library as it is compiled for Linux
     install     # configures builds for Linux; the package test uses the library for Windows
+    manual      # is about pages and a shell of Linux
     source      # reads the sources, which are the same
     tool)       # starts processes as Linux does; windows.tool runs it with the tool for Windows
 

@@ -1,0 +1,34 @@
+# Installs a build into a folder that has a file and an empty folder already, uninstalls it, and checks
+# that these two are left and nothing else.
+#   cmake -DBUILD=... -DCONFIG=... -DUNINSTALL=... -DWORK=... -P uninstall.cmake
+cmake_minimum_required(VERSION 3.25)
+
+function(run)
+    execute_process(COMMAND ${ARGN} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+function(expect_left expected)
+    file(GLOB_RECURSE left LIST_DIRECTORIES ON RELATIVE "${WORK}" "${WORK}/*")
+    if(NOT left STREQUAL expected)
+        message(FATAL_ERROR "After uninstalling [${left}] is left, and not [${expected}]")
+    endif()
+endfunction()
+
+file(REMOVE_RECURSE "${WORK}")
+file(MAKE_DIRECTORY "${WORK}/usr/share")
+file(WRITE "${WORK}/usr/include/other.h" "")
+# Twice, with the files of the first installation removed as well.
+run("${CMAKE_COMMAND}" --install "${BUILD}" --config "${CONFIG}" --prefix "${WORK}/usr")
+run("${CMAKE_COMMAND}" -E env "DESTDIR=${WORK}/staged"
+    "${CMAKE_COMMAND}" --install "${BUILD}" --config "${CONFIG}" --prefix /usr/local)
+file(GLOB_RECURSE installed "${WORK}/*/vexil64.h")
+list(LENGTH installed count)
+if(NOT count EQUAL 2)
+    message(FATAL_ERROR "The header was installed ${count} times and not twice")
+endif()
+# The target "uninstall" does the same with all that this build folder installed.
+file(STRINGS "${BUILD}/installed.txt" lines)
+list(FILTER lines INCLUDE REGEX "^[a-z]+ ${WORK}/")
+list(JOIN lines "\n" lines)
+file(WRITE "${WORK}.txt" "${lines}\n")
+run("${CMAKE_COMMAND}" "-DLIST=${WORK}.txt" -P "${UNINSTALL}")
+expect_left("usr;usr/include;usr/include/other.h;usr/share")

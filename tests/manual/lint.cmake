@@ -1,0 +1,31 @@
+# Checks the manual pages with mandoc, and that each page that they refer to is there.
+#   cmake -DPAGES=... -P lint.cmake
+cmake_minimum_required(VERSION 3.25)
+
+file(GLOB pages "${PAGES}/*")
+list(LENGTH pages count)
+if(NOT count EQUAL 3)
+    message(FATAL_ERROR "${PAGES} has ${count} pages and not 3")
+endif()
+foreach(page IN LISTS pages)
+    file(READ "${page}" text)
+    string(REGEX MATCHALL "\n[.]Xr [^ ]+ [0-9]" references "${text}")
+    foreach(reference IN LISTS references)
+        string(REGEX REPLACE "\n[.]Xr ([^ ]+) ([0-9])" "\\1.\\2" file "${reference}")
+        if(NOT EXISTS "${PAGES}/${file}")
+            message(FATAL_ERROR "${page} refers to ${file}, which is not there")
+        endif()
+    endforeach()
+endforeach()
+
+find_program(MANDOC mandoc)
+if(NOT MANDOC)
+    message("Skipped: mandoc is not installed")
+    return()
+endif()
+execute_process(COMMAND "${MANDOC}" -Tlint ${pages} OUTPUT_VARIABLE output ERROR_VARIABLE errors)
+# mandoc looks for the pages of this project among those that are installed.
+string(REGEX REPLACE "[^\n]*: STYLE: referenced manual not found: [^\n]*\n" "" output "${output}${errors}")
+if(NOT output STREQUAL "")
+    message(FATAL_ERROR "${output}")
+endif()

@@ -1,0 +1,36 @@
+# Checks that the manual page has an entry for each command and each long option of --help, and no other.
+#   cmake -DPAGE=... -DTOOL=... -P tool_page.cmake
+cmake_minimum_required(VERSION 3.25)
+
+function(help out)
+    execute_process(COMMAND "${TOOL}" ${ARGN} --help OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
+    set(${out} "${text}" PARENT_SCOPE)
+endfunction()
+
+help(text)
+set(options "${text}")
+string(REGEX MATCH "\nSubcommands:\n(  [^\n]*\n)+" section "${text}")
+string(REGEX MATCHALL "\n  [a-z]+" commands "${section}")
+list(TRANSFORM commands STRIP)
+foreach(command IN LISTS commands)
+    help(text ${command})
+    string(APPEND options "${text}")
+endforeach()
+string(REGEX MATCHALL "\n  [-][^ \n]*" options "${options}")
+list(TRANSFORM options REPLACE ".*--" "")
+
+file(READ "${PAGE}" page)
+string(REGEX MATCHALL "\n[.]It Cm [a-z-]+" shown_commands "${page}")
+list(TRANSFORM shown_commands REPLACE ".* " "")
+string(REGEX MATCHALL "\n[.]It [^\n]*Fl -[a-z-]+" shown_options "${page}")
+list(TRANSFORM shown_options REPLACE ".*Fl -" "")
+
+foreach(kind commands options)
+    list(REMOVE_DUPLICATES ${kind})
+    list(SORT ${kind})
+    list(REMOVE_DUPLICATES shown_${kind})
+    list(SORT shown_${kind})
+    if(NOT ${kind} OR NOT ${kind} STREQUAL shown_${kind})
+        message(FATAL_ERROR "--help has the ${kind} [${${kind}}], ${PAGE} has [${shown_${kind}}]")
+    endif()
+endforeach()
