@@ -53,13 +53,17 @@ install(EXPORT vexil64Targets
 set(pkgconfig_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 file(RELATIVE_PATH prefix_from_pkgconfig
     "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}/.")
+string(REGEX REPLACE "/$" "" prefix_from_pkgconfig "${prefix_from_pkgconfig}")
 file(RELATIVE_PATH pkgconfig_libdir "${CMAKE_INSTALL_PREFIX}" "${CMAKE_INSTALL_FULL_LIBDIR}")
 file(RELATIVE_PATH pkgconfig_includedir "${CMAKE_INSTALL_PREFIX}" "${CMAKE_INSTALL_FULL_INCLUDEDIR}")
 set(pkgconfig_flags "")
 set(pkgconfig_libraries "")
 if(NOT BUILD_SHARED_LIBS)
     set(pkgconfig_flags " -DVEXIL64_STATIC")
-    list(TRANSFORM CMAKE_CXX_IMPLICIT_LINK_LIBRARIES PREPEND " -l" OUTPUT_VARIABLE pkgconfig_libraries)
+    # Every compiler adds the libraries of C and its own.
+    set(libraries ${CMAKE_CXX_IMPLICIT_LINK_LIBRARIES})
+    list(FILTER libraries EXCLUDE REGEX "^(c|gcc|gcc_s)$")
+    list(TRANSFORM libraries PREPEND " -l" OUTPUT_VARIABLE pkgconfig_libraries)
     list(JOIN pkgconfig_libraries "" pkgconfig_libraries)
 endif()
 configure_file(cmake/vexil64.pc.in vexil64.pc @ONLY)
