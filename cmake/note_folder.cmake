@@ -1,6 +1,6 @@
 # Runs while the project is installed: adds to the file `list` the folder `note`, below the prefix, and
 # those of its parents that do not exist yet. What cpack installs in its own folder is not noted.
-if(NOT CMAKE_INSTALL_PREFIX MATCHES "/_CPack_Packages/")
+if(NOT "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}" MATCHES "/_CPack_Packages/")
     cmake_path(ABSOLUTE_PATH note BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}" NORMALIZE)
     string(PREPEND note "$ENV{DESTDIR}")
     while(NOT EXISTS "${note}")
