@@ -11,11 +11,16 @@ elseif(VEXIL64_DISTRIBUTION)
 endif()
 
 vexil64_install(${document_component} ${document_dir} README.md CHANGELOG.md SECURITY.md)
-file(GLOB pages "${PROJECT_SOURCE_DIR}/docs/*.md")
+file(GLOB pages "${PROJECT_SOURCE_DIR}/docs/*.md" "${PROJECT_SOURCE_DIR}/docs/*.json")
 vexil64_install(${document_component} ${document_dir}/docs ${pages})
 vexil64_install(${document_component} ${document_dir}/examples
     examples/read_and_write.c examples/decode_frame.c examples/list_signals.cpp)
 vexil64_install(${document_component} ${document_dir}/examples/python examples/python/read_dbc.py)
+vexil64_install(${document_component} ${document_dir}/examples/csharp examples/csharp/ListSignals.cs)
+file(GLOB python_files "${PROJECT_SOURCE_DIR}/bindings/python/vexil64/*.py"
+    "${PROJECT_SOURCE_DIR}/bindings/python/vexil64/py.typed")
+vexil64_install(${document_component} ${document_dir}/bindings/python/vexil64 ${python_files})
+vexil64_install(${document_component} ${document_dir}/bindings/csharp bindings/csharp/Vexil64.cs)
 vexil64_install(${document_component} ${document_dir}/samples
     samples/README.md samples/powertrain.dbc samples/roof.dbc)
 
@@ -37,7 +42,10 @@ endif()
 # for all, cmake/packages/finish_debs.cmake.
 set(licences
     "utf8cpp /usr/share/doc/libutfcpp-dev/copyright"
-    "CLI11 /usr/share/doc/libcli11-dev/copyright")
+    "CLI11 /usr/share/doc/libcli11-dev/copyright"
+    "dtl /usr/share/doc/libdtl-dev/copyright"
+    "fmt /usr/share/doc/libfmt-dev/copyright"
+    "nlohmann-json /usr/share/doc/nlohmann-json3-dev/copyright")
 if(MINGW)
     list(APPEND licences
         "MinGW-w64 /usr/share/doc/mingw-w64-common/copyright"
@@ -49,7 +57,7 @@ if(NOT VEXIL64_DISTRIBUTION)
     foreach(row IN LISTS licences)
         separate_arguments(row)
         list(POP_FRONT row name file)
-        if(EXISTS "${file}" AND (TARGET vexil-dbc OR NOT name STREQUAL "CLI11"))
+        if(EXISTS "${file}" AND (TARGET vexil-dbc OR NOT name MATCHES "^(CLI11|dtl|fmt|nlohmann-json)$"))
             install(FILES "${file}" DESTINATION "${document_dir}/licences" COMPONENT documents
                 RENAME ${name}.txt)
         endif()
