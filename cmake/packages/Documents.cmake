@@ -17,8 +17,10 @@ vexil64_install(${document_component} ${document_dir}/examples
     examples/read_and_write.c examples/decode_frame.c examples/list_signals.cpp)
 vexil64_install(${document_component} ${document_dir}/examples/python examples/python/read_dbc.py)
 vexil64_install(${document_component} ${document_dir}/examples/csharp examples/csharp/ListSignals.cs)
-file(GLOB python_files "${PROJECT_SOURCE_DIR}/bindings/python/vexil64/*.py"
-    "${PROJECT_SOURCE_DIR}/bindings/python/vexil64/py.typed")
+file(GLOB python_files "${PROJECT_SOURCE_DIR}/bindings/python/vexil64/*.py")
+if(NOT VEXIL64_DISTRIBUTION) # lintian objects to empty documents
+    list(APPEND python_files "${PROJECT_SOURCE_DIR}/bindings/python/vexil64/py.typed")
+endif()
 vexil64_install(${document_component} ${document_dir}/bindings/python/vexil64 ${python_files})
 vexil64_install(${document_component} ${document_dir}/bindings/csharp bindings/csharp/Vexil64.cs)
 vexil64_install(${document_component} ${document_dir}/samples
