@@ -10,21 +10,22 @@ namespace {
 
 // An object that is there before any code runs, and is not destroyed: static objects of a host may
 // call in their constructors, and its exit handlers after those of the library.
-union Instance {
+union Instance {  // NOLINT(cppcoreguidelines-special-member-functions)
     constexpr Instance() : object() {}
-    ~Instance() {}
+    ~Instance() {}  // NOLINT(modernize-use-equals-default): that one would be deleted
     CANDatabase object;
 };
 constinit Instance instance;
 
-// Gives its memory back at exit.
-void ResetLast(CANDatabase* last) {
+void ResetAtExit(CANDatabase* last) {
     last->Reset();
 }
-const std::unique_ptr<CANDatabase, void (*)(CANDatabase*)> lastReset(&instance.object, ResetLast);
+// NOLINTNEXTLINE(cppcoreguidelines-interfaces-global-init): the reference is a constant
+const std::unique_ptr<CANDatabase, void (*)(CANDatabase*)> lastReset(&database, ResetAtExit);
 
 }  // namespace
 
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-union-access): it always holds the object
 constinit CANDatabase& database = instance.object;
 
 void CANDatabase::Reset() {

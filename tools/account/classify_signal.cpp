@@ -89,7 +89,7 @@ Outcome ClassifyPair(std::string_view pair, char separator) {
 }
 
 Outcome ClassifyRange(std::string_view range) {
-    const Outcome outcome = ClassifyPair(range, '|');
+    Outcome outcome = ClassifyPair(range, '|');
     const auto minimum = ReadLeadingDouble(TakeUpTo(range, '|'));
     const auto maximum = ReadLeadingDouble(range);
     if (minimum && maximum && minimum->value > maximum->value) {
@@ -106,7 +106,7 @@ Outcome ClassifyUnit(std::string_view written, const Snapshot& snapshot, const S
     }
     if (snapshot.Text(facts.unit) != unit) {
         return {Cause::UnitFolded,
-                fmt::format("\"{}\" has the form \"{}\"", unit, snapshot.Text(facts.unit))};
+                fmt::format(R"("{}" has the form "{}")", unit, snapshot.Text(facts.unit))};
     }
     if (unit.size() != written.size()) {
         return {Cause::UnitTrimmed, fmt::format("\"{}\"", Shown(written))};

@@ -3,7 +3,10 @@
 #include "account/lexical.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
+#include <cmath>
+#include <cstdlib>
 
 #include "source/keywords.h"
 #include "source/utf8.h"
@@ -99,13 +102,16 @@ std::optional<LeadingNumber> ReadLeadingNumber(std::string_view text) {
 }
 
 std::optional<LeadingDouble> ReadLeadingDouble(std::string_view text) {
-    text = WithoutPlus(Trim(text));
+    // Not every standard library has from_chars for doubles. The tool sets no locale.
+    const std::string copy(Trim(text));
+    char* end = nullptr;
     LeadingDouble number;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), number.value);
-    if (result.ec != std::errc()) {
+    errno = 0;
+    number.value = std::strtod(copy.c_str(), &end);
+    if (end == copy.c_str() || (errno == ERANGE && std::isinf(number.value))) {
         return std::nullopt;
     }
-    number.isWhole = result.ptr == text.data() + text.size();
+    number.isWhole = end == copy.c_str() + copy.size();
     return number;
 }
 

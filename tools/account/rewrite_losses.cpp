@@ -75,7 +75,7 @@ class Finder {
         if (database.Text(signal.unit) != database.Text(signal.unitUtf8) &&
             accounted.statements[statement].cause != Cause::UnitFolded) {
             Add(Cause::UnitWrittenInAscii, statement,
-                fmt::format("\"{}\" is written as \"{}\"", database.Text(signal.unitUtf8),
+                fmt::format(R"("{}" is written as "{}")", database.Text(signal.unitUtf8),
                             database.Text(signal.unit)));
         }
         const bool isFloat = signal.valueType == ValueFloat32 || signal.valueType == ValueFloat64;

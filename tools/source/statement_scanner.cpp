@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "source/statement_scanner.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vexil::tool {
@@ -30,9 +31,8 @@ struct Start {
 
 class Scanner {
   public:
-    explicit Scanner(std::string_view text) : whole(text) {
-        position = text.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0;
-    }
+    explicit Scanner(std::string_view text)
+        : whole(text), position(text.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0) {}
 
     std::vector<SourceStatement> Run() {
         for (SkipSpace(); position < whole.size(); SkipSpace()) {
@@ -146,15 +146,9 @@ class Scanner {
         if (const KeywordRow* row = FindKeyword(word)) {
             return row->isSymbol;
         }
-        if (word.size() < 3 || word.back() != '_') {
-            return false;
-        }
-        for (const char ch : word) {
-            if (ch >= 'a' && ch <= 'z') {
-                return false;
-            }
-        }
-        return true;
+        return word.size() >= 3 && word.back() == '_' &&
+               std::none_of(word.begin(), word.end(),
+                            [](char ch) { return ch >= 'a' && ch <= 'z'; });
     }
 
     // Text up to the end of the statement. Stops before the next statement.
@@ -280,7 +274,7 @@ class Scanner {
     }
 
     std::string_view whole;
-    std::size_t position = 0;
+    std::size_t position;
     std::size_t nextQuote = 0;  // as it was looked up last, with what follows it
     bool nextQuoteCloses = false;
     SourceStatement current;
