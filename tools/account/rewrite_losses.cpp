@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <fmt/format.h>
 
-#include <charconv>
+#include <cstdlib>
 #include <initializer_list>
 #include <string>
 #include <utility>
@@ -15,11 +15,8 @@ namespace {
 
 // Whether a number reads back as it was when it is written with ten digits.
 bool SurvivesTenDigits(double number) {
-    fmt::memory_buffer text;
-    fmt::format_to(std::back_inserter(text), "{:.10g}", number);
-    double read = 0;
-    std::from_chars(text.data(), text.data() + text.size(), read);
-    return read == number;
+    const std::string text = fmt::format("{:.10g}", number);
+    return std::strtod(text.c_str(), nullptr) == number;
 }
 
 class Finder {
