@@ -138,7 +138,7 @@ void AddRewrite(CLI::App& app, Invocation& call) {
     });
 }
 
-// Whether the first word is a command. If not, the user is told of one that looks like it.
+// Whether the first word is a command. If not, prints an error that suggests a similar one.
 bool NamesACommand(const CLI::App& app, const std::vector<std::string>& arguments) {
     if (arguments.empty() || arguments.front().starts_with('-')) {
         return true;  // for the parser

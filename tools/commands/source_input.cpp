@@ -1,4 +1,4 @@
-// Input, and what the user is told when there is none.
+// Reading the input of a command, and the errors that it prints.
 // SPDX-License-Identifier: MIT
 #include "commands/source_input.h"
 

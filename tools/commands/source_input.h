@@ -16,12 +16,12 @@ struct SourceInput {
     InputFile file;        // its bytes are UTF-8 after LoadSource
 };
 
-// Reads the input and makes UTF-8 of it. After a failure, of which the user has been told, returns
+// Reads the input and makes UTF-8 of it. After a failure, which it has reported, returns
 // the exit code.
 std::optional<ExitCode> LoadSource(SourceInput& input);
 
 // Lets the library read the input. The text is that of the input, which LoadSource has left in it.
-// After a failure, of which the user has been told, returns the exit code.
+// After a failure, which it has reported, returns the exit code.
 std::optional<ExitCode> LoadDatabase(const SourceInput& input, std::string_view text);
 
 // Prints a line on standard error that begins with the name of the program.

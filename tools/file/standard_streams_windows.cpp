@@ -1,4 +1,4 @@
-// The standard streams on Windows, which changes line ends in them unless it is told not to.
+// The standard streams on Windows, in binary mode, so that their line ends stay as they are.
 // SPDX-License-Identifier: MIT
 #include <fcntl.h>
 #include <io.h>
