@@ -4,42 +4,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_map>
 #include <utility>
 
 #include "account/account.h"
 #include "account/owners.h"
+#include "layout/bit_layout.h"
 
 namespace vexil::tool {
 namespace {
-
-constexpr std::uint64_t BitsInByte = 8;
-
-// Overlaps are looked for in the first bits of a message.
-constexpr std::uint64_t MostBits = 4096;
-
-// The message that holds signals of no message.
-constexpr std::uint32_t IndependentSignals = 0xC0000000U;
-
-// A bit by its byte and its place in the byte, for the n-th bit of the signal. Big-endian signals
-// begin at their highest bit and go on to the lower ones of the byte, then to the highest of the
-// next byte.
-std::uint64_t BitOf(const SignalFacts& signal, std::uint64_t index) {
-    if (signal.byteOrder != ByteOrderBigEndian) {
-        return signal.startBit + index;
-    }
-    const auto mirror = [](std::uint64_t bit) {
-        return bit - bit % BitsInByte + (BitsInByte - 1 - bit % BitsInByte);
-    };
-    return mirror(mirror(signal.startBit) + index);
-}
-
-// One more than the last byte in which the signal has a bit.
-std::uint64_t EndByte(const SignalFacts& signal) {
-    return signal.bitLength == 0
-               ? 0
-               : BitOf(signal, std::uint64_t{signal.bitLength} - 1) / BitsInByte + 1;
-}
 
 class Finder {
   public:
@@ -60,6 +32,10 @@ class Finder {
         findings.push_back({cause, statement.line, statement.column, std::move(detail)});
     }
 
+    std::uint32_t LineOfSignal(std::uint32_t signal) const {
+        return accounted.statements[accounted.signalStatements[signal]].line;
+    }
+
     std::string NameOfSignal(std::uint32_t signal) const {
         return std::string(database.Text(database.signals[signal].name));
     }
@@ -74,7 +50,7 @@ class Finder {
             if (facts.multiplexType == MultiplexSelected && firstSelected == NoIndex) {
                 firstSelected = signal;
             }
-            if (EndByte(facts) > message.dlc && message.id != IndependentSignals) {
+            if (EndByte(facts) > message.dlc && message.id != IndependentSignalsId) {
                 Add(Cause::SignalOutsideMessage, signal,
                     fmt::format("{} reaches byte {} of {}", NameOfSignal(signal), EndByte(facts),
                                 message.dlc));
@@ -85,48 +61,10 @@ class Finder {
             Add(Cause::MultiplexedWithoutSelector, firstSelected,
                 fmt::format("message {}", message.id));
         }
-        if (message.id != IndependentSignals) {
-            FindOverlaps(message.firstSignal, end);
-        }
-    }
-
-    // Signals that are always there first, then those of each value of the selector.
-    void FindOverlaps(std::uint32_t begin, std::uint32_t end) {
-        always.assign(MostBits, NoIndex);
-        selected.clear();
-        for (const bool isSelected : {false, true}) {
-            for (std::uint32_t signal = begin; signal < end; ++signal) {
-                const SignalFacts& facts = database.signals[signal];
-                if ((facts.multiplexType == MultiplexSelected) == isSelected) {
-                    Place(signal, facts, isSelected);
-                }
-            }
-        }
-    }
-
-    void Place(std::uint32_t signal, const SignalFacts& facts, bool isSelected) {
-        std::uint32_t other = NoIndex;
-        const std::uint64_t length = std::min<std::uint64_t>(facts.bitLength, MostBits);
-        for (std::uint64_t index = 0; index < length; ++index) {
-            const std::uint64_t bit = BitOf(facts, index);
-            if (bit >= MostBits) {
-                continue;
-            }
-            std::uint32_t& owner = always[bit];
-            if (owner != NoIndex) {
-                other = owner;
-            } else if (isSelected) {
-                const std::uint64_t key = facts.multiplexValue * MostBits + bit;
-                const auto [entry, isNew] = selected.try_emplace(key, signal);
-                other = isNew ? other : entry->second;
-            } else {
-                owner = signal;
-            }
-        }
-        if (other != NoIndex) {
-            Add(Cause::SignalsOverlap, signal,
-                fmt::format("{} with {} in line {}", NameOfSignal(signal), NameOfSignal(other),
-                            accounted.statements[accounted.signalStatements[other]].line));
+        for (const Overlap& overlap : FindOverlaps(database, message)) {
+            Add(Cause::SignalsOverlap, overlap.signal,
+                fmt::format("{} with {} in line {}", NameOfSignal(overlap.signal),
+                            NameOfSignal(overlap.other), LineOfSignal(overlap.other)));
         }
     }
 
@@ -157,8 +95,6 @@ class Finder {
     const Account& accounted;
     const Snapshot& database;
     std::vector<Finding> findings;
-    std::vector<std::uint32_t> always;
-    std::unordered_map<std::uint64_t, std::uint32_t> selected;
 };
 
 }  // namespace

@@ -1,0 +1,17 @@
+// The commands of the command line: their arguments and what they call.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "exit_code.h"
+
+namespace vexil::tool {
+
+// Each adds its command to the program. A parse that meets the command runs it and leaves its exit
+// code in the second argument, which must live as long as the program.
+void AddCheck(CLI::App& app, ExitCode& exitCode);
+void AddExplain(CLI::App& app, ExitCode& exitCode);
+void AddRewrite(CLI::App& app, ExitCode& exitCode);
+
+}  // namespace vexil::tool
