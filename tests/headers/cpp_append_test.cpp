@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
 
 #include "support/files.h"
@@ -16,6 +17,30 @@ class CppAppendTest : public testing::Test {
     CppAppendTest() { vexil64::clear(); }
     ~CppAppendTest() override { vexil64::clear(); }
 };
+
+// Whether the members of two records have the same bytes. The gaps between them are not copied with
+// a record.
+template <typename Record, typename... Member>
+bool SameMembers(const Record& left, const Record& right, Member Record::*... members) {
+    return ((std::memcmp(&(left.*members), &(right.*members), sizeof(left.*members)) == 0) && ...);
+}
+
+bool SameFields(const CanMessageRecord& left, const CanMessageRecord& right) {
+    using Record = CanMessageRecord;
+    return SameMembers(left, right, &Record::id, &Record::name, &Record::dlc, &Record::longName,
+                       &Record::transmitter, &Record::signalCount, &Record::comment,
+                       &Record::sendType, &Record::cycleTime);
+}
+
+bool SameFields(const CanSignalRecord& left, const CanSignalRecord& right) {
+    using Record = CanSignalRecord;
+    return SameMembers(left, right, &Record::name, &Record::longName, &Record::unit,
+                       &Record::receiverList, &Record::comment, &Record::multiplexType,
+                       &Record::multiplexValue, &Record::startBit, &Record::bitLength,
+                       &Record::byteOrder, &Record::valueType, &Record::factor, &Record::offset,
+                       &Record::minimum, &Record::maximum, &Record::enumCount, &Record::startValue,
+                       &Record::inactiveValue, &Record::unitUtf8);
+}
 
 // A text of a size that no other text of a record has.
 std::string Sentinel(char letter, std::size_t size) {
@@ -43,7 +68,7 @@ vexil64::NewSignal SentinelSignal() {
         .inactive_value(0x12345679);
 }
 
-// What every field of the record must be, gaps included, since a builder begins with zeros.
+// What every field of the record must be. A builder begins with zeros.
 TEST_F(CppAppendTest, FillsEachFieldOfTheRecordOfAMessage) {
     MessageFields fields;
     fields.id = 0x89ABCDEF;
@@ -51,7 +76,7 @@ TEST_F(CppAppendTest, FillsEachFieldOfTheRecordOfAMessage) {
     fields.longName = Sentinel('l', 255);
     fields.transmitter = Sentinel('t', 32);
     fields.comment = Sentinel('c', 255);
-    EXPECT_TRUE(SameBytes(SentinelMessage().record(), RecordOf(fields, 0)));
+    EXPECT_TRUE(SameFields(SentinelMessage().record(), RecordOf(fields, 0)));
 }
 
 TEST_F(CppAppendTest, FillsEachFieldOfTheRecordOfASignal) {
@@ -72,7 +97,7 @@ TEST_F(CppAppendTest, FillsEachFieldOfTheRecordOfASignal) {
     fields.comment = Sentinel('C', 254) + "!";
     fields.startValue = -0x12345678;
     fields.inactiveValue = 0x12345679;
-    EXPECT_TRUE(SameBytes(SentinelSignal().record(), RecordOf(fields, 0)));
+    EXPECT_TRUE(SameFields(SentinelSignal().record(), RecordOf(fields, 0)));
 }
 
 TEST_F(CppAppendTest, ReturnsTheMessageAsItIsInTheDatabase) {
@@ -86,7 +111,7 @@ TEST_F(CppAppendTest, ReturnsTheMessageAsItIsInTheDatabase) {
     EXPECT_EQ(message.transmitter(), Sentinel('t', 32));
     EXPECT_EQ(message.comment(), Sentinel('c', 255));
     const vexil64::Message again = vexil64::messages().at(1);
-    EXPECT_TRUE(SameBytes(message.record(), again.record()));
+    EXPECT_TRUE(SameFields(message.record(), again.record()));
 }
 
 TEST_F(CppAppendTest, ReturnsTheSignalAsItIsInTheDatabase) {
@@ -114,7 +139,7 @@ TEST_F(CppAppendTest, ReturnsTheSignalAsItIsInTheDatabase) {
     EXPECT_EQ(signal.start_value(), -0x12345678);
     EXPECT_EQ(signal.inactive_value(), 0x12345679);
     const vexil64::Signal again = message.signals().at(1);
-    EXPECT_TRUE(SameBytes(signal.record(), again.record()));
+    EXPECT_TRUE(SameFields(signal.record(), again.record()));
 }
 
 TEST_F(CppAppendTest, BeginsASignalWithOneBit) {
@@ -195,7 +220,7 @@ TEST_F(CppAppendTest, NamesTheFieldOfATextThatIsTooLong) {
     EXPECT_EQ(Refusal([&] { signal.receivers(is256); }), "receivers: 256 bytes, at most 255");
     EXPECT_EQ(Refusal([&] { signal.comment(is256); }),
               "comment of a signal: 256 bytes, at most 255");
-    EXPECT_TRUE(SameBytes(message.record(), before));
+    EXPECT_TRUE(SameFields(message.record(), before));
 }
 
 TEST_F(CppAppendTest, RefusesATextWithANulOrOfNull) {
@@ -218,7 +243,7 @@ TEST_F(CppAppendTest, RefusesATextThatIsNotUtf8) {
 TEST_F(CppAppendTest, ReplacesALongerText) {
     vexil64::NewSignal signal("name");
     signal.unit("kilometres").unit("m");
-    EXPECT_TRUE(SameBytes(signal.record(), vexil64::NewSignal("name").unit("m").record()));
+    EXPECT_TRUE(SameFields(signal.record(), vexil64::NewSignal("name").unit("m").record()));
 }
 
 TEST_F(CppAppendTest, RefusesABadDescription) {

@@ -1,6 +1,6 @@
 # Installs a build into a folder of its own, then builds and runs a project that finds it there.
 #   cmake -DBUILD=... -DCONFIG=... -DCONSUMER=... -DWORK=... -DGENERATOR=... -DLANGUAGE=...
-#         -DCOMPILER=... -DFLAGS=... -DSAMPLE=... -P install_consumer.cmake
+#         -DCOMPILER=... -DFLAGS=... -DTOOLCHAIN=... -DSAMPLE=... -P install_consumer.cmake
 cmake_minimum_required(VERSION 3.25)
 
 function(run)
@@ -9,9 +9,13 @@ endfunction()
 
 file(REMOVE_RECURSE "${WORK}")
 run("${CMAKE_COMMAND}" --install "${BUILD}" --config "${CONFIG}" --prefix "${WORK}/prefix")
+# A build with another standard library needs a host with the same one.
+set(how_to_compile "-DCMAKE_${LANGUAGE}_COMPILER=${COMPILER}" "-DCMAKE_${LANGUAGE}_FLAGS=${FLAGS}")
+if(TOOLCHAIN)
+    set(how_to_compile "-DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN}")
+endif()
 run("${CMAKE_COMMAND}" -S "${CONSUMER}" -B "${WORK}/build" -G "${GENERATOR}"
-    "-DCMAKE_PREFIX_PATH=${WORK}/prefix" "-DCMAKE_${LANGUAGE}_COMPILER=${COMPILER}"
-    "-DCMAKE_${LANGUAGE}_FLAGS=${FLAGS}" "-DCMAKE_BUILD_TYPE=${CONFIG}")
+    "-DCMAKE_PREFIX_PATH=${WORK}/prefix" ${how_to_compile} "-DCMAKE_BUILD_TYPE=${CONFIG}")
 run("${CMAKE_COMMAND}" --build "${WORK}/build" --config "${CONFIG}")
 
 # Out of reach of the build that was installed, the program still reads a file.

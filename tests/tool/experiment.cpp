@@ -188,7 +188,9 @@ class Exceptions {
             const bool isName = tokens[word].tokenClass == tool::TokenClass::QuotedString;
             const bool isDefinition = !isValue && cut->keyword != tool::Keyword::SigValtype;
             if (isDefinition ? isName && subject.empty() : word < words) {
-                subject += tokens[word].text + " ";
+                // A name is what the quotes hold. The library skips bytes in front of them.
+                subject += isName ? tool::QuotedContent(tokens[word].text) : tokens[word].text;
+                subject += ' ';
             }
         }
         return subject;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <initializer_list>
 #include <random>
 #include <string_view>
 
@@ -82,8 +83,17 @@ class Maker {
         return Below(6) == 0 ? Pick(from) : std::string(from[Below(3)]);
     }
 
+    // Draws in the order of the list. That of the operands of + is up to the compiler.
+    static std::string Join(std::initializer_list<std::string> parts) {
+        std::string text;
+        for (const std::string& part : parts) {
+            text += part;
+        }
+        return text;
+    }
+
     std::string Message() {
-        std::string text = "BO_ " + PickGood(Ids) + " " + PickGood(Names) + ": 8 N\n";
+        std::string text = Join({"BO_ ", PickGood(Ids), " ", PickGood(Names), ": 8 N\n"});
         const std::size_t count = Below(4);
         for (std::size_t index = 0; index < count; ++index) {
             text += Signal();
@@ -100,8 +110,8 @@ class Maker {
         static constexpr std::array<std::string_view, 6> Rests = {
             " (1,0) [0|1] \"km\" N",    " (0.5,-4) [1|0] \"\" N,Q", " (1,0) [0|255] \"%\" N",
             " (1x,0) [0|1] \" s\" N Q", " (1,0) [0] \"\" N",        " (1,0) [0|1] N"};
-        return " SG_ " + PickGood(Names) + (Below(4) == 0 ? Pick(Indicators) : "") + " : " +
-               PickGood(Layouts) + PickGood(Rests);
+        return Join({" SG_ ", PickGood(Names), Below(4) == 0 ? Pick(Indicators) : "", " : ",
+                     PickGood(Layouts), PickGood(Rests)});
     }
 
     std::string Comment() {
@@ -115,25 +125,25 @@ class Maker {
         if (kind == "SG_" || kind == "BU_" || kind == "EV_") {
             text += " " + PickGood(Names);
         }
-        return text + " \"" + Pick(Texts) + "\"" + (Below(10) == 0 ? "" : ";");
+        return Join({text, " \"", Pick(Texts), "\"", Below(10) == 0 ? "" : ";"});
     }
 
     std::string Descriptions() {
         static constexpr std::array<std::string_view, 5> Pairs = {
             " 0 \"off\" 1 \"on\"", " 2 \"two\"", "", " x \"1\" 3 \"c\"", " 4294967295 \"SNA\""};
-        return "VAL_ " + PickGood(Ids) + " " + PickGood(Names) + Pick(Pairs) + " ;";
+        return Join({"VAL_ ", PickGood(Ids), " ", PickGood(Names), Pick(Pairs), " ;"});
     }
 
     std::string ValueType() {
         static constexpr std::array<std::string_view, 4> Ends = {" : 1;", " : 2;", ": 1;", " : 0;"};
-        return "SIG_VALTYPE_ " + PickGood(Ids) + " " + PickGood(Names) + Pick(Ends);
+        return Join({"SIG_VALTYPE_ ", PickGood(Ids), " ", PickGood(Names), Pick(Ends)});
     }
 
     std::string Attribute() {
         const std::string name = "\"" + Pick(Attributes) + "\" ";
         switch (Below(3)) {
             case 0:
-                return "BA_DEF_ " + Pick(Owners) + name + Pick(Types) + ";";
+                return Join({"BA_DEF_ ", Pick(Owners), name, Pick(Types), ";"});
             case 1:
                 return "BA_DEF_DEF_ " + name + Pick(Values) + ";";
             default:

@@ -9,14 +9,13 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <random>
-#include <string_view>
+
+#include "file/temporary_name.h"
 
 namespace vexil::tool {
 namespace {
 
 constexpr std::array EndingSignals{SIGHUP, SIGINT, SIGQUIT, SIGTERM};
-constexpr std::string_view Prefix = ".vexil-dbc-";
 constexpr int MostTries = 100;
 
 // What a signal handler may read: plain values that nobody frees.
@@ -78,15 +77,6 @@ void Unlist(const std::string& name) {
     }
 }
 
-std::string RandomName() {
-    std::random_device random;
-    std::string name(Prefix);
-    while (name.size() < TemporaryFile::NameSize) {
-        name += "0123456789abcdef"[random() % 16U];
-    }
-    return name;
-}
-
 }  // namespace
 
 void RemoveTemporaryFilesOnSignals() {
@@ -117,7 +107,7 @@ std::error_code TemporaryFile::MakeBeside(const FilePlace& other) {
         return LastError();
     }
     for (int tries = 0; tries < MostTries; ++tries) {
-        name = RandomName();
+        name = TemporaryName(NameSize);
         constexpr mode_t Permissions = 0600;
         // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system has it so
         file = Descriptor(openat(place.folder.Value(), name.c_str(),

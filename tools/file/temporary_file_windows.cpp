@@ -10,10 +10,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <mutex>
-#include <random>
 #include <vector>
 
 #include "file/temporary_file.h"
+#include "file/temporary_name.h"
 
 namespace vexil::tool {
 namespace {
@@ -25,15 +25,6 @@ struct Entry {
 
 std::mutex entriesMutex;
 std::vector<Entry> entries;
-
-std::string RandomName() {
-    std::random_device random;
-    std::string name = ".vexil-dbc-";
-    while (name.size() < TemporaryFile::NameSize) {
-        name += "0123456789abcdef"[random() % 16U];
-    }
-    return name;
-}
 
 BOOL WINAPI RemoveAll(DWORD) {
     // Held to the end of the process, so that no file is made or moved after this.
@@ -70,7 +61,7 @@ std::error_code TemporaryFile::MakeBeside(const FilePlace& other) {
     const std::size_t folderSize = other.name.find_last_of("/\\:") + 1;
     constexpr int MostTries = 100;
     for (int tries = 0; tries < MostTries; ++tries) {
-        name = RandomName();
+        name = TemporaryName(NameSize);
         place.name = other.name.substr(0, folderSize) + name;
         const std::wstring path = WidePath(place.name);
         file = Descriptor(_wsopen(path.c_str(),
