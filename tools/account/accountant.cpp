@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "account/accountant.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <utility>
 
 #include "account/bytes.h"
 #include "account/ignored_kind.h"
 #include "account/lexical.h"
+#include "text/format.h"
 
 namespace vexil::tool {
 namespace {
@@ -53,7 +52,7 @@ Account Accountant::Run() {
 
 std::string Accountant::LineOf(std::uint32_t statement) const {
     return statement == NoIndex ? "an earlier line"
-                                : fmt::format("line {}", accounted.statements[statement].line);
+                                : Format("line {}", accounted.statements[statement].line);
 }
 
 void Accountant::AddStatement(std::uint32_t index) {
@@ -125,12 +124,12 @@ Outcome Accountant::WithInside(Outcome outcome, const SourceStatement& statement
         inside.effective != nullptr ? inside.effective : inside.first;
     if (end == nullptr) {
         return {fate == Fate::Dropped ? Cause::Beyond4096Bytes : Cause::CutAt4096Bytes,
-                fmt::format("{} bytes", statement.end - statement.begin)};
+                Format("{} bytes", statement.end - statement.begin)};
     }
     const Place place = sourceText.PlaceOf(sourceText.ByteOffset(end->begin));
-    std::string detail = fmt::format("at {} in line {}", RowOf(end->keyword).text, place.line);
+    std::string detail = Format("at {} in line {}", RowOf(end->keyword).text, place.line);
     if (fate == Fate::Dropped && inside.effective == nullptr) {
-        return {outcome.cause, fmt::format("it is cut {}", detail)};
+        return {outcome.cause, Format("it is cut {}", detail)};
     }
     return {Cause::CutAtKeyword, std::move(detail)};
 }
@@ -236,13 +235,13 @@ Outcome Accountant::ClassifyOrphan() const {
     if (fate == Fate::Refused || fate == Fate::Dropped) {
         return {
             fate == Fate::Refused ? Cause::SignalOfRefusedMessage : Cause::SignalOfDroppedMessage,
-            fmt::format("the message in {}", LineOf(signalOwner.message))};
+            Format("the message in {}", LineOf(signalOwner.message))};
     }
     if (signalOwner.closedBy == NoIndex) {
         return {Cause::SignalWithoutMessage, ""};
     }
     const AccountedStatement& by = accounted.statements[signalOwner.closedBy];
-    return {signalOwner.closed, fmt::format("after {} in line {}", by.keyword, by.line)};
+    return {signalOwner.closed, Format("after {} in line {}", by.keyword, by.line)};
 }
 
 // A statement that the library has not seen as one.
@@ -258,11 +257,10 @@ Outcome Accountant::ClassifyUncut(const SourceStatement& statement) const {
     }
     const bool isInside = lastCut != nullptr && statement.begin < lastCut->end;
     if (!isInside || lastCut->overflowed) {
-        return {Cause::Beyond4096Bytes,
-                fmt::format("of the statement in {}", LineOf(lastCutOwner))};
+        return {Cause::Beyond4096Bytes, Format("of the statement in {}", LineOf(lastCutOwner))};
     }
-    return {Cause::Swallowed, fmt::format("by {} in {}", accounted.statements[lastCutOwner].keyword,
-                                          LineOf(lastCutOwner))};
+    return {Cause::Swallowed, Format("by {} in {}", accounted.statements[lastCutOwner].keyword,
+                                     LineOf(lastCutOwner))};
 }
 
 // The outcome, or what the bytes of the statement come to where that is more.
@@ -289,7 +287,7 @@ Outcome Accountant::WithBytes(Outcome outcome, const SourceStatement& statement)
         return {Cause::InvalidUtf8, DescribeInvalidBytes(sourceText, invalid, invalidCount)};
     }
     if (removedCount != 0) {
-        return {Cause::ControlCharacters, fmt::format("{} in the statement", removedCount)};
+        return {Cause::ControlCharacters, Format("{} in the statement", removedCount)};
     }
     return outcome;
 }

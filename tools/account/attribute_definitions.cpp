@@ -1,11 +1,11 @@
 // Definitions of attributes.
 // SPDX-License-Identifier: MIT
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <utility>
 
 #include "account/attribute_words.h"
+#include "text/format.h"
 
 namespace vexil::tool {
 namespace {
@@ -91,10 +91,10 @@ Outcome AttributeBook::AddDefinition(std::string_view text, std::uint32_t statem
         return {Cause::AttributeType, KeptFor(*attribute)};
     }
     if (!HasArguments(*type, tokens, typeAt)) {
-        return {Cause::Malformed, fmt::format("{} needs {}", WordOf(*type),
-                                              *type == AttributeType::Int    ? "two numbers"
-                                              : *type == AttributeType::Enum ? "texts in quotes"
-                                                                             : "nothing more")};
+        return {Cause::Malformed, Format("{} needs {}", WordOf(*type),
+                                         *type == AttributeType::Int    ? "two numbers"
+                                         : *type == AttributeType::Enum ? "texts in quotes"
+                                                                        : "nothing more")};
     }
     if (Find(attribute->name, *owner, *type)) {
         return {Cause::RepeatedDefinition, std::string(attribute->name)};

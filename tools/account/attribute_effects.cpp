@@ -1,13 +1,13 @@
 // What attribute statements have come to when the whole file was read: values of unknown owners,
 // and statements that say what holds without them.
 // SPDX-License-Identifier: MIT
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <map>
 
 #include "account/attribute_words.h"
 #include "account/lexical.h"
+#include "text/format.h"
 
 namespace vexil::tool {
 
@@ -84,7 +84,7 @@ class AttributeEffects {
             if (message == NoIndex) {
                 outcomes.push_back(
                     {value.statement,
-                     {Cause::UnknownMessage, fmt::format("no message has the id {}", value.id)}});
+                     {Cause::UnknownMessage, Format("no message has the id {}", value.id)}});
                 return;
             }
             written = readOwners.MessageName(message);
@@ -109,10 +109,10 @@ class AttributeEffects {
 
     Outcome MissingSignal(const AttributeBook::Value& value) const {
         if (readOwners.FirstMessage(value.id) == NoIndex) {
-            return {Cause::UnknownMessage, fmt::format("no message has the id {}", value.id)};
+            return {Cause::UnknownMessage, Format("no message has the id {}", value.id)};
         }
         return {Cause::UnknownSignal,
-                fmt::format("message {} has no signal {}", value.id, value.signal)};
+                Format("message {} has no signal {}", value.id, value.signal)};
     }
 
     static std::string ChoiceOf(const Definition& definition, std::int32_t number) {

@@ -1,6 +1,5 @@
 // Defaults and values of attributes.
 // SPDX-License-Identifier: MIT
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <charconv>
@@ -9,6 +8,7 @@
 
 #include "account/attribute_words.h"
 #include "account/lexical.h"
+#include "text/format.h"
 
 namespace vexil::tool {
 namespace {
@@ -73,8 +73,8 @@ Outcome AttributeBook::AddDefault(std::string_view text, std::uint32_t statement
         }
         outcome = isSet ? Outcome{}
                         : Outcome{Cause::AttributeType,
-                                  fmt::format("{} is no value of type {}", Shown(tokens[2].text),
-                                              WordOf(definition.type))};
+                                  Format("{} is no value of type {}", Shown(tokens[2].text),
+                                         WordOf(definition.type))};
         if (isSet) {
             const auto earlier =
                 std::find_if(defaults.begin(), defaults.end(),
@@ -142,10 +142,10 @@ Outcome ClassifyKeptValue(AttributeType type, std::string_view token, std::strin
     }
     const std::string_view content = QuotedContent(token);
     if (content.size() > LongestText) {
-        return {Cause::TextTooLong, fmt::format("the text has {} bytes", content.size())};
+        return {Cause::TextTooLong, Format("the text has {} bytes", content.size())};
     }
     if (statement.find(token) == std::string_view::npos) {
-        return {Cause::AttributeTextFolded, fmt::format("it is kept as \"{}\"", Shown(content))};
+        return {Cause::AttributeTextFolded, Format("it is kept as \"{}\"", Shown(content))};
     }
     return {};
 }
@@ -180,8 +180,8 @@ Outcome AttributeBook::AddValue(std::string_view text, std::uint32_t statement) 
     Value value{*index, statement, 0, {}, definition.byDefault};
     if (token.tokenClass != (isText ? TokenClass::QuotedString : TokenClass::Number) ||
         !SetValue(definition.type, definition.choices, token.text, value.value)) {
-        return {Cause::AttributeType, fmt::format("{} is no value of type {}", Shown(token.text),
-                                                  WordOf(definition.type))};
+        return {Cause::AttributeType,
+                Format("{} is no value of type {}", Shown(token.text), WordOf(definition.type))};
     }
     if (definition.owner != AttributeOwner::Network) {
         value.id = IdOf(tokens[3].text);

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "account/attribute_words.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
+
+#include "text/format.h"
 
 namespace vexil::tool {
 
@@ -53,8 +53,8 @@ std::string_view WordOf(AttributeType type) {
 }
 
 std::string KeptFor(const KeptAttribute& attribute) {
-    return fmt::format("{} is kept as {} of {}", attribute.name, WordOf(attribute.type),
-                       OwnerWord(attribute.owner));
+    return Format("{} is kept as {} of {}", attribute.name, WordOf(attribute.type),
+                  OwnerWord(attribute.owner));
 }
 
 bool HasClasses(const AttributeTokens& tokens, std::initializer_list<TokenClass> classes) {

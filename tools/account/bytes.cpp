@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "account/bytes.h"
 
-#include <fmt/format.h>
+#include "text/format.h"
 
 namespace vexil::tool {
 namespace {
@@ -28,13 +28,12 @@ std::string DescribeInvalidBytes(const SourceText& source, std::size_t first, st
     const std::size_t at = source.InvalidBytes()[first];
     const Place place = source.PlaceOf(at);
     const auto byte = static_cast<unsigned char>(source.Bytes()[at]);
-    std::string detail =
-        fmt::format("line {}, column {}: byte {:02X}", place.line, place.column, byte);
+    std::string detail = Format("line {}, column {}: byte {:02X}", place.line, place.column, byte);
     if (source.LooksLikeUtf16() == Utf16::None && LooksLikeWindows1252(source.Bytes(), at)) {
-        detail += fmt::format(" looks like \"{}\" of Windows-1252", CharacterOf(byte));
+        detail += Format(" looks like \"{}\" of Windows-1252", CharacterOf(byte));
     }
     if (count > 1) {
-        detail += fmt::format("; {} such bytes in the statement", count);
+        detail += Format("; {} such bytes in the statement", count);
     }
     return detail;
 }

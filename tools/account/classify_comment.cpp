@@ -1,11 +1,11 @@
 // CM_ statements.
 // SPDX-License-Identifier: MIT
-#include <fmt/format.h>
 
 #include <algorithm>
 
 #include "account/classify.h"
 #include "account/lexical.h"
+#include "text/format.h"
 
 namespace vexil::tool {
 namespace {
@@ -37,10 +37,10 @@ Outcome ClassifyText(std::string_view text, std::size_t open, std::size_t author
     }
     if (close >= authorEnd) {
         return {Cause::TextAfterComment,
-                fmt::format("it ends with \"{}\"", Shown(text.substr(authorEnd)))};
+                Format("it ends with \"{}\"", Shown(text.substr(authorEnd)))};
     }
     if (collected > LongestComment) {
-        return {Cause::TextTooLong, fmt::format("the comment has {} bytes", collected)};
+        return {Cause::TextTooLong, Format("the comment has {} bytes", collected)};
     }
     if (before != 0) {
         return {Cause::CommentsJoined, ""};
@@ -83,7 +83,7 @@ Outcome ClassifyComment(std::string_view text, std::size_t authorEnd, ReadContex
         return {Cause::Malformed, "the comment has no quotes"};
     }
     if (kind == "BO_" && !name.empty()) {
-        return {Cause::Malformed, fmt::format("\"{}\" is before the text", Shown(name))};
+        return {Cause::Malformed, Format("\"{}\" is before the text", Shown(name))};
     }
     const std::size_t open = text.size() - rest.size() + quote;
     const std::uint32_t message = context.owners.FirstMessage(*id);
@@ -103,16 +103,16 @@ Outcome ClassifyComment(std::string_view text, std::size_t authorEnd, ReadContex
 Outcome ClassifyMissingOwner(const Reference& reference, const Owners& owners) {
     const std::uint32_t message = owners.FirstMessage(reference.id);
     if (message == NoIndex) {
-        return {Cause::UnknownMessage, fmt::format("no message has the id {}", reference.id)};
+        return {Cause::UnknownMessage, Format("no message has the id {}", reference.id)};
     }
     const bool hasSignal = reference.signal.data() != nullptr;
     if (hasSignal && owners.FirstSignal(reference.id, reference.signal) == NoIndex) {
         return {Cause::UnknownSignal,
-                fmt::format("message {} has no signal {}", reference.id, Shown(reference.signal))};
+                Format("message {} has no signal {}", reference.id, Shown(reference.signal))};
     }
-    return {Cause::BeforeItsOwner, hasSignal ? fmt::format("signal {} of message {}",
-                                                           Shown(reference.signal), reference.id)
-                                             : fmt::format("message {}", reference.id)};
+    return {Cause::BeforeItsOwner,
+            hasSignal ? Format("signal {} of message {}", Shown(reference.signal), reference.id)
+                      : Format("message {}", reference.id)};
 }
 
 }  // namespace vexil::tool

@@ -1,10 +1,10 @@
 // BO_ statements that were kept: what of them was changed.
 // SPDX-License-Identifier: MIT
-#include <fmt/format.h>
 
 #include "account/classify.h"
 #include "account/lexical.h"
 #include "source/keywords.h"
+#include "text/format.h"
 
 namespace vexil::tool {
 
@@ -17,11 +17,11 @@ Outcome ClassifyName(std::string_view written, std::string_view kept) {
         return {};
     }
     if (written.size() > LongestDisplayName) {
-        return {Cause::TextTooLong, fmt::format("the name has {} bytes", written.size())};
+        return {Cause::TextTooLong, Format("the name has {} bytes", written.size())};
     }
     const bool isCut = HasIdentifierCharacters(written);
     return {isCut ? Cause::NameCut : Cause::NameMadeIdentifier,
-            fmt::format("\"{}\" is kept as {}", Shown(written), kept)};
+            Format("\"{}\" is kept as {}", Shown(written), kept)};
 }
 
 // All that follows the size is the sender.
@@ -31,7 +31,7 @@ Outcome ClassifySender(std::string_view written, std::string_view kept) {
     }
     const bool isOneName = Words(written).Peek().size() == written.size();
     return {isOneName ? Cause::NodeNameChanged : Cause::TextAfterMessage,
-            fmt::format("\"{}\" is kept as the sender {}", Shown(written), kept)};
+            Format("\"{}\" is kept as the sender {}", Shown(written), kept)};
 }
 
 }  // namespace

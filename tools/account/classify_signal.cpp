@@ -1,12 +1,12 @@
 // SG_ statements that were kept: what of them was changed.
 // SPDX-License-Identifier: MIT
-#include <fmt/format.h>
 
 #include <algorithm>
 
 #include "account/classify.h"
 #include "account/lexical.h"
 #include "source/keywords.h"
+#include "text/format.h"
 
 namespace vexil::tool {
 namespace {
@@ -31,7 +31,7 @@ Outcome ClassifyName(std::string_view written, std::string_view kept, const Sign
     if (written.empty() && facts.multiplexType != MultiplexNone) {
         return {Cause::NameTakenForMultiplexing, "the signal has no name"};
     }
-    const std::string detail = fmt::format("\"{}\" is kept as {}", Shown(written), kept);
+    const std::string detail = Format("\"{}\" is kept as {}", Shown(written), kept);
     const std::size_t gap = written.find_last_of(" \f\n\r\t\v");
     if (gap != std::string_view::npos) {
         const std::string_view last = written.substr(gap + 1);
@@ -43,7 +43,7 @@ Outcome ClassifyName(std::string_view written, std::string_view kept, const Sign
         }
     }
     if (written.size() > LongestText) {
-        return {Cause::TextTooLong, fmt::format("the name has {} bytes", written.size())};
+        return {Cause::TextTooLong, Format("the name has {} bytes", written.size())};
     }
     return {HasIdentifierCharacters(written) ? Cause::NameCut : Cause::NameMadeIdentifier, detail};
 }
@@ -64,16 +64,16 @@ Outcome ClassifyLayout(std::string_view layout) {
     const std::string_view start = TakeUpTo(layout, '|');
     const std::size_t at = layout.find('@');
     if (at == std::string_view::npos) {
-        return {Cause::LayoutAssumed, fmt::format("no byte order in \"{}\"", Shown(layout))};
+        return {Cause::LayoutAssumed, Format("no byte order in \"{}\"", Shown(layout))};
     }
     const std::string_view length = layout.substr(0, at);
     if (!IsPlainNumber(start) || !IsPlainNumber(length)) {
-        return {Cause::NumberReadInPart, fmt::format("\"{}|{}\"", Shown(start), Shown(length))};
+        return {Cause::NumberReadInPart, Format("\"{}|{}\"", Shown(start), Shown(length))};
     }
     const std::string_view order = Trim(layout.substr(at + 1));
     const std::string_view sign = order.empty() ? order : Trim(order.substr(1));
     if (sign != "+" && sign != "-") {
-        return {Cause::LayoutAssumed, fmt::format("no sign in \"@{}\"", Shown(order))};
+        return {Cause::LayoutAssumed, Format("no sign in \"@{}\"", Shown(order))};
     }
     return {};
 }
@@ -85,7 +85,7 @@ Outcome ClassifyPair(std::string_view pair, char separator) {
     if (IsWholeDouble(first) && IsWholeDouble(pair)) {
         return {};
     }
-    return {Cause::NumberReadInPart, fmt::format("\"{}\"", Shown(whole))};
+    return {Cause::NumberReadInPart, Format("\"{}\"", Shown(whole))};
 }
 
 Outcome ClassifyRange(std::string_view range) {
@@ -93,8 +93,7 @@ Outcome ClassifyRange(std::string_view range) {
     const auto minimum = ReadLeadingDouble(TakeUpTo(range, '|'));
     const auto maximum = ReadLeadingDouble(range);
     if (minimum && maximum && minimum->value > maximum->value) {
-        return {Cause::RangeReversed,
-                fmt::format("[{:.10g}|{:.10g}]", minimum->value, maximum->value)};
+        return {Cause::RangeReversed, Format("[{:.10g}|{:.10g}]", minimum->value, maximum->value)};
     }
     return outcome;
 }
@@ -102,14 +101,14 @@ Outcome ClassifyRange(std::string_view range) {
 Outcome ClassifyUnit(std::string_view written, const Snapshot& snapshot, const SignalFacts& facts) {
     const std::string_view unit = Trim(written);
     if (unit.size() > LongestUnit) {
-        return {Cause::TextTooLong, fmt::format("the unit has {} bytes", unit.size())};
+        return {Cause::TextTooLong, Format("the unit has {} bytes", unit.size())};
     }
     if (snapshot.Text(facts.unit) != unit) {
         return {Cause::UnitFolded,
-                fmt::format(R"("{}" has the form "{}")", unit, snapshot.Text(facts.unit))};
+                Format(R"("{}" has the form "{}")", unit, snapshot.Text(facts.unit))};
     }
     if (unit.size() != written.size()) {
-        return {Cause::UnitTrimmed, fmt::format("\"{}\"", Shown(written))};
+        return {Cause::UnitTrimmed, Format("\"{}\"", Shown(written))};
     }
     return {};
 }
@@ -130,13 +129,13 @@ Outcome ClassifyReceivers(std::string_view written, std::string_view kept) {
         if (!IsIdentifier(name) && outcome.cause == Cause::Kept) {
             const bool isOneName = Words(name).Peek().size() == name.size();
             outcome.cause = isOneName ? Cause::NodeNameChanged : Cause::TextAfterSignal;
-            outcome.detail = fmt::format("\"{}\" is kept as {}", Shown(name), MakeIdentifier(name));
+            outcome.detail = Format("\"{}\" is kept as {}", Shown(name), MakeIdentifier(name));
         }
         joined += joined.empty() ? "" : ",";
         joined += name;
     }
     if (outcome.cause == Cause::Kept && joined != kept) {
-        return {Cause::TextTooLong, fmt::format("the receivers have {} bytes", whole.size())};
+        return {Cause::TextTooLong, Format("the receivers have {} bytes", whole.size())};
     }
     return outcome;
 }
@@ -197,7 +196,7 @@ Outcome ClassifySignal(std::string_view text, const Snapshot& snapshot, const Si
     }
     if (facts.multiplexType == MultiplexSelected &&
         !IsPlainNumber(indicator.substr(std::min<std::size_t>(1, indicator.size())))) {
-        return {Cause::NumberReadInPart, fmt::format("\"{}\"", Shown(indicator))};
+        return {Cause::NumberReadInPart, Format("\"{}\"", Shown(indicator))};
     }
     return ClassifyRest(rest, snapshot, facts);
 }

@@ -1,12 +1,12 @@
 // VAL_ and SIG_VALTYPE_ statements.
 // SPDX-License-Identifier: MIT
-#include <fmt/format.h>
 
 #include <algorithm>
 
 #include "account/classify.h"
 #include "account/lexical.h"
 #include "source/keywords.h"
+#include "text/format.h"
 
 namespace vexil::tool {
 namespace {
@@ -82,17 +82,17 @@ Outcome Defer(ReadContext& context, std::uint32_t id, std::string_view signal) {
 
 Outcome ClassifyPairs(const Pairs& pairs, std::uint32_t before, std::uint32_t kept) {
     if (pairs.isShifted) {
-        return {Cause::DescriptionsShifted, fmt::format("{} pairs are read", pairs.count)};
+        return {Cause::DescriptionsShifted, Format("{} pairs are read", pairs.count)};
     }
     if (pairs.count == 0) {
         return {Cause::KeptWithoutEffect, "no value is described"};
     }
     if (before + pairs.count > kept) {
         return {Cause::DescriptionsJoined,
-                fmt::format("{} descriptions of {} values", before + pairs.count, kept)};
+                Format("{} descriptions of {} values", before + pairs.count, kept)};
     }
     if (pairs.longest > LongestDescription) {
-        return {Cause::TextTooLong, fmt::format("a description has {} bytes", pairs.longest)};
+        return {Cause::TextTooLong, Format("a description has {} bytes", pairs.longest)};
     }
     if (pairs.isReadInPart) {
         return {Cause::NumberReadInPart, ""};
@@ -180,8 +180,8 @@ Outcome ClassifyValueType(std::string_view text, ReadContext& context) {
     if (type->value == 0) {
         return {Cause::KeptWithoutEffect, "the signal is an integer"};
     }
-    return {Cause::ValueTypeLength, fmt::format("type {} on {} bits", type->value,
-                                                context.snapshot.signals[found.signal].bitLength)};
+    return {Cause::ValueTypeLength, Format("type {} on {} bits", type->value,
+                                           context.snapshot.signals[found.signal].bitLength)};
 }
 
 }  // namespace vexil::tool

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "account/file_findings.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
+
+#include "text/format.h"
 
 namespace vexil::tool {
 namespace {
@@ -59,7 +59,7 @@ class Finder {
             std::any_of(accounted.statements.begin(), accounted.statements.end(),
                         [](const AccountedStatement& each) { return !each.keyword.empty(); });
         if (!hasStatement) {
-            Add(Cause::NoStatement, fmt::format("{} bytes", sourceText.Bytes().size()));
+            Add(Cause::NoStatement, Format("{} bytes", sourceText.Bytes().size()));
         }
         if (sourceText.ByteOrderMarkSize() != 0) {
             Add(Cause::ByteOrderMark, "");
@@ -71,11 +71,10 @@ class Finder {
         const std::string_view bytes = sourceText.Bytes();
         const auto nuls = std::count(bytes.begin(), bytes.end(), '\0');
         if (nuls != 0 && utf16 == Utf16::None) {
-            Add(Cause::NulBytes, fmt::format("{} bytes", nuls));
+            Add(Cause::NulBytes, Format("{} bytes", nuls));
         }
         if (sourceText.LinesEndWithCarriageReturn()) {
-            Add(Cause::LoneCarriageReturns,
-                fmt::format("{} lines", sourceText.LoneCarriageReturns()));
+            Add(Cause::LoneCarriageReturns, Format("{} lines", sourceText.LoneCarriageReturns()));
         }
     }
 
@@ -88,15 +87,14 @@ class Finder {
             if (!isNewId) {
                 const std::uint32_t first = sameId->second;
                 AddAt(Cause::SameMessageId, MessageStatement(index),
-                      fmt::format("id {} as in line {}", message.id, MessageStatement(first).line));
+                      Format("id {} as in line {}", message.id, MessageStatement(first).line));
                 LookAtComments(first, index);
             }
             const std::string_view name = database.Text(message.name);
             const auto [sameName, isNewName] = firstByName.try_emplace(name, index);
             if (!isNewName) {
-                AddAt(
-                    Cause::SameMessageName, MessageStatement(index),
-                    fmt::format("{} as in line {}", name, MessageStatement(sameName->second).line));
+                AddAt(Cause::SameMessageName, MessageStatement(index),
+                      Format("{} as in line {}", name, MessageStatement(sameName->second).line));
             }
         }
     }
@@ -106,8 +104,7 @@ class Finder {
         const MessageFacts& one = database.messages[first];
         const MessageFacts& two = database.messages[other];
         if (one.comment.size != 0 || two.comment.size != 0) {
-            AddAt(Cause::CommentsDouble, MessageStatement(other),
-                  fmt::format("message {}", two.id));
+            AddAt(Cause::CommentsDouble, MessageStatement(other), Format("message {}", two.id));
         }
         const auto [signals, isFirst] = signalsById.try_emplace(one.id);
         if (isFirst) {
@@ -132,7 +129,7 @@ class Finder {
             if (!isNew && same->second.firstSignal != message.firstSignal &&
                 (HasTexts(facts) || HasTexts(database.signals[same->second.signal]))) {
                 AddAt(Cause::CommentsDouble, SignalStatement(signal),
-                      fmt::format("signal {} of message {}", name, message.id));
+                      Format("signal {} of message {}", name, message.id));
             }
         }
     }
@@ -157,7 +154,7 @@ class Finder {
             if (end - begin > 1 && name.size() > LongestNumberedName) {
                 if (front == name.substr(0, LongestNumberedName)) {
                     AddAt(Cause::NamesCutToOne, SignalStatement(names[begin].second),
-                          fmt::format("all become {}_0000 and so on", front));
+                          Format("all become {}_0000 and so on", front));
                 }
                 front = name.substr(0, LongestNumberedName);
             }
@@ -169,9 +166,8 @@ class Finder {
         const SignalFacts& one = database.signals[first];
         const SignalFacts& other = database.signals[signal];
         const bool isSame = database.Text(one.longName) == database.Text(other.longName);
-        AddAt(
-            isSame ? Cause::SameSignalName : Cause::NamesNumbered, SignalStatement(signal),
-            fmt::format("{} as in line {}", database.Text(one.name), SignalStatement(first).line));
+        AddAt(isSame ? Cause::SameSignalName : Cause::NamesNumbered, SignalStatement(signal),
+              Format("{} as in line {}", database.Text(one.name), SignalStatement(first).line));
     }
 
     const SourceText& sourceText;

@@ -1,12 +1,12 @@
 // What is known of the statements only when the whole file was read.
 // SPDX-License-Identifier: MIT
-#include <fmt/format.h>
 
 #include <map>
 #include <utility>
 
 #include "account/accountant.h"
 #include "account/attribute_tokens.h"
+#include "text/format.h"
 
 namespace vexil::tool {
 
@@ -22,8 +22,7 @@ void Accountant::AddDroppedDefinitions() {
         if (statement.cause == Cause::AttributeNotDefined && !lines.empty()) {
             const auto line = lines.find(AttributeName(statement.text));
             if (line != lines.end()) {
-                statement.detail +=
-                    fmt::format("; its definition in line {} was dropped", line->second);
+                statement.detail += Format("; its definition in line {} was dropped", line->second);
             }
         }
     }
@@ -73,8 +72,8 @@ void Accountant::CountLostSignals() {
     for (std::uint32_t index = 0; index < accounted.statements.size(); ++index) {
         if (signalsLost[index] != 0 && FateOf(accounted.statements[index].cause) == Fate::Refused) {
             accounted.statements[index].detail +=
-                fmt::format("; {} signal{} went with it", signalsLost[index],
-                            signalsLost[index] == 1 ? "" : "s");
+                Format("; {} signal{} went with it", signalsLost[index],
+                       signalsLost[index] == 1 ? "" : "s");
         }
     }
 }

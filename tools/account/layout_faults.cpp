@@ -1,6 +1,5 @@
 // Signals that share bits, leave their message, lack a selector, or promise values out of reach.
 // SPDX-License-Identifier: MIT
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <cmath>
@@ -9,6 +8,7 @@
 #include "account/account.h"
 #include "account/owners.h"
 #include "layout/bit_layout.h"
+#include "text/format.h"
 
 namespace vexil::tool {
 namespace {
@@ -52,19 +52,18 @@ class Finder {
             }
             if (EndByte(facts) > message.dlc && message.id != IndependentSignalsId) {
                 Add(Cause::SignalOutsideMessage, signal,
-                    fmt::format("{} reaches byte {} of {}", NameOfSignal(signal), EndByte(facts),
-                                message.dlc));
+                    Format("{} reaches byte {} of {}", NameOfSignal(signal), EndByte(facts),
+                           message.dlc));
             }
             LookAtRange(signal);
         }
         if (firstSelected != NoIndex && !hasSelector) {
-            Add(Cause::MultiplexedWithoutSelector, firstSelected,
-                fmt::format("message {}", message.id));
+            Add(Cause::MultiplexedWithoutSelector, firstSelected, Format("message {}", message.id));
         }
         for (const Overlap& overlap : FindOverlaps(database, message)) {
             Add(Cause::SignalsOverlap, overlap.signal,
-                fmt::format("{} with {} in line {}", NameOfSignal(overlap.signal),
-                            NameOfSignal(overlap.other), LineOfSignal(overlap.other)));
+                Format("{} with {} in line {}", NameOfSignal(overlap.signal),
+                       NameOfSignal(overlap.other), LineOfSignal(overlap.other)));
         }
     }
 
@@ -86,9 +85,9 @@ class Finder {
         if (facts.minimum < std::min(one, two) - step ||
             facts.maximum > std::max(one, two) + step) {
             Add(Cause::RangeBeyondRawValues, signal,
-                fmt::format("[{:.10g}|{:.10g}] of {}, whose raw values reach [{:.10g}|{:.10g}]",
-                            facts.minimum, facts.maximum, NameOfSignal(signal), std::min(one, two),
-                            std::max(one, two)));
+                Format("[{:.10g}|{:.10g}] of {}, whose raw values reach [{:.10g}|{:.10g}]",
+                       facts.minimum, facts.maximum, NameOfSignal(signal), std::min(one, two),
+                       std::max(one, two)));
         }
     }
 

@@ -1,6 +1,5 @@
 // What a written file lacks or has in another form, although the database has it.
 // SPDX-License-Identifier: MIT
-#include <fmt/format.h>
 
 #include <cstdlib>
 #include <initializer_list>
@@ -9,13 +8,14 @@
 
 #include "account/account.h"
 #include "account/attribute_book.h"
+#include "text/format.h"
 
 namespace vexil::tool {
 namespace {
 
 // Whether a number reads back as it was when it is written with ten digits.
 bool SurvivesTenDigits(double number) {
-    const std::string text = fmt::format("{:.10g}", number);
+    const std::string text = Format("{:.10g}", number);
     return std::strtod(text.c_str(), nullptr) == number;
 }
 
@@ -62,7 +62,7 @@ class Finder {
         for (const double number : {signal.factor, signal.offset, signal.minimum, signal.maximum}) {
             if (!SurvivesTenDigits(number)) {
                 Add(Cause::MoreThanTenDigits, statement,
-                    fmt::format("{} is written as {:.10g}", number, number));
+                    Format("{} is written as {:.10g}", number, number));
             }
         }
         if (signal.receiverList.size == 0) {
@@ -72,13 +72,13 @@ class Finder {
         if (database.Text(signal.unit) != database.Text(signal.unitUtf8) &&
             accounted.statements[statement].cause != Cause::UnitFolded) {
             Add(Cause::UnitWrittenInAscii, statement,
-                fmt::format(R"("{}" is written as "{}")", database.Text(signal.unitUtf8),
-                            database.Text(signal.unit)));
+                Format(R"("{}" is written as "{}")", database.Text(signal.unitUtf8),
+                       database.Text(signal.unit)));
         }
         const bool isFloat = signal.valueType == ValueFloat32 || signal.valueType == ValueFloat64;
         if (isFloat && signal.descriptionCount != 0) {
             Add(Cause::DescriptionsOfFloat, statement,
-                fmt::format("{} descriptions", signal.descriptionCount));
+                Format("{} descriptions", signal.descriptionCount));
         }
     }
 

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "commands/explain.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <iostream>
 #include <vector>
@@ -11,6 +9,7 @@
 #include "account/cause.h"
 #include "commands/source_input.h"
 #include "source/utf8.h"
+#include "text/format.h"
 #include "view/closest_word.h"
 
 namespace vexil::tool {
@@ -41,7 +40,7 @@ void PrintAll() {
             std::cout << (last.empty() ? "" : "\n") << KindOf(row) << '\n';
             last = KindOf(row);
         }
-        std::cout << fmt::format("  {:{}}  {}\n", row.name, width, row.summary);
+        std::cout << Format("  {:{}}  {}\n", row.name, width, row.summary);
     }
 }
 
@@ -58,7 +57,7 @@ void PrintExample(std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t size = PrintableSize(text, at);
         if (size == 0) {
-            shown += fmt::format("\\x{:02X}", static_cast<unsigned char>(text[at]));
+            shown += Format("\\x{:02X}", static_cast<unsigned char>(text[at]));
         }
         shown += text.substr(at, size);
         if (text[at] == '\n' && at + 1 < text.size()) {

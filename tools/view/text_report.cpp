@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "view/text_report.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <map>
 #include <ostream>
 #include <string>
 
 #include "account/lexical.h"
+#include "text/format.h"
 #include "view/colour.h"
 
 namespace vexil::tool {
@@ -59,13 +58,13 @@ class Printer {
         const auto counts = checkReport.account.CountsByFate();
         const std::size_t total = checkReport.account.statements.size();
         std::string line =
-            fmt::format("{}: {} statement{}", checkReport.name, total, total == 1 ? "" : "s");
+            Format("{}: {} statement{}", checkReport.name, total, total == 1 ? "" : "s");
         std::string_view separator = ": ";
         for (const Fate fate : AllFates) {
             const std::size_t count = counts[static_cast<std::size_t>(fate)];
             if (count != 0) {
                 line += separator;
-                line += Coloured(fmt::format("{} {}", count, NameOf(fate)), ColourOf(fate));
+                line += Coloured(Format("{} {}", count, NameOf(fate)), ColourOf(fate));
                 separator = ", ";
             }
         }
@@ -94,7 +93,7 @@ class Printer {
     void PrintCause(Cause cause, const std::vector<Place>& places) {
         const CauseRow& row = RowOf(cause);
         const std::string head = row.scope == Scope::Statement
-                                     ? fmt::format("{}, {}", NameOf(row.fate), row.name)
+                                     ? Format("{}, {}", NameOf(row.fate), row.name)
                                      : std::string(row.name);
         stream << '\n'
                << Coloured(head, ColourOf(row.fate)) << ": " << places.size() << " - "
@@ -112,7 +111,7 @@ class Printer {
     void PrintPlace(const Place& place) {
         std::string line = "  ";
         if (place.line != 0) {
-            line += fmt::format("{}:{}: ", place.line, place.column);
+            line += Format("{}:{}: ", place.line, place.column);
         }
         line += Shown(place.text);
         if (!place.detail.empty()) {
@@ -156,9 +155,9 @@ class Printer {
                 continue;
             }
             if (shown == MostNames && !viewOptions.all) {
-                return line + fmt::format(" and {} more names", sorted.size() - shown);
+                return line + Format(" and {} more names", sorted.size() - shown);
             }
-            line += fmt::format("{}{} {}", shown == 0 ? ": " : ", ", Shown(name), count);
+            line += Format("{}{} {}", shown == 0 ? ": " : ", ", Shown(name), count);
             ++shown;
         }
         return line;
