@@ -8,7 +8,7 @@
 #include "account/bytes.h"
 #include "account/ignored_kind.h"
 #include "account/lexical.h"
-#include "text/format.h"
+#include "format/format.h"
 
 namespace vexil::tool {
 namespace {

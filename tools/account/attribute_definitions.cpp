@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "account/attribute_words.h"
-#include "text/format.h"
+#include "format/format.h"
 
 namespace vexil::tool {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "account/attribute_words.h"
 #include "account/lexical.h"
-#include "text/format.h"
+#include "format/format.h"
 
 namespace vexil::tool {
 namespace {

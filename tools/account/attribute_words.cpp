@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "text/format.h"
+#include "format/format.h"
 
 namespace vexil::tool {
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "account/bytes.h"
 
-#include "text/format.h"
+#include "format/format.h"
 
 namespace vexil::tool {
 namespace {

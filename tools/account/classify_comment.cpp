@@ -5,7 +5,7 @@
 
 #include "account/classify.h"
 #include "account/lexical.h"
-#include "text/format.h"
+#include "format/format.h"
 
 namespace vexil::tool {
 namespace {

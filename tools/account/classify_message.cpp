@@ -3,8 +3,8 @@
 
 #include "account/classify.h"
 #include "account/lexical.h"
+#include "format/format.h"
 #include "source/keywords.h"
-#include "text/format.h"
 
 namespace vexil::tool {
 

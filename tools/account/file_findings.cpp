@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "text/format.h"
+#include "format/format.h"
 
 namespace vexil::tool {
 namespace {

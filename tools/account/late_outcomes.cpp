@@ -6,7 +6,7 @@
 
 #include "account/accountant.h"
 #include "account/attribute_tokens.h"
-#include "text/format.h"
+#include "format/format.h"
 
 namespace vexil::tool {
 

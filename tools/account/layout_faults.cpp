@@ -7,8 +7,8 @@
 
 #include "account/account.h"
 #include "account/owners.h"
+#include "format/format.h"
 #include "layout/bit_layout.h"
-#include "text/format.h"
 
 namespace vexil::tool {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "account/account.h"
 #include "account/attribute_book.h"
-#include "text/format.h"
+#include "format/format.h"
 
 namespace vexil::tool {
 namespace {

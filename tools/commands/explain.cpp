@@ -8,8 +8,8 @@
 
 #include "account/cause.h"
 #include "commands/source_input.h"
+#include "format/format.h"
 #include "source/utf8.h"
-#include "text/format.h"
 #include "view/closest_word.h"
 
 namespace vexil::tool {

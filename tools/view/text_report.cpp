@@ -8,7 +8,7 @@
 #include <string>
 
 #include "account/lexical.h"
-#include "text/format.h"
+#include "format/format.h"
 #include "view/colour.h"
 
 namespace vexil::tool {

@@ -1,6 +1,6 @@
 // The formatting library, compiled once.
 // SPDX-License-Identifier: MIT
-#include "text/format.h"
+#include "format/format.h"
 
 #include <fmt/format.h>
 
