@@ -1,0 +1,1 @@
+// The licence is in the sentence before it. SPDX-License-Identifier: MIT
