@@ -1,4 +1,4 @@
-# How every target of the project is compiled.
+# Compiler flags of all targets of the project.
 
 # The language, the warnings and the sanitizers of a target.
 function(vexil64_compile_flags target)
@@ -23,9 +23,9 @@ function(vexil64_compile_flags target)
     endif()
 endfunction()
 
-# Compiles headers that most sources of a target include once for all of them, which takes a third off
-# the time in which a test is compiled. A build without tests goes without, and so shows whether each
-# source includes what it uses.
+# Precompiles the headers that most sources of a target include, which saves a third of the time to
+# compile a test. A build without tests does not, and so shows whether each source includes all headers
+# that it uses.
 #   vexil64_precompile(target [header...])    headers besides those of the standard library
 function(vexil64_precompile target)
     if(VEXIL64_BUILD_TESTS)
@@ -34,8 +34,8 @@ function(vexil64_precompile target)
     endif()
 endfunction()
 
-# For a program that replaces operator new. So does the runtime of the memory sanitizer, but only in
-# programs that clang links as C++.
+# For a program that replaces operator new. The runtime of the memory sanitizer replaces it as well, but
+# only in programs that clang links as C++.
 function(vexil64_replaces_new target)
     if(VEXIL64_SANITIZE MATCHES "memory")
         set_target_properties(${target} PROPERTIES LINKER_LANGUAGE C)

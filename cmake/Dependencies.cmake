@@ -1,6 +1,6 @@
-# What the project calls but does not contain. Each is a package of Debian, named when it is missing.
+# External dependencies. Each is a Debian package, which the error message names if it is missing.
 
-# Finds a CMake package that provides a target, or ends the configure step in one clear line.
+# Finds a CMake package that provides a target, or stops the configure step with one clear line.
 function(vexil64_require package target debian_package)
     find_package(${package} QUIET)
     # utf8-cpp 4 exports its target in a namespace, utf8-cpp 3 without one.
@@ -12,8 +12,8 @@ function(vexil64_require package target debian_package)
     endif()
 endfunction()
 
-# The same for a library that is headers alone and comes without a CMake package. Leaves the folder of
-# the header in folder_of_<package>. A cross build finds it where Windows.cmake put it.
+# The same for a header-only library without a CMake package. Stores the folder of the header in
+# folder_of_<package>. A cross build finds it in the folder that Windows.cmake made.
 function(vexil64_require_header header debian_package)
     set(only "")
     if(CMAKE_CROSSCOMPILING)

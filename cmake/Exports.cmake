@@ -1,4 +1,4 @@
-# Which names the library shows to its hosts: those of one checked-in list, and no other.
+# The exported names of the library: exactly those of a checked-in list.
 
 # Links a shared library with the names of a file, one on each line: as a version script, or as a
 # module definition for Windows.

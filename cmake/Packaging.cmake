@@ -1,5 +1,5 @@
-# What is installed: the library, its headers, what find_package(vexil64) and pkg-config need, the tool
-# and the documents. cmake/packages has the packages that cpack makes of it.
+# Installation of the library, its headers, the files for find_package(vexil64) and pkg-config, the tool
+# and the documents. cmake/packages defines the packages that cpack makes from it.
 include(CMakePackageConfigHelpers)
 include(Uninstall)
 
@@ -49,7 +49,7 @@ vexil64_install(development ${package_dir}
 install(EXPORT vexil64Targets
     NAMESPACE vexil64:: DESTINATION ${package_dir} COMPONENT development)
 
-# The package of pkg-config. Its prefix depends on the place of the file, so that it may be moved.
+# The file of pkg-config. Its prefix is relative to the file, so that an installation can be moved.
 set(pkgconfig_dir "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 file(RELATIVE_PATH prefix_from_pkgconfig
     "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}/.")

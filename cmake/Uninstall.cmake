@@ -1,15 +1,15 @@
 # The target "uninstall", which removes the files that this build folder installed, and the folders that
-# had to be made for them. Each installation notes both in a list in the build folder.
+# were made for them. Each installation records both in a list in the build folder.
 
 set(vexil64_installed "${PROJECT_BINARY_DIR}/installed.txt")
 
-# Notes a folder that files are about to be installed into, with its parents, unless it is there already.
+# Records a folder before files are installed into it, with its parents, unless it exists.
 function(vexil64_note_folder folder)
     install(CODE "set(note [[${folder}]])\nset(list [[${vexil64_installed}]])" ALL_COMPONENTS)
     install(SCRIPT "${PROJECT_SOURCE_DIR}/cmake/note_folder.cmake" ALL_COMPONENTS)
 endfunction()
 
-# Notes the files. Called once, when all that is installed is known.
+# Records the files. Called once, after all install rules.
 function(vexil64_note_files)
     install(CODE "set(list [[${vexil64_installed}]])" ALL_COMPONENTS)
     install(SCRIPT "${PROJECT_SOURCE_DIR}/cmake/note_files.cmake" ALL_COMPONENTS)

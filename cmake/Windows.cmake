@@ -1,18 +1,18 @@
-# What a build for Windows has in addition: a library that needs no other files, its version
-# resource, its import libraries, and for a cross build the dependencies and the emulator.
+# Additions for Windows: a library that needs no other files, its version resource, its import
+# libraries, and for a cross build the dependencies and the emulator.
 
-# The runtimes of the compiler go into the library and into the programs.
+# Links the runtimes of the compiler statically into the library and the programs.
 add_link_options(-static $<$<CONFIG:Release>:-s>)
 
 if(CMAKE_CROSSCOMPILING)
-    # The header packages of the building system serve here, too, but /usr/include must not: it would
-    # bring the headers of another C library with it.
+    # Headers that are installed on the building system are used here as well. /usr/include itself must
+    # not be searched: it also has the headers of another C library.
     find_path(utf8cpp_folder utf8cpp/utf8.h PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH)
     if(utf8cpp_folder)
         add_library(utf8cpp INTERFACE)
         target_include_directories(utf8cpp SYSTEM INTERFACE "${utf8cpp_folder}/utf8cpp")
     endif()
-    # Those that stand in a folder of their own are linked into one that has nothing else.
+    # Header libraries with a folder of their own get a link in a folder that contains nothing else.
     set(headers_folder "${PROJECT_BINARY_DIR}/headers")
     file(MAKE_DIRECTORY "${headers_folder}")
     foreach(header CLI/CLI.hpp dtl/dtl.hpp fmt/core.h nlohmann/json.hpp)
@@ -37,9 +37,9 @@ endif()
 
 # The tests of a cross build: GoogleTest for the target, and Wine to run them.
 if(CMAKE_CROSSCOMPILING AND VEXIL64_BUILD_TESTS)
-    # Debian has GoogleTest for other systems as source.
+    # For other systems, Debian has GoogleTest only as source.
     if(NOT EXISTS /usr/src/googletest/CMakeLists.txt)
-        message(FATAL_ERROR "No sources of GoogleTest. Install the Debian package googletest.")
+        message(FATAL_ERROR "The sources of GoogleTest were not found. Install the Debian package googletest.")
     endif()
     block()
         set(BUILD_GMOCK OFF)
@@ -55,29 +55,29 @@ if(CMAKE_CROSSCOMPILING AND VEXIL64_BUILD_TESTS)
             message(FATAL_ERROR "Wine was not found. Install the Debian package wine64.")
         endif()
 
-        # Programs run with a Windows of their own in the build folder. Only under a locale of UTF-8
-        # has Wine file names of all characters.
+        # Programs run in a Wine prefix in the build folder. Wine supports all characters in file names
+        # only under a UTF-8 locale.
         set(CMAKE_CROSSCOMPILING_EMULATOR
             "${CMAKE_COMMAND}" -E env "WINEPREFIX=${PROJECT_BINARY_DIR}/wine" WINEDEBUG=-all
             WINEDLLOVERRIDES=winemenubuilder.exe,mscoree,mshtml= LC_ALL=C.UTF-8 "${wine}")
-        # The server of Wine outlives this command and must not keep its output open.
+        # The Wine server runs longer than this command and must not keep its output open.
         add_custom_command(OUTPUT "${PROJECT_BINARY_DIR}/wine.stamp"
             COMMAND sh -c "exec timeout 300 \"$@\" >wine.log 2>&1"
                 sh ${CMAKE_CROSSCOMPILING_EMULATOR} wineboot --init
             COMMAND "${CMAKE_COMMAND}" -E touch "${PROJECT_BINARY_DIR}/wine.stamp"
             WORKING_DIRECTORY "${PROJECT_BINARY_DIR}"
-            COMMENT "Making the Windows that the tests run in" VERBATIM)
+            COMMENT "Making the Wine prefix for the tests" VERBATIM)
         add_custom_target(wine_prefix ALL DEPENDS "${PROJECT_BINARY_DIR}/wine.stamp")
 
-        # One server for all tests: a program that starts while the server of another one ends, fails.
+        # All tests share one server: a program fails if it starts while the server of another one ends.
         list(JOIN CMAKE_CROSSCOMPILING_EMULATOR "' '" wine_command)
         configure_file("${PROJECT_SOURCE_DIR}/cmake/CTestCustom.cmake.in" CTestCustom.cmake @ONLY)
     endif()
 endif()
 
-# The name without a prefix, the version resource, what the runtime of the compiler lacks, and
-# vexil64.lib, the import library in the form that other linkers take. MinGW's own, libvexil64.dll.a,
-# is made by the linker.
+# Sets the name without a prefix and adds the version resource, functions that the runtime of the
+# compiler lacks, and vexil64.lib, the import library for other linkers. The linker makes MinGW's own
+# import library, libvexil64.dll.a.
 function(vexil64_windows_library target)
     set(resource "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc")
     configure_file("${PROJECT_SOURCE_DIR}/cmake/vexil64.rc.in" "${resource}" @ONLY)

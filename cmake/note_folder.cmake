@@ -1,5 +1,5 @@
-# Runs while the project is installed: adds to the file `list` the folder `note`, below the prefix, and
-# those of its parents that do not exist yet. What cpack installs in its own folder is not noted.
+# Runs while the project is installed: appends to the file `list` the folder `note`, below the prefix, and
+# its parents that do not exist yet. An installation by cpack in its own folder is not recorded.
 if(NOT "$ENV{DESTDIR}${CMAKE_INSTALL_PREFIX}" MATCHES "/_CPack_Packages/")
     cmake_path(ABSOLUTE_PATH note BASE_DIRECTORY "${CMAKE_INSTALL_PREFIX}" NORMALIZE)
     string(PREPEND note "$ENV{DESTDIR}")

@@ -1,4 +1,4 @@
-# Removes what a build folder installed: the files, and then the folders, unless others put files there.
+# Removes the files that a build folder installed, and then their folders unless they have other files.
 #   cmake -DLIST=... -P remove_installed.cmake
 cmake_minimum_required(VERSION 3.25)
 

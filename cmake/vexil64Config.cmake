@@ -1,7 +1,7 @@
-# What find_package(vexil64) finds: the library as the target vexil64::vexil64.
+# For find_package(vexil64): the library as the target vexil64::vexil64.
 include("${CMAKE_CURRENT_LIST_DIR}/vexil64Targets.cmake")
 
-# Of the two import libraries of the DLL, linkers of Microsoft's form take vexil64.lib.
+# The DLL has two import libraries. Linkers with Microsoft's interface use vexil64.lib.
 if(MSVC OR "${CMAKE_C_SIMULATE_ID};${CMAKE_CXX_SIMULATE_ID}" MATCHES "MSVC")
     get_target_property(vexil64_configurations vexil64::vexil64 IMPORTED_CONFIGURATIONS)
     foreach(configuration IN LISTS vexil64_configurations)

@@ -1,5 +1,5 @@
 # The three Debian packages: libvexil64-1 with the library, libvexil64-dev to build with it, and
-# vexil-dbc, the tool. finish_debs.cmake adds what Debian wants in each.
+# vexil-dbc, the tool. finish_debs.cmake adds the files that Debian requires in each.
 
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL library development)
@@ -16,7 +16,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SOURCE vexil64)
-# The library and the tool need what their symbols need. The three packages are of one version.
+# Dependencies follow from the symbols. The three packages depend on each other in the same version.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
@@ -26,8 +26,8 @@ set(same_version "${library_package} (= ${PROJECT_VERSION})")
 
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_NAME ${library_package})
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_SECTION libs)
-# cpack would add scripts that call ldconfig, which a trigger does. It leaves out scripts whose names are
-# listed here, and ignores that no such files exist.
+# A trigger calls ldconfig, so cpack need not add scripts for it. It adds none whose names are listed
+# here, and ignores that these files do not exist.
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA
     "${PROJECT_BINARY_DIR}/debian/triggers" no_file/postinst no_file/postrm)
 set(CPACK_COMPONENT_LIBRARY_DESCRIPTION "reads and writes DBC files, shared library

@@ -1,5 +1,5 @@
-# Which documents are installed, and where: man pages, completion, and what is for reading. An archive
-# for Windows has the last in its top folder, a package of a distribution with the headers.
+# Installation of documents: man pages, the completion, and pages to read. An archive for Windows has the
+# pages in its top folder, a package of a distribution together with the headers.
 
 set(document_dir "${CMAKE_INSTALL_DOCDIR}")
 set(document_component documents)
@@ -31,7 +31,7 @@ if(NOT WIN32)
     vexil64_install(development ${CMAKE_INSTALL_MANDIR}/man5 docs/man/vexil64-dbc.5)
     if(TARGET vexil-dbc)
         vexil64_install(tool ${CMAKE_INSTALL_MANDIR}/man1 docs/man/vexil-dbc.1)
-        # bash looks for a file that is named as the command.
+        # bash searches for a file with the name of the command.
         set(completion_dir "${CMAKE_INSTALL_DATAROOTDIR}/bash-completion/completions")
         vexil64_note_folder("${completion_dir}")
         install(FILES "${PROJECT_SOURCE_DIR}/completions/vexil-dbc.bash"
@@ -39,9 +39,9 @@ if(NOT WIN32)
     endif()
 endif()
 
-# The licences: that of the project, and those of what is compiled into the library and the tool. Debian
-# installs the latter with its packages; elsewhere they are left out. Debian's own packages have one file
-# for all, cmake/packages/finish_debs.cmake.
+# The licences of the project, and of the code that is compiled into the library and the tool. The latter
+# are taken from Debian's packages; on other systems they are left out. The DEBs have all licences in one
+# file, see cmake/packages/finish_debs.cmake.in.
 set(licences
     "utf8cpp /usr/share/doc/libutfcpp-dev/copyright"
     "CLI11 /usr/share/doc/libcli11-dev/copyright"
