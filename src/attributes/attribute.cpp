@@ -1,4 +1,4 @@
-// Attributes: a value from a text, and the text of an enumeration.
+// Attributes: parsing a value, and the texts of an enumeration.
 // SPDX-License-Identifier: MIT
 #include "attributes/attribute.h"
 
@@ -15,7 +15,7 @@ bool IsInside(std::int32_t index, const std::vector<std::string_view>& list) {
     return index >= 0 && static_cast<std::size_t>(index) < list.size();
 }
 
-// By number, or else by text. Both may be right: a list may hold the text of a number.
+// By number first, then by text: the list may contain the text of a number.
 bool SetEnumIndex(const Attribute& attribute, std::int32_t& enumIndex, std::string_view token) {
     std::int32_t number = 0;
     if (TryParseI32(token, number) && IsInside(number, attribute.enumValues)) {

@@ -1,4 +1,4 @@
-// Attributes: what defines one, and what gives one of its owners a value.
+// Attributes: their definitions, and the values of their owners.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -15,7 +15,7 @@ enum class AttributeObjectKind : std::uint32_t { Gen = 0, Msg = 1, Sig = 2 };
 
 enum class AttributeValueType : std::uint32_t { Unsup = 0, Int = 1, Enum = 2, Str = 3 };
 
-// A value or a default. The type of the attribute says which member counts. All texts of
+// A value or a default. The type of the attribute determines which member is used. All texts of
 // attributes are views.
 struct AttributeContent {
     std::int32_t intValue = 0;
@@ -28,7 +28,7 @@ struct Attribute {
     std::string_view name;
     AttributeObjectKind objectKind = AttributeObjectKind::Gen;
     AttributeValueType valueType = AttributeValueType::Int;
-    // Bounds of an Int, kept to be written and never checked.
+    // Bounds of an Int. They are written, and never checked.
     std::int32_t minValue = std::numeric_limits<std::int32_t>::min();
     std::int32_t maxValue = std::numeric_limits<std::int32_t>::max();
     std::vector<std::string_view>
@@ -36,20 +36,19 @@ struct Attribute {
     AttributeContent defaultContent;
 
     // Sets content from a token, with its quotes if it has any: an Int from its leading number, an
-    // Enum from a number inside the list or from one of its texts in quotes, a Str from what stands
-    // between the quotes, as a view. Returns whether something was set; if not, nothing has
-    // changed.
+    // Enum from a number inside the list or from one of its texts in quotes, a Str from the text
+    // between the quotes, as a view. Returns false and changes nothing if the token does not fit.
     bool SetValueFromText(AttributeContent& content, std::string_view token) const;
 
-    // The position of the first of enumValues that is the text; nothing when there is none.
+    // The position of the text in enumValues, the first one; nothing when it is not there.
     std::optional<std::int32_t> FindEnumText(std::string_view text) const;
 
-    // The text that an Enum's content means; nothing when there is none.
+    // The text of an Enum's content; nothing when there is none.
     std::optional<std::string_view> EnumText(const AttributeContent& content) const;
 
   private:
-    // Positions in enumValues by text, for a list that many statements search. Made when first
-    // asked.
+    // Positions in enumValues by text, for a list that many statements search. Made at the first
+    // search.
     mutable std::vector<std::int32_t> positionsByText;
 };
 

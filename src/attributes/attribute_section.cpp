@@ -1,5 +1,5 @@
-// The attribute section of a written file. What it writes is read by attribute_statements.h and
-// carried into the model by read/attribute_fold.h.
+// The attribute section of a written file. attribute_statements.h reads its lines, and
+// read/attribute_fold.h copies their values into the model.
 // SPDX-License-Identifier: MIT
 #include "attributes/attribute_section.h"
 
@@ -10,7 +10,7 @@
 namespace vexil {
 namespace {
 
-// Classic CAN is what a file without the attribute means.
+// A file without the attribute means classic CAN.
 void DefineBusType(AttributeTable& table) {
     if (database.info.busType == BusCanFd) {
         Attribute busType;
@@ -33,7 +33,7 @@ void DefineProtocol(AttributeTable& table) {
     }
 }
 
-// Adds the definition of a name attribute, without which its values mean nothing.
+// Adds the definition of a name attribute, without which its values have no effect.
 const Attribute* DefineName(AttributeTable& table, std::string_view name,
                             AttributeObjectKind kind) {
     Attribute definition;

@@ -8,9 +8,9 @@
 
 namespace vexil {
 
-// Works out which attributes the database needs, in the order of messages, and writes them; writes
-// nothing when it needs none. Five attributes travel back into a file: BusType, J1939PGN, IsNMEA,
-// Marrowby_Msg_Name and Marrowby_Sig_Name. The others are read and never written.
+// Determines which attributes the database needs and writes them in the order of messages, or
+// nothing when it needs none. Only BusType, J1939PGN, IsNMEA, Marrowby_Msg_Name and
+// Marrowby_Sig_Name are written. The other four attributes are read and never written.
 void WriteAttributeSection(StatementFile& file, const MessageList& messages);
 
 }  // namespace vexil

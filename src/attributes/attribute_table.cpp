@@ -11,7 +11,7 @@
 namespace vexil {
 namespace {
 
-// A value is known by its definition, which has name, kind and type, and its owner.
+// The key of a value is its definition, which has name, kind and type, and its owner.
 std::size_t HashOf(const AttributeValue& value) {
     return KeyedHash(std::hash<const Attribute*>()(value.definition) + value.messageId,
                      value.signalName);

@@ -17,27 +17,27 @@ namespace vexil {
 
 class AttributeTable {
   public:
-    // In the order in which they were first seen. Only ClearEntries takes entries away, and none
-    // moves before that.
+    // In the order of the file. Only ClearEntries removes entries, and they do not move before
+    // that.
     std::vector<std::unique_ptr<Attribute>> definitions;
     PagedList<AttributeValue> values;
 
-    // Returns the definition of the name, kind and type, owned by the table, or null. The search
-    // walks the definitions: with the reserved names alone there are few.
+    // Returns the definition of the name, kind and type, owned by the table, or null. The search is
+    // linear, since only reserved names have definitions.
     const Attribute* FindDefinition(std::string_view name, AttributeObjectKind kind,
                                     AttributeValueType type) const;
 
-    // Returns the value that an owner has of a definition of this table, owned by the table, or
-    // null. A message has no signalName, and the network no messageId either: 0.
+    // Returns the value of an owner for a definition of this table, owned by the table, or null.
+    // For a message signalName is empty; for the network messageId is also 0.
     const AttributeValue* FindValue(const Attribute& definition, std::uint32_t messageId,
                                     std::string_view signalName);
 
     // Store an entry. The first definition of a name, kind and type and the first value of an owner
-    // stay; later ones are forgotten. The texts must live as long as the entries.
+    // stay; later ones are dropped. Precondition: the texts live as long as the entries.
     void AddDefinition(Attribute definition);
     void AddValue(const AttributeValue& value);  // Precondition: its definition is of this table.
 
-    // Empties the table and gives its memory back.
+    // Empties the table and frees its memory.
     void ClearEntries();
 
   private:

@@ -12,7 +12,7 @@
 namespace vexil {
 namespace {
 
-// The keyword of the owner kind with a blank after it; nothing for the network.
+// The keyword of the owner kind and a blank; nothing for the network.
 std::string_view OwnerKeyword(AttributeObjectKind kind) {
     constexpr std::array<std::string_view, 3> Keywords = {"", "BO_ ", "SG_ "};
     return Keywords[static_cast<std::size_t>(kind)];
@@ -27,7 +27,7 @@ void AppendEnumType(LineBuffer& line, const Attribute& definition) {
     }
 }
 
-// Whether lines can be written: an unsupported type has none.
+// Whether the attribute has lines; an unsupported type has none.
 bool HasType(const Attribute& definition) {
     return definition.valueType != AttributeValueType::Unsup;
 }
@@ -44,7 +44,7 @@ void AppendType(LineBuffer& line, const Attribute& definition) {
 
 enum class EnumForm { Text, Number };
 
-// Whether the content has a text: an Enum may mean none of its list.
+// Whether the content has a text: the index of an Enum may be outside its list.
 bool HasText(const Attribute& definition, const AttributeContent& content) {
     return HasType(definition) && (definition.valueType != AttributeValueType::Enum ||
                                    definition.EnumText(content).has_value());
@@ -70,7 +70,7 @@ void AppendLineHead(LineBuffer& line, std::string_view keyword, std::string_view
     line.Append(keyword, " ", owner, "\"", definition.name, "\" ");
 }
 
-// Appends the line that append makes, with its end; nothing when append makes none.
+// Appends the line that append composes and a line feed; nothing if it is empty.
 template <typename Append>
 void AppendLine(LineBuffer& text, Append append) {
     const std::size_t start = text.Size();

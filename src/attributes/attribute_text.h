@@ -7,20 +7,20 @@
 
 namespace vexil {
 
-// Appends the lines of the table with a line feed between each two: all definitions, then all
-// defaults, then all values. Nothing when the table has no definition.
+// Appends the lines of the table, separated by line feeds: all definitions, then all defaults, then
+// all values. Nothing when the table has no definition.
 void AppendAttributeSection(LineBuffer& text, AttributeTable& table);
 
-// Each appends a line without its end; nothing when the attribute has no such line.
+// Each function appends a line without its line feed; nothing if the attribute has no such line.
 
 // The BA_DEF_ line.
 void AppendDefinition(LineBuffer& line, const Attribute& definition);
 
-// The BA_DEF_DEF_ line; an Enum is given by its text.
+// The BA_DEF_DEF_ line, with the text of an Enum.
 void AppendDefault(LineBuffer& line, const Attribute& definition);
 
-// The BA_ line; an Enum is given by its number. The network has none: its attributes reach a file
-// only through their defaults.
+// The BA_ line, with the number of an Enum. The network has none: its attributes are written only
+// as defaults.
 void AppendValue(LineBuffer& line, const AttributeValue& value);
 
 }  // namespace vexil

@@ -2,7 +2,7 @@
 //
 //   BA_DEF_DEF_ "name" value ;
 //
-// A default is kept in the definition itself, so the definition must come before it.
+// The default is stored in the definition, so the definition must come first.
 // SPDX-License-Identifier: MIT
 #include "attributes/attribute_statements.h"
 #include "attributes/reserved_names.h"

@@ -28,8 +28,8 @@ std::optional<AttributeObjectKind> OwnerKind(std::string_view token) {
     return std::nullopt;
 }
 
-// Takes kind and name. Returns the position of the type token, or nothing when the statement has
-// another shape or an owner that the model does not know.
+// Parses kind and name. Returns the position of the type token, or nothing when the statement has
+// another form or an owner that the model does not have.
 std::optional<std::size_t> TakeShape(const StatementTokens& tokens, Attribute& definition) {
     if (tokens.BeginWith({Other, Other, QuotedString, Other})) {
         const std::optional<AttributeObjectKind> kind = OwnerKind(tokens[1]);
@@ -48,7 +48,7 @@ std::optional<std::size_t> TakeShape(const StatementTokens& tokens, Attribute& d
     return std::nullopt;
 }
 
-// Intentional: one number of the two is enough; the bound that is none becomes 0.
+// Intentional: one number of the two is enough; the other bound becomes 0.
 bool TakeBounds(const StatementTokens& tokens, std::size_t typeAt, Attribute& definition) {
     if (tokens.Size() != typeAt + 3 || (ClassifyToken(tokens[typeAt + 1]) != Number &&
                                         ClassifyToken(tokens[typeAt + 2]) != Number)) {

@@ -1,4 +1,4 @@
-// The attributes that reach the model. All others of a file are dropped.
+// The attributes that are copied into the model. All others of a file are dropped.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -20,7 +20,7 @@ inline constexpr std::string_view GenSigStartValue = "GenSigStartValue";
 inline constexpr std::string_view GenSigInactiveValue = "GenSigInactiveValue";
 }  // namespace attribute
 
-// The value of BusType that means CAN FD; every other one means classic CAN.
+// The value of BusType for CAN FD; every other value means classic CAN.
 inline constexpr std::string_view CanFdText = "CAN FD";
 
 inline constexpr std::array<std::string_view, 9> ReservedAttributeNames = {

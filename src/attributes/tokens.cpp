@@ -25,11 +25,11 @@ bool IsSeparator(char ch) {
 
 }  // namespace
 
-// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): space is room and has no value
+// NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): space needs no value
 StatementTokens::StatementTokens(std::string_view text) {
     tokens.reserve(OrdinaryTokenCount);
-    bool isOpen = false;           // the last token waits for its closing quote
-    std::string* whole = nullptr;  // where it is joined from pieces, if it is
+    bool isOpen = false;           // the last token has no closing quote yet
+    std::string* whole = nullptr;  // the last token, if it is joined from pieces
     const auto* at = std::find_if_not(text.begin(), text.end(), IsSeparator);
     while (at != text.end()) {
         const auto* const end = std::find_if(at, text.end(), IsSeparator);

@@ -16,9 +16,9 @@ namespace vexil {
 enum class TokenClass { Other = 0, QuotedString = 1, Number = 2 };
 
 // The tokens of a statement: views into it, or into texts of this object that had to be joined.
-// White space, ";" and "," separate them. What double quotes hold together is one token, with a
-// blank in place of each run of separators. So a quote that a separator follows directly opens
-// nothing, and an opening quote without a closing one takes the rest of the text.
+// White space, ";" and "," separate them. Text between double quotes is one token, with a blank in
+// place of each run of separators. A quote that a separator follows directly opens no text, and an
+// opening quote without a closing one takes the rest of the statement.
 class StatementTokens {
   public:
     // text: lives as long as the object.
@@ -31,7 +31,7 @@ class StatementTokens {
     bool BeginWith(std::initializer_list<TokenClass> classes) const;
 
   private:
-    // Ordinary statements need no other memory than this.
+    // Enough for ordinary statements, which need no other memory.
     std::array<std::byte, 256> space;
     std::pmr::monotonic_buffer_resource memory{space.data(), space.size(),
                                                std::pmr::new_delete_resource()};
@@ -39,11 +39,11 @@ class StatementTokens {
     std::forward_list<std::string> joined;
 };
 
-// Returns what is between the first and the last double quote of token, a view into it; empty when
+// Returns the text between the first and the last double quote of token, a view into it; empty if
 // there are not two.
 std::string_view QuotedContent(std::string_view token);
 
-// Returns what a token is: QuotedString when QuotedContent of it is not empty, Number when it
+// Returns the class of a token: QuotedString when its QuotedContent is not empty, Number when it
 // begins with a digit or "-" and with a number of 64 bits. Intentional: "" is Other.
 TokenClass ClassifyToken(std::string_view token);
 

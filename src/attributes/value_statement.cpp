@@ -4,7 +4,7 @@
 //   BA_ "name" BO_ id value ;
 //   BA_ "name" SG_ id signal value ;
 //
-// Which of the forms a statement must have is up to the definition of the name.
+// The definition of the name determines which of the forms a statement must have.
 // SPDX-License-Identifier: MIT
 #include <array>
 #include <utility>
@@ -20,15 +20,15 @@ namespace {
 
 using enum TokenClass;
 
-// Where a definition stands in the search for a name: kinds in the order Gen, Msg, Sig, and in each
-// the types in the order Int, Str, Enum.
+// The rank of a definition in the search for a name: kinds in the order Gen, Msg, Sig, and within a
+// kind the types in the order Int, Str, Enum.
 std::pair<AttributeObjectKind, int> SearchRank(const Attribute& definition) {
     constexpr std::array<int, 4> Ranks = {3, 0, 2, 1};  // of Unsup, Int, Enum and Str
     return {definition.objectKind, Ranks[static_cast<std::size_t>(definition.valueType)]};
 }
 
-// Intentional: the first definition in the order of the search is the only one that counts, so
-// a name that is defined for messages and signals is always that of the messages.
+// Intentional: only the first definition in the order of the search is used, so a name that is
+// defined for messages and for signals always refers to messages.
 const Attribute* FindDefinitionOfName(const AttributeTable& table, std::string_view name) {
     const Attribute* first = nullptr;
     for (const auto& definition : table.definitions) {
@@ -40,7 +40,7 @@ const Attribute* FindDefinitionOfName(const AttributeTable& table, std::string_v
     return first;
 }
 
-// Where the value token of a statement for the kind stands.
+// The position of the value token in a statement for the kind.
 std::size_t ValueAt(AttributeObjectKind kind) {
     switch (kind) {
         case AttributeObjectKind::Msg:
@@ -53,8 +53,8 @@ std::size_t ValueAt(AttributeObjectKind kind) {
     return 2;
 }
 
-// Whether the tokens have the shape that the definition demands. Intentional: an Enum is given
-// by number only, and "" is no text.
+// Whether the tokens have the form that the definition requires. Intentional: an Enum value must be
+// a number, and "" is not a text.
 bool HasShape(const StatementTokens& tokens, const Attribute& definition) {
     const TokenClass value =
         definition.valueType == AttributeValueType::Str ? QuotedString : Number;

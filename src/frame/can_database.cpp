@@ -8,11 +8,11 @@
 namespace vexil {
 namespace {
 
-// An object that is there before any code runs, and is not destroyed: static objects of a host may
-// call in their constructors, and its exit handlers after those of the library.
+// An object that exists before any code runs, and is not destroyed: constructors of static objects
+// of a host may call the library, and so may exit handlers that run after those of the library.
 union Instance {  // NOLINT(cppcoreguidelines-special-member-functions)
     constexpr Instance() : object() {}
-    ~Instance() {}  // NOLINT(modernize-use-equals-default): that one would be deleted
+    ~Instance() {}  // NOLINT(modernize-use-equals-default): the default is deleted
     CANDatabase object;
 };
 constinit Instance instance;

@@ -1,4 +1,4 @@
-// CANDatabase, the whole state of the library.
+// CANDatabase, the complete state of the library.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -27,26 +27,26 @@ class CANDatabase {
     PagedList<RefusedStatement> parseErrors;  // in the order of the file
 
     OwnerIndex owners;          // messages and signals of the file; empty outside a read
-    AttributeTable attributes;  // those of the file; without entries outside a read
+    AttributeTable attributes;  // attributes of the file; without entries outside a read
 
-    // Empties the database and gives its memory back. Intentional: busType stays, so a file without
-    // it leaves the value of the file before.
+    // Empties the database and frees its memory. Intentional: busType stays, so a file without the
+    // attribute keeps the value of the file before.
     void Reset();
 
-    // Empties what serves a read alone.
+    // Empties the tables that only a read needs.
     void EndRead();
 
     // The value descriptions of the signal, valid until the next call.
     const Descriptions& DescriptionsOf(const CANSignal& signal);
 
   private:
-    // Of the signals that were looked at last: hosts may go back and forth among a few.
+    // Those of the signals that were fetched last: hosts may alternate among a few.
     std::array<Descriptions, 4> looks;
     std::size_t oldestLook = 0;
 };
 
-// The one instance. It takes no code to make, so it is there from the start, and is emptied when
-// the library is unloaded.
+// The only instance. It is a constant at load time, so it needs no code to exist, and is emptied
+// when the library is unloaded.
 extern CANDatabase& database;
 
 }  // namespace vexil

@@ -1,4 +1,4 @@
-// Descriptions: taking statements apart, and the order of the values.
+// Descriptions: parsing statements, and sorting by value.
 // SPDX-License-Identifier: MIT
 #include "frame/descriptions.h"
 
@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view Separator = " - ";
 
-// How many were appended after an earlier one, or in all for null; npos when it is not among them.
+// How many were appended after earlier, or in total if it is null; npos if earlier is not found.
 std::size_t CountNewer(const AddedDescription* newest, const AddedDescription* earlier) {
     std::size_t count = 0;
     for (; newest != earlier; newest = newest->earlier, ++count) {
@@ -65,13 +65,13 @@ void Descriptions::Clear() noexcept {
     *this = Descriptions();
 }
 
-// Adds the pairs of a number and a quoted text. Intentional: a head that is no number does not end
-// the list. The search continues after its opening quote, so the pairs shift by one quote for the
-// rest.
+// Adds the pairs of a number and a quoted text. Intentional: text that is not a number does not end
+// the list. The search continues after the opening quote that follows it, so that later texts pair
+// with wrong values.
 void Descriptions::AddStatement(std::string_view text) {
     Position quote = npos;
     for (Position next = 0; next < text.size(); next = quote + 1) {
-        // No number reaches beyond the quote.
+        // A number ends before the quote.
         std::int32_t value = 0;
         const bool isNumber = TryParseI32(text.substr(next), value);
         TextUpToChar(text, next, '"', quote);
@@ -87,7 +87,7 @@ void Descriptions::AddStatement(std::string_view text) {
     }
 }
 
-// Adds those that were appended last, the oldest of them first.
+// Adds the last count appended descriptions, the oldest of them first.
 void Descriptions::AddAppended(const AddedDescription* newest, std::size_t count) {
     pairs.resize(pairs.size() + count);
     for (auto pair = pairs.rbegin(); count > 0; ++pair, --count) {
@@ -109,7 +109,7 @@ void Descriptions::Sort() {
     }
 }
 
-// Goes on over the pairs as long as they are in order, and notes where a value begins.
+// Advances over the pairs while they are in order, and records where each value begins.
 void Descriptions::CountSorted() {
     const std::size_t start = sortedCount;
     for (std::size_t at = start; at < pairs.size(); ++at) {

@@ -1,4 +1,4 @@
-// Descriptions, the value descriptions of one signal in their order.
+// Descriptions, the value descriptions of one signal, sorted by value.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -13,31 +13,31 @@
 
 namespace vexil {
 
-// Made from the notes of a signal on the first fetch, and kept for the next one: hosts fetch the
-// descriptions of a signal one after the other. The texts are views into the notes.
+// Made from the notes of a signal at its first fetch and kept for the next ones, since hosts fetch
+// the descriptions of a signal one after the other. The texts are views into the notes.
 class Descriptions {
   public:
-    // Makes these the descriptions of the notes. Throws std::bad_alloc with none left.
+    // Makes this object the descriptions of the notes. It is empty if this throws std::bad_alloc.
     void LookAt(const Notes& notes);
 
-    // Whether they are those of the notes already, but for what was appended since.
+    // Whether this object was made from the notes; descriptions may have been appended since.
     bool IsOf(const Notes& notes) const noexcept {
         return isValid && statements == notes.statements &&
                (owner == &notes || added == notes.added);
     }
 
-    // How many different values there are.
+    // The number of different values.
     std::size_t Count() const noexcept { return runs.size(); }
 
     // The value at a position in ascending order.
     std::int32_t ValueAt(std::size_t position) const { return pairs[runs[position]].value; }
 
-    // Returns the text of the value at a position: all texts that describe the value, in the order
-    // in which they came, with " - " between them. A view into the notes or into scratch.
-    //   enough  how many bytes the caller looks at; the rest may be missing.
+    // Returns the text of the value at a position: all texts of the value, in the order of reading
+    // and appending, joined by " - ". A view into the notes or into scratch.
+    //   enough  the number of bytes that the caller needs; the rest may be missing.
     std::string_view Text(std::size_t position, LineBuffer& scratch, std::size_t enough) const;
 
-    // Forgets everything and gives the memory back.
+    // Removes all descriptions and frees the memory.
     void Clear() noexcept;
 
   private:
@@ -56,11 +56,11 @@ class Descriptions {
         return position + 1 < runs.size() ? runs[position + 1] : pairs.size();
     }
 
-    std::vector<Pair> pairs;        // by value, those of one value in the order in which they came
-    std::vector<std::size_t> runs;  // positions of the first pairs of the values
-    std::size_t sortedCount = 0;    // pairs that are in order; the others were added since
+    std::vector<Pair> pairs;        // sorted by value, and within a value by arrival
+    std::vector<std::size_t> runs;  // the position of the first pair of each value
+    std::size_t sortedCount = 0;    // pairs that are sorted; the others are newer
     bool isValid = false;
-    const Note* statements = nullptr;  // of the notes that were looked at
+    const Note* statements = nullptr;  // members of the notes at the last LookAt
     const AddedDescription* added = nullptr;
     const Notes* owner = nullptr;
 };

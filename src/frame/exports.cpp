@@ -16,12 +16,12 @@ using vexil::database;
 
 namespace {
 
-// The message at an index, or null when the index is too large.
+// The message at an index, or null when the index is out of range.
 CANMessage* MessageAt(std::uint32_t index) {
     return index < database.messages.Size() ? &database.messages[index] : nullptr;
 }
 
-// The signal at a pair of indexes, or null when one of them is too large.
+// The signal at a pair of indexes, or null when one of them is out of range.
 CANSignal* SignalAt(std::uint32_t messageIndex, std::uint32_t signalIndex) {
     const CANMessage* message = MessageAt(messageIndex);
     return message != nullptr && signalIndex < message->signals.Size()
@@ -29,7 +29,7 @@ CANSignal* SignalAt(std::uint32_t messageIndex, std::uint32_t signalIndex) {
                : nullptr;
 }
 
-// Copies what both sides hold; nothing from or to null.
+// Copies at most the size of a DatabaseInfo; copies nothing if a pointer is null.
 void CopyBytes(void* destination, const void* source, std::uint64_t size) {
     if (destination != nullptr && source != nullptr) {
         std::memcpy(destination, source, std::min<std::uint64_t>(size, sizeof(DatabaseInfo)));
@@ -123,7 +123,7 @@ uint8_t VexilAppendCanSignalToCanMessage(uint32_t messageIndex, const CanSignalR
     if (message == nullptr) {
         return 0;
     }
-    // A full message checks the signal and keeps nothing of it.
+    // A full message drops the signal, so its texts must not stay in the database.
     vexil::Arena scratch;
     CANSignal signal;
     if (!signal.FillFromRecord(message->IsFull() ? scratch : database.arena, record)) {

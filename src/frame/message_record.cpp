@@ -1,4 +1,4 @@
-// CANMessage: out to a record and in from one.
+// CANMessage: copying to a record, and filling from one.
 // SPDX-License-Identifier: MIT
 #include "frame/can_message.h"
 #include "frame/model_text.h"

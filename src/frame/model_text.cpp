@@ -1,4 +1,4 @@
-// The forms of a text that the model keeps.
+// The forms in which the model stores texts.
 // SPDX-License-Identifier: MIT
 #include "frame/model_text.h"
 

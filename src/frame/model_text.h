@@ -1,5 +1,5 @@
-// The forms of a text that the model keeps. Each returns the text itself where nothing changes, and
-// otherwise a new one in the arena.
+// The forms in which the model stores texts. Each function returns the text itself if it has the
+// form already, and otherwise a new text in the arena.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -13,14 +13,14 @@ namespace vexil {
 // return.
 std::string_view DisplayForm(Arena& arena, std::string_view text);
 
-// The text if it is an identifier, else what MakeCIdentifier makes of it.
+// The text if it is an identifier, otherwise the result of MakeCIdentifier.
 std::string_view IdentifierForm(Arena& arena, std::string_view text);
 
-// The text with "_" in place of every character beyond ASCII.
+// The text with "_" in place of every non-ASCII character.
 std::string_view AsciiForm(Arena& arena, std::string_view text);
 
-// Sets the two forms of a name in the arena: longName, the display form, and name, the
-// identifier form of that.
+// Sets the two forms of a name in the arena: longName without control characters, and name, its
+// identifier.
 void MakeNames(Arena& arena, std::string_view text, std::string_view& longName,
                std::string_view& name);
 

@@ -1,4 +1,4 @@
-// Notes, what CM_ and VAL_ statements and appended records say about a message or signal.
+// Notes, the comments and value descriptions of a message or signal.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -12,9 +12,9 @@
 
 namespace vexil {
 
-// A text of a file: of a CM_ statement what is between its quotes, of a VAL_ statement what follows
-// the name of the signal. Owners of one id and name share the notes: each has those from its first
-// one on, up to the end of the list.
+// A text of a file: the text between the quotes of a CM_ statement, or the text after the signal
+// name of a VAL_ statement. Owners of one id and name share a list of notes: each has the notes
+// from its first one to the end of the list.
 struct Note {
     std::string_view text;
     Note* next = nullptr;
@@ -27,26 +27,25 @@ struct AddedDescription {
     const AddedDescription* earlier = nullptr;
 };
 
-// Texts are kept as they came, and joined and parsed when they are fetched. All memory is the
-// arena's.
+// Texts are stored as in the file. A fetch joins and parses them. All memory belongs to the arena.
 struct Notes {
-    Note* comments = nullptr;                 // of CM_ statements, the first one
-    Note* statements = nullptr;               // of VAL_ statements, the first one
+    Note* comments = nullptr;                 // the first of the CM_ statements
+    Note* statements = nullptr;               // the first of the VAL_ statements
     const AddedDescription* added = nullptr;  // the newest
 
     bool HasComment() const noexcept { return comments != nullptr; }
 
-    // Makes text the comment. Precondition: there is none.
+    // Sets the comment to text. Precondition: there is none.
     void SetComment(Arena& arena, std::string_view text);
 
-    // Appends the comment to line: the texts one after the other, with a backslash before each
+    // Appends the comment to line: the texts in order, with a backslash before each
     // double quote. Intentional: only the one character before a quote counts, so a backslash at
     // the end of one text escapes a quote at the start of the next.
-    //   enough  stops when line has so many bytes.
+    //   enough  the number of bytes in line at which to stop.
     void AppendComment(LineBuffer& line, std::size_t enough = npos) const;
 
     // Returns the comment. A view into the arena or into scratch.
-    //   enough  how many bytes the caller looks at; the rest may be missing.
+    //   enough  the number of bytes that the caller needs; the rest may be missing.
     std::string_view Comment(LineBuffer& scratch, std::size_t enough) const;
 };
 

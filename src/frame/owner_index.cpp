@@ -1,4 +1,4 @@
-// OwnerIndex: adding, finding and giving to all owners of a key.
+// OwnerIndex: adding and finding owners, and adding notes to all owners of a key.
 // SPDX-License-Identifier: MIT
 #include "frame/owner_index.h"
 
@@ -7,7 +7,7 @@
 namespace vexil {
 namespace {
 
-// Ids have 32 bits, so a message and a nameless signal of one id have different keys.
+// Ids have 32 bits, so a message and a signal without a name have different keys.
 std::size_t HashOfMessage(std::uint32_t messageId) {
     return KeyedHash(std::uint64_t{messageId} << 32U, {});
 }
@@ -61,7 +61,7 @@ void OwnerIndex::AddStatement(Arena& arena, Owner& newest, std::string_view text
 
 void OwnerIndex::MakeFloat(Owner& newest, std::uint32_t bits) {
     bool Owner::*const saw = bits == 32 ? &Owner::sawFloat32 : &Owner::sawFloat64;
-    // Those before one that has seen such a statement have seen it, too.
+    // If an owner has seen such a statement, all earlier owners have seen it.
     for (Owner* owner = &newest; owner != nullptr && !(owner->*saw); owner = EarlierThan(*owner)) {
         owner->*saw = true;
         if (owner->signal->bitLength == bits) {
@@ -115,7 +115,7 @@ void OwnerIndex::Append(Arena& arena, Owner& newest, std::string_view text, Note
         (newest.*last)->next = note;
     }
     newest.*last = note;
-    // The owners that came after the last note have none yet.
+    // Owners that were added after the last note have no first note yet.
     for (Owner* owner = &newest; owner != nullptr && owner->notes->*first == nullptr;
          owner = EarlierThan(*owner)) {
         owner->notes->*first = note;

@@ -1,5 +1,5 @@
 // OwnerIndex, the messages and signals read so far, by message id and name. Comments, value
-// descriptions and value types reach every message of their id and every signal of their name.
+// descriptions and value types apply to every message of their id and every signal of their name.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -22,18 +22,18 @@ struct Owner {
     CANSignal* signal = nullptr;  // null for a message
     Notes* notes = nullptr;       // of the message or signal
     std::uint32_t messageId = 0;
-    std::uint32_t earlier = 0;  // the position of the one before it, plus one; 0 for the first
-    // What the newest owner of a key knows for all of them.
+    std::uint32_t earlier = 0;  // the position of the owner before it, plus one; 0 for the first
+    // Valid only in the newest owner of a key: the ends of the lists that all of them share.
     Note* lastComment = nullptr;
     Note* lastStatement = nullptr;
-    // Whether it has seen a statement that makes floats of the size.
+    // Whether a SIG_VALTYPE_ statement for this size came after the owner.
     bool sawFloat32 = false;
     bool sawFloat64 = false;
 };
 
 class OwnerIndex {
   public:
-    // Messages and signals must stay where they are until Clear.
+    // Precondition: messages and signals do not move until Clear.
     void AddMessage(CANMessage& message);
     void AddSignal(std::uint32_t messageId, CANSignal& signal);
 
@@ -42,8 +42,8 @@ class OwnerIndex {
     Owner* FindMessage(std::uint32_t messageId);
     Owner* FindSignal(std::uint32_t messageId, std::string_view name);
 
-    // Calls visit(owner, end) for each name of a signal that text begins with and that white space
-    // follows; end is its length. Precondition: text begins with no white space.
+    // Calls visit(owner, end) for each signal name with which text begins and which white space
+    // follows; end is the length of the name. Precondition: text does not begin with white space.
     template <typename Visit>
     void ForEachSignalAt(std::uint32_t messageId, std::string_view text, Visit visit) {
         PrefixHash hash(messageId, text);
@@ -58,24 +58,24 @@ class OwnerIndex {
         }
     }
 
-    // Give the text, which is the arena's, to the newest owner of a key and all before it. So each
-    // owner has the notes from its first one on, whoever shares them.
+    // Add the text to the newest owner of a key and all earlier ones. Precondition: the text is in
+    // the arena.
     void AddComment(Arena& arena, Owner& newest, std::string_view text);
     void AddStatement(Arena& arena, Owner& newest, std::string_view text);
 
-    // Makes floats of those signals that have the number of bits, 32 or 64: the newest owner of a
-    // key and all before it.
+    // Sets the value type to float for the newest owner of a key and all earlier ones, if they have
+    // this number of bits, 32 or 64.
     void MakeFloat(Owner& newest, std::uint32_t bits);
 
-    // Forgets all owners and gives the memory back.
+    // Removes all owners and frees the memory.
     void Clear();
 
   private:
-    // The place in index of the newest owner of a key, or null.
+    // The entry in index for the newest owner of a key, or null.
     std::uint32_t* PlaceOfMessage(std::uint32_t messageId, std::size_t hash);
     std::uint32_t* PlaceOfSignal(std::uint32_t messageId, std::string_view name, std::size_t hash);
 
-    // Adds an owner whose key has the place, or is new where that is null.
+    // Adds an owner. place: the entry of its key in index, or null for a new key.
     void Add(Owner owner, std::size_t hash, std::uint32_t* place);
 
     Owner* At(const std::uint32_t* place) { return place == nullptr ? nullptr : &owners[*place]; }
@@ -89,8 +89,8 @@ class OwnerIndex {
 
     Arena memory;
     PagedList<Owner> owners;
-    HashIndex index;            // of the newest owner of each key
-    std::size_t mostWords = 1;  // in the name of a signal
+    HashIndex index;            // the newest owner of each key
+    std::size_t mostWords = 1;  // the most words in a signal name
 };
 
 }  // namespace vexil

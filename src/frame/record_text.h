@@ -1,4 +1,4 @@
-// Text from the model to the fixed array of a record.
+// Copying text between the model and the arrays of records.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -11,8 +11,8 @@
 
 namespace vexil {
 
-// Copies text into the array and terminates it; a text that does not fit is cut at a character.
-// False with an empty array when Utf8FitLength refuses the text.
+// Copies text into the array with a NUL. A text that does not fit is cut at the end of a character.
+// Returns false and stores an empty text when Utf8FitLength refuses the text.
 template <std::size_t Size>
 bool CopyTextOut(std::string_view text, char (&array)[Size]) {
     std::uint64_t length = 0;
@@ -23,14 +23,14 @@ bool CopyTextOut(std::string_view text, char (&array)[Size]) {
     return fits;
 }
 
-// Sets text to what the array holds, as a view into it. False with an empty text when that is not
-// valid UTF-8.
+// Sets text to the content of the array, as a view into it. Returns false and an empty text when it
+// is refused, see CopyUtf8Text.
 template <std::size_t Size>
 bool CopyTextIn(std::string_view& text, const char (&array)[Size]) {
     return CopyUtf8Text(text, array, Size);
 }
 
-// Copies the comment of the notes into the array, as CopyTextOut does.
+// Copies the comment of the notes into the array, in the manner of CopyTextOut.
 template <std::size_t Size>
 bool CopyCommentOut(const Notes& notes, char (&array)[Size]) {
     LineBuffer scratch;

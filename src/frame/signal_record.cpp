@@ -1,4 +1,4 @@
-// CANSignal: out to a record and in from one, and value descriptions in from theirs.
+// CANSignal: copying to a record, filling from one, and adding value descriptions.
 // SPDX-License-Identifier: MIT
 #include "frame/can_database.h"
 #include "frame/model_text.h"

@@ -1,7 +1,7 @@
-// The end of a read: one row or step per reserved attribute.
+// The end of a read: copying the reserved attributes into the model, one row or step for each.
 //
-// An attribute is looked up under one kind and one type; a file that defines it otherwise does not
-// reach the model. Attributes of messages and signals count only where they are defined.
+// An attribute has one owner kind and one type. A definition with others has no effect. Attributes
+// of messages and signals have no effect without a definition.
 // SPDX-License-Identifier: MIT
 #include "read/attribute_fold.h"
 
@@ -19,8 +19,7 @@ const AttributeContent& ContentOf(const AttributeValue* value, const Attribute& 
     return value != nullptr ? value->content : definition.defaultContent;
 }
 
-// What the network has of the attribute, or null when it is not defined: a value needs a
-// definition.
+// The attribute of the network, or null when it is not defined: a value requires a definition.
 const AttributeContent* NetworkContent(std::string_view name, AttributeValueType type) {
     AttributeTable& table = database.attributes;
     const Attribute* definition = table.FindDefinition(name, AttributeObjectKind::Gen, type);
@@ -35,7 +34,7 @@ void FoldBusType() {
     }
 }
 
-// Intentional: a value other than 1 means no, and the default does not count then.
+// Intentional: a value other than 1 means no, whatever the default is.
 void FoldProtocol(std::string_view name, std::uint32_t protocol) {
     const AttributeContent* number = NetworkContent(name, AttributeValueType::Int);
     if (number != nullptr && number->intValue == 1) {
@@ -43,8 +42,8 @@ void FoldProtocol(std::string_view name, std::uint32_t protocol) {
     }
 }
 
-// An attribute of messages or signals. fold takes what the definition and the value, null where
-// there is none, say about an owner.
+// An attribute of messages or signals. fold sets the field of an owner from the definition and the
+// value; value is null if the owner has none.
 template <typename Owner>
 struct OwnerAttribute {
     std::string_view name;
@@ -52,8 +51,8 @@ struct OwnerAttribute {
     void (*fold)(Owner& owner, const Attribute& definition, const AttributeValue* value) = nullptr;
 };
 
-// Only the name for display changes; a default is no name. A value has no control characters: its
-// statement was cut at all of them.
+// Sets the long name only, and ignores the default. A value has no control characters, since they
+// separate the tokens of its statement.
 template <typename Owner>
 void FoldLongName(Owner& owner, const Attribute& /*definition*/, const AttributeValue* value) {
     owner.longName = value != nullptr ? value->content.stringValue : owner.longName;
@@ -93,7 +92,7 @@ void FoldMessages() {
     }
 }
 
-// A signal is known by its identifier.
+// Attributes refer to a signal by its identifier.
 void FoldSignals() {
     AttributeTable& table = database.attributes;
     for (const auto& [name, type, fold] : signalAttributes) {
@@ -111,7 +110,7 @@ void FoldSignals() {
 
 void FoldReservedAttributes() {
     FoldBusType();
-    // NMEA comes last, so it wins when a file claims both.
+    // NMEA comes last, so it has precedence when a file sets both.
     FoldProtocol(attribute::J1939PGN, ProtocolJ1939);
     FoldProtocol(attribute::IsNMEA, ProtocolNmea);
     FoldMessages();

@@ -1,11 +1,11 @@
-// The end of a read: what the reserved attributes of the file say goes into the model.
+// The end of a read: copying the reserved attributes of the file into the model.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 namespace vexil {
 
-// Carries the reserved attributes from the database's table into its info, messages and signals.
-// What the file does not say keeps the value it has.
+// Copies the reserved attributes from the table of the database into its info, messages and
+// signals. Fields without an attribute in the file keep their values.
 void FoldReservedAttributes();
 
 }  // namespace vexil

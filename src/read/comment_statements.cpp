@@ -4,8 +4,8 @@
 //   CM_ BO_ id "text";
 //   CM_ SG_ id name "text";
 //
-// The text is all between the first and the last quote of the statement, quotes inside it included.
-// Comments of anything else are dropped.
+// The text extends from the first to the last quote of the statement and may contain quotes.
+// Comments of other objects are dropped.
 // SPDX-License-Identifier: MIT
 #include "frame/can_database.h"
 #include "read/handlers.h"

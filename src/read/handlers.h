@@ -1,5 +1,5 @@
-// The handlers of the statement kinds. Each takes a whole statement, as StatementFile cut it, and
-// works on the database. What cannot be used is dropped; only BO_ and SG_ leave a record of it.
+// The handlers of the statement kinds. Each takes a whole statement from StatementFile and changes
+// the database. A statement that cannot be used is dropped; only BO_ and SG_ leave a parse error.
 // SPDX-License-Identifier: MIT
 #pragma once
 

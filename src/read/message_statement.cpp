@@ -2,7 +2,7 @@
 //
 //   BO_ id name: size transmitter
 //
-// There is no terminator: the transmitter is all that follows the size.
+// There is no terminator: the transmitter is all text after the size.
 // SPDX-License-Identifier: MIT
 #include "frame/can_database.h"
 #include "frame/model_text.h"
@@ -19,7 +19,7 @@ bool HandleMessageStatement(std::string_view text, std::uint32_t line) {
         RecordParseError(text, line, *failedStep);
         return false;
     }
-    // Not checked: an id may come twice. Later statements then reach all messages of that id.
+    // Not checked: an id may occur twice. Later statements then apply to all its messages.
     database.owners.AddMessage(database.messages.Add(database.arena, message));
     return true;
 }

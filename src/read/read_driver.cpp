@@ -14,10 +14,10 @@
 namespace vexil {
 namespace {
 
-// Handles the statement that the file found last. Returns whether an SG_ statement that follows
-// directly belongs to the last message. Intentional: a statement of any other kind ends the signals
-// of a message, and later ones are dropped without a record.
-//   ownsSignals  whether that held for this statement.
+// Handles the current statement of the file. Returns whether an SG_ statement directly after it
+// belongs to the last message. Intentional: a statement of any other kind ends the signals of a
+// message, and later ones are dropped without a parse error.
+//   ownsSignals  the result for the previous statement.
 using Handler = bool (*)(const StatementFile& file, bool ownsSignals);
 
 bool HandleMessage(const StatementFile& file, bool /*ownsSignals*/) {
@@ -45,7 +45,7 @@ struct StatementKind {
     Handler handler;
 };
 
-// The kinds that are read. All others are dropped.
+// The statement kinds that are read. All others are dropped.
 constexpr std::array statementKinds = {
     StatementKind{keyword::BO_, HandleMessage},
     StatementKind{keyword::SG_, HandleSignal},
@@ -57,7 +57,7 @@ constexpr std::array statementKinds = {
     StatementKind{keyword::BA_, HandleAttribute<ParseValueStatement>},
 };
 
-// By the row of the keyword; null where the kind is dropped.
+// The handler for each row of the keyword table; null if the kind is dropped.
 constexpr std::array<Handler, KeywordCount> handlers = [] {
     std::array<Handler, KeywordCount> byRow{};
     for (const StatementKind& kind : statementKinds) {

@@ -1,4 +1,4 @@
-// The reading of a file: one pass over its statements.
+// Reading a file: one pass over its statements.
 // SPDX-License-Identifier: MIT
 #pragma once
 

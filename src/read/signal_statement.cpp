@@ -11,8 +11,8 @@
 namespace vexil {
 namespace {
 
-// Where no quotes hold a unit, the receivers may begin inside a character. What is left of it
-// counts as invalid bytes of a file do, as one "_" each.
+// Without a quoted unit, the receivers may begin inside a character. The rest of it is replaced
+// like invalid bytes of a file, with one "_" for each byte.
 void ParseReceiversAt(Arena& arena, CANSignal& signal, std::string_view list) {
     std::string repaired;
     const bool beginsInsideCharacter = (static_cast<unsigned char>(list.front()) & 0xC0) == 0x80;

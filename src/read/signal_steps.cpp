@@ -1,9 +1,9 @@
-// The steps by which an SG_ statement is taken apart, in the order of the statement:
+// The steps that parse an SG_ statement, in the order of the statement:
 //
 //   SG_ name [M|m number] : start|length@order sign (factor,offset) [min|max] "unit" receivers
 //
-// Intentional: a separator is searched for, not expected at a place, so a step may find its own
-// in a later field.
+// Intentional: a step searches for its separators and does not require them at a position, so it
+// may find one in a later field.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <string>
@@ -17,8 +17,8 @@
 namespace vexil {
 namespace {
 
-// Reads "open first middle second close", the numbers of a pair wherever their separators stand.
-// next: the position behind close; left alone after false.
+// Parses "open first middle second close", a pair of numbers with separators at any position.
+// next: the position after close; unchanged after false.
 bool ParseNumberPair(std::string_view text, Position from, std::string_view separators,
                      double& first, double& second, Position& next) {
     const Position open = text.find(separators[0], from);
@@ -64,10 +64,10 @@ bool CANSignal::ParseNameAndMultiplex(Arena& arena, std::string_view text, Posit
     return true;
 }
 
-// Takes the indicator at the end of head, the text from the white space behind the keyword up to
-// the colon: " M", or " m" and a number. nameEnd: moved to the indicator when there is one. Kept on
-// purpose: the last "m" or "M" decides, so "m0M" is part of a name, and a signal that is called M
-// or m1 has no name left.
+// Parses the multiplex indicator at the end of head, the text from the white space after the
+// keyword to the colon: " M", or " m" and a number. nameEnd: set to the indicator when there is
+// one. Intentional: only the last "m" or "M" counts, so "m0M" is part of a name, and a signal with
+// the name M or m1 has an empty name.
 void CANSignal::ParseMultiplexIndicator(std::string_view head, Position& nameEnd) {
     const Position at = FindLastM(head);
     if (at == npos || !IsSpace(head[at - 1])) {
@@ -80,7 +80,7 @@ void CANSignal::ParseMultiplexIndicator(std::string_view head, Position& nameEnd
         }
         multiplexType = MultiplexSelector;
     } else {
-        // The letters of hexadecimal numbers pass, but the number is read as a decimal one.
+        // Hexadecimal digits are accepted, but the number is read as a decimal one.
         if (rest.find_first_not_of("0123456789abcdefABCDEFx \t") != npos ||
             !TryParseU32(rest, multiplexValue)) {
             return;
@@ -139,7 +139,7 @@ bool CANSignal::ParseRange(std::string_view text, Position from, Position& next)
 }
 
 void CANSignal::ParseUnit(Arena& arena, std::string_view text, Position from, Position& next) {
-    // Without quotes the receivers start one character on, whatever that is.
+    // Without quotes, one character of any kind is skipped before the receivers.
     next = from + 1;
     const Position quote = text.find('"', from);
     if (quote == npos) {

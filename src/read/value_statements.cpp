@@ -1,10 +1,10 @@
-// SIG_VALTYPE_ and VAL_ statements: which signals are floats, and what raw values mean. The lines
-// are written by write/value_sections.cpp.
+// SIG_VALTYPE_ and VAL_ statements: float signals and value descriptions. The lines are written by
+// write/value_sections.cpp.
 //
 //   SIG_VALTYPE_ id name : number;
 //   VAL_ id name number "text" number "text" ... ;
 //
-// Both reach every signal of the name in every message of the id.
+// Both apply to every signal of the name in every message of the id.
 // SPDX-License-Identifier: MIT
 #include "frame/can_database.h"
 #include "read/handlers.h"
@@ -15,8 +15,8 @@
 namespace vexil {
 namespace {
 
-// Calls take(owner, rest) for each name that a statement of the keyword means; rest is the text
-// behind the name.
+// Calls take(owner, rest) for each signal name to which a statement of the keyword can refer; rest
+// is the text after the name.
 template <typename Take>
 void OfferToSignals(std::string_view text, std::string_view keyword, Take take) {
     Position pos = npos;
@@ -35,8 +35,8 @@ void OfferToSignals(std::string_view text, std::string_view keyword, Take take) 
 
 }  // namespace
 
-// Intentional: any other pair of number and length changes nothing, so 0 does not turn a float
-// back.
+// Intentional: other pairs of number and length change nothing, so 0 does not make a float an
+// integer.
 void HandleValueType(std::string_view text) {
     OfferToSignals(text, keyword::SIG_VALTYPE_, [](Owner& owner, std::string_view rest) {
         const Position colon = FindNonSpace(rest, 0);
@@ -50,9 +50,9 @@ void HandleValueType(std::string_view text) {
     });
 }
 
-// The pairs are parsed when they are fetched: most hosts fetch those of few signals.
+// A fetch parses the pairs, since most hosts fetch those of few signals.
 void HandleValueDescriptions(std::string_view text) {
-    std::string_view kept;  // after the shortest name; the longer names share it
+    std::string_view kept;  // the text after the shortest name; longer names share it
     OfferToSignals(text, keyword::VAL_, [&](Owner& owner, std::string_view rest) {
         if (kept.empty()) {
             kept = database.arena.Keep(rest);

@@ -7,7 +7,7 @@
 namespace vexil {
 namespace {
 
-// A small file needs one chunk; a large one few.
+// A small file needs one chunk, a large file few.
 constexpr std::size_t FirstChunkSize = std::size_t{16} * 1024;
 constexpr std::size_t LargestChunkSize = std::size_t{256} * 1024;
 
@@ -19,7 +19,7 @@ void Arena::AddChunk(std::size_t size) {
     const std::size_t chunkSize = std::max(ordinary, rounded + sizeof(Chunk));
     source = source == nullptr ? std::pmr::new_delete_resource() : source;
     void* memory = source->allocate(chunkSize, Alignment);
-    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): Release gives it back
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): Release frees it
     chunks = ::new (memory) Chunk{chunks, chunkSize};
     next = static_cast<std::byte*>(memory) + sizeof(Chunk);
     room = chunkSize - sizeof(Chunk);

@@ -1,4 +1,4 @@
-// Arena, the memory of everything that lives until the next clear or read.
+// Arena, the memory of all data that lives until the next clear or read.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -13,12 +13,12 @@
 
 namespace vexil {
 
-// Hands out memory by moving a pointer and takes it back all at once. Objects in it are never
-// destroyed one by one, so they must not need it. Chunks stay below the size at which allocators
-// begin to hold memory back, so that a release returns it to the system.
+// Allocates by moving a pointer and frees all memory at once. Objects in it are never destroyed, so
+// they must not need a destructor. Chunks are smaller than the size from which allocators keep
+// freed memory, so that a release returns it to the system.
 class Arena {
   public:
-    // upstream: where chunks come from; operator new for null, and not the default resource of the
+    // upstream: the source of chunks. Null means operator new, and not the default resource of the
     // process, which a host may replace and destroy.
     explicit constexpr Arena(std::pmr::memory_resource* upstream = nullptr) noexcept
         : source(upstream) {}
@@ -26,8 +26,8 @@ class Arena {
     Arena& operator=(const Arena&) = delete;
     ~Arena() { Release(); }
 
-    // Returns size bytes for any object, valid until Release. Throws std::bad_alloc with nothing
-    // changed.
+    // Returns size bytes for any object, valid until Release. Throws std::bad_alloc and then
+    // changes nothing.
     void* Allocate(std::size_t size) {
         const std::size_t padding = room % Alignment;  // chunks end at a multiple of it
         if (size + padding > room) {
@@ -51,7 +51,7 @@ class Arena {
         return {copy, text.size()};
     }
 
-    // The characters of a text that this arena keeps, to be overwritten in place.
+    // The characters of a text in this arena, to overwrite them in place.
     static char* Characters(std::string_view kept) noexcept {
         return const_cast<char*>(kept.data());  // NOLINT(cppcoreguidelines-pro-type-const-cast)
     }
@@ -68,11 +68,11 @@ class Arena {
     template <typename T>
     T* NewArray(std::size_t count) {
         static_assert(std::is_trivially_copyable_v<T> && alignof(T) <= Alignment);
-        // NOLINTNEXTLINE(bugprone-sizeof-expression): T may well be a pointer
+        // NOLINTNEXTLINE(bugprone-sizeof-expression): T may be a pointer
         return static_cast<T*>(Allocate(count * sizeof(T)));
     }
 
-    // Gives all memory back.
+    // Frees all memory.
     void Release() noexcept;
 
   private:
@@ -83,7 +83,7 @@ class Arena {
         std::size_t size;
     };
 
-    // Begins a chunk that has room for size bytes.
+    // Adds a chunk with room for size bytes.
     void AddChunk(std::size_t size);
 
     std::byte* Take(std::size_t size) noexcept {
@@ -93,8 +93,8 @@ class Arena {
 
     std::pmr::memory_resource* source;
     Chunk* chunks = nullptr;    // the newest; the memory of each follows it
-    std::byte* next = nullptr;  // free memory in the newest chunk
-    std::size_t room = 0;       // bytes of it
+    std::byte* next = nullptr;  // the free memory in the newest chunk
+    std::size_t room = 0;       // its size in bytes
     std::size_t nextChunkSize = 0;
 };
 

@@ -10,11 +10,11 @@
 
 namespace vexil {
 
-// A short list in one piece of memory that doubles when it is full.
+// A short list in one block of memory, which doubles when it is full.
 template <typename T>
 class ArenaList {
   public:
-    // Adds an element. Throws std::bad_alloc with nothing changed.
+    // Adds an element. Throws std::bad_alloc and then changes nothing.
     void Add(Arena& arena, const T& element) {
         if (count == capacity) {
             const std::uint32_t doubled = std::max(capacity * 2, FirstCapacity);
@@ -29,7 +29,7 @@ class ArenaList {
     std::size_t Size() const noexcept { return count; }
     T& operator[](std::size_t position) const noexcept { return elements[position]; }
 
-    // As the range-based for wants them.
+    // For the range-based for loop.
     T* begin() const noexcept { return elements; }        // NOLINT(readability-identifier-naming)
     T* end() const noexcept { return elements + count; }  // NOLINT(readability-identifier-naming)
 
@@ -41,12 +41,12 @@ class ArenaList {
     std::uint32_t capacity = 0;
 };
 
-// A list of any length in pages of one size. Elements never move, and the largest piece of memory
-// stays small.
+// A list of any length in pages of one size. Elements never move, and no allocation is larger than
+// a page.
 template <typename T>
 class PagedList {
   public:
-    // Adds an element and returns it. Throws std::bad_alloc with nothing changed.
+    // Adds an element and returns it. Throws std::bad_alloc and then changes nothing.
     T& Add(Arena& arena, const T& element) {
         if (count == pages.Size() * PageSize) {
             pages.Add(arena, arena.NewArray<T>(PageSize));
@@ -61,7 +61,7 @@ class PagedList {
         return pages[position / PageSize][position % PageSize];
     }
 
-    // Forgets the elements, whose memory the arena takes back.
+    // Removes the elements. The arena frees their memory.
     void Clear() noexcept { *this = PagedList(); }
 
   private:

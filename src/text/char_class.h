@@ -1,5 +1,5 @@
-// Character classes of the classic locale, and the search for white space. The host's locale has no
-// say: a byte of 128 or above is in none of the classes.
+// Character classes of the classic locale, and the search for white space. The locale of the host
+// has no effect: a byte of 128 or above is in no class.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace vexil {
 
-// These two are asked of every byte of a line at once: "|" where "||" would make a branch.
+// Both are evaluated for every byte of a line, so they use "|": "||" would add a branch.
 constexpr bool IsSpace(char ch) noexcept {
     return (ch == ' ') | (static_cast<unsigned char>(ch - '\t') < 5);
 }
@@ -27,7 +27,7 @@ constexpr bool IsAlnum(char ch) noexcept {
     return IsDigit(ch) || (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z');
 }
 
-// Of each byte, whether it is white space: the searches below ask it of every byte of a file.
+// Whether each byte value is white space. A table: the searches below test every byte of a file.
 inline constexpr std::array<bool, 256> spaceTable = [] {
     std::array<bool, 256> table{};
     for (const char ch : Whitespace) {
@@ -36,7 +36,7 @@ inline constexpr std::array<bool, 256> spaceTable = [] {
     return table;
 }();
 
-// The first white space at or behind from, or npos.
+// The first white space at or after from, or npos.
 constexpr Position FindSpace(std::string_view text, Position from) noexcept {
     for (Position at = from; at < text.size(); ++at) {
         if (spaceTable[static_cast<unsigned char>(text[at])]) {
@@ -46,7 +46,7 @@ constexpr Position FindSpace(std::string_view text, Position from) noexcept {
     return npos;
 }
 
-// The first character at or behind from that is no white space, or npos.
+// The first character at or after from that is not white space, or npos.
 constexpr Position FindNonSpace(std::string_view text, Position from) noexcept {
     for (Position at = from; at < text.size(); ++at) {
         if (!spaceTable[static_cast<unsigned char>(text[at])]) {

@@ -31,8 +31,7 @@ inline constexpr std::string_view NS_ = "NS_";
 inline constexpr std::string_view EV_ = "EV_";
 }  // namespace keyword
 
-// The symbols of the NS_ block, in the order in which it is written. Each of them is a keyword,
-// too.
+// The symbols of the NS_ block, in the order in which they are written. Each is a keyword as well.
 inline constexpr std::array<std::string_view, 28> SymbolList = {"NS_DESC_",     "CM_",
                                                                 "BA_DEF_",      "BA_",
                                                                 "VAL_",         "CAT_DEF_",
@@ -51,10 +50,10 @@ inline constexpr std::array<std::string_view, 28> SymbolList = {"NS_DESC_",     
 // Written where a message has no transmitter or a signal no receiver; never stored.
 inline constexpr std::string_view DefaultNode = "Marrowby";
 
-// What a signal name gets appended when it is not unique; its digits are overwritten.
+// The suffix that makes a signal name unique; its digits are overwritten.
 inline constexpr std::string_view SuffixPattern = "_0000";
 
-// Bytes that a name may have as an identifier of the format.
+// The greatest length of an identifier in bytes.
 inline constexpr std::size_t MaxIdentifierLength = 32;
 
 }  // namespace vexil

@@ -1,4 +1,4 @@
-// File: paths, and the calls of the system.
+// File: paths and system calls.
 // SPDX-License-Identifier: MIT
 #include "text/file.h"
 
@@ -25,12 +25,12 @@
 namespace vexil {
 namespace {
 
-// The system takes no more at once.
+// The most that one system call transfers.
 constexpr std::size_t LargestTransfer = std::size_t{1} << 30U;
 
 #ifdef _WIN32
 
-// File names are UTF-16. Text mode is asked for, whatever default the host has set.
+// File names are UTF-16. Text mode is explicit, since a host may have set another default.
 int OpenDescriptor(const std::string& path, OpenMode mode) {
     std::wstring widePath;
     utf8::utf8to16(path.begin(), path.end(), std::back_inserter(widePath));
@@ -55,8 +55,8 @@ void CloseDescriptor(int descriptor) {
 
 int OpenDescriptor(const std::string& path, OpenMode mode) {
     const int access = mode == OpenMode::Read ? O_RDONLY : O_WRONLY | O_CREAT | O_TRUNC;
-    constexpr mode_t Permissions = 0666;  // less what the process masks out
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system has it so
+    constexpr mode_t Permissions = 0666;  // less the umask of the process
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): open is variadic
     return open(path.c_str(), access | O_CLOEXEC, Permissions);
 }
 
@@ -74,7 +74,7 @@ void CloseDescriptor(int descriptor) {
 
 #endif
 
-// Repeats a call that a signal interrupted.
+// Repeats a system call that a signal interrupted.
 template <typename Call>
 std::ptrdiff_t Uninterrupted(Call call) {
     std::ptrdiff_t count = 0;
@@ -104,7 +104,7 @@ bool File::Open(const std::string& path, OpenMode mode) {
     return IsOpen();
 }
 
-// NOLINTNEXTLINE(readability-make-member-function-const): the file moves on
+// NOLINTNEXTLINE(readability-make-member-function-const): it moves the position
 std::ptrdiff_t File::Read(std::span<char> room) noexcept {
     const std::size_t size = std::min(room.size(), LargestTransfer);
     return Uninterrupted([&] { return ReadOnce(descriptor, room.data(), size); });

@@ -10,13 +10,13 @@
 
 namespace vexil {
 
-// A hash table without keys and values: the list holds those. Slots are searched onward from the
-// one of the hash, so that a lookup touches little memory but the entry that it finds.
+// A hash table without keys and values, which are in the list. A search starts at the slot of the
+// hash and continues with the next ones, so that a lookup touches little memory besides the entry.
 // Precondition: the hashes are keyed, see keyed_hash.h.
 class HashIndex {
   public:
-    // Returns the position of the entry of the hash for which isEntry(position) holds, to be read
-    // or replaced until the next Add; null when there is none.
+    // Returns the position of the entry with the hash for which isEntry(position) holds, or null.
+    // The caller may read or replace the position until the next Add.
     template <typename IsEntry>
     std::uint32_t* Find(std::size_t hash, IsEntry isEntry) {
         if (slots.empty()) {
@@ -32,8 +32,8 @@ class HashIndex {
         return nullptr;
     }
 
-    // Adds an entry that is not there yet. Throws std::bad_alloc with nothing changed when memory
-    // ends, as which a position of 2^32 - 1 counts.
+    // Adds a new entry. Throws std::bad_alloc and then changes nothing when memory runs out; a
+    // position of 2^32 - 1 counts as out of memory.
     void Add(std::size_t hash, std::size_t position) {
         if (position >= NoPosition) {
             throw std::bad_alloc();
@@ -51,7 +51,7 @@ class HashIndex {
         ++count;
     }
 
-    // Gives the memory back, too.
+    // Also frees the memory.
     void Clear() { *this = HashIndex(); }
 
   private:
@@ -73,8 +73,8 @@ class HashIndex {
         slots[at] = slot;
     }
 
-    std::vector<Slot> slots;  // as many as a power of two, a quarter of them free at least
-    std::size_t count = 0;    // slots that are not free
+    std::vector<Slot> slots;  // a power of two of them, at least a quarter free
+    std::size_t count = 0;    // of the slots that are not free
 };
 
 }  // namespace vexil

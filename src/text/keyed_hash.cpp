@@ -9,22 +9,22 @@
 namespace vexil {
 namespace {
 
-// The two halves of a product of 64-bit numbers as one. Every bit of it depends on every bit of a
-// secret factor, so that no difference between two texts cancels out whatever the secret is.
+// Combines the two halves of a product of 64-bit numbers. Every bit depends on every bit of a
+// secret factor, so that no difference between two texts cancels out for every secret.
 std::uint64_t Fold(std::uint64_t a, std::uint64_t b) noexcept {
     __extension__ using Product = unsigned __int128;
     const Product product = static_cast<Product>(a) * b;
     return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64U);
 }
 
-// A number of which each bit depends on each bit of the given one: the finish of splitmix64.
+// Returns a number whose every bit depends on every bit of the argument: the end of splitmix64.
 std::uint64_t Spread(std::uint64_t number) noexcept {
     number = (number ^ (number >> 30U)) * 0xbf58476d1ce4e5b9U;
     number = (number ^ (number >> 27U)) * 0x94d049bb133111ebU;
     return number ^ (number >> 31U);
 }
 
-// What an attacker cannot know: when the process was started, and where it has its data.
+// Values that an attacker cannot know: the start time of the process and the address of its data.
 struct Secret {
     explicit Secret(const void* place) noexcept
         : start(Spread(static_cast<std::uint64_t>(

@@ -1,4 +1,4 @@
-// The keyword table, by which a file is cut into statements, and the test for one keyword.
+// The keyword table, which divides a file into statements, and the test for one keyword.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -44,7 +44,7 @@ inline constexpr std::array<KeywordRow, KeywordCount> keywordTable = [] {
     return table;
 }();
 
-// The row of the token in the table; KeywordCount when it is no keyword.
+// The row of the token in the table; KeywordCount when it is not a keyword.
 constexpr std::size_t KeywordRowOf(std::string_view token) {
     const auto* const row =
         std::find_if(keywordTable.begin(), keywordTable.end(),
@@ -63,10 +63,10 @@ static_assert(std::all_of(keywordTable.begin(), keywordTable.end(), [](const Key
     return MayEndKeyword(row.keyword.back()) && row.keyword.size() <= LongestKeyword;
 }));
 
-// Whether the next token of text at or behind from is keyword, with white space behind it; the end
-// of the text does not count as white space.
-// end: npos when only white space is left; otherwise the position behind as many bytes as keyword
-// has, whatever the result, so it means something only after true.
+// Whether the next token of text at or after from is keyword, followed by white space. The end of
+// the text does not count as white space.
+// end: the position after the keyword when the result is true. When it is false, end is npos if
+// only white space is left, and otherwise has no meaning.
 constexpr bool MatchKeyword(std::string_view text, std::string_view keyword, Position& end,
                             Position from) {
     end = npos;

@@ -24,7 +24,7 @@ bool IsIdentifierChar(char ch) {
     return identifierTable[static_cast<unsigned char>(ch)];
 }
 
-// The first characters of a valid text, at most count: bytes up to the next that begins one.
+// Returns the first characters of a valid text, at most count.
 std::string_view FrontCharacters(std::string_view text, std::size_t count) {
     const auto beginsCharacter = [](char ch) {
         return (static_cast<unsigned char>(ch) & 0xC0) != 0x80;

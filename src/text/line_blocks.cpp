@@ -18,20 +18,20 @@ namespace {
 
 constexpr std::size_t BlockSize = std::size_t{64} * 1024;
 
-// Loops over so many bytes at once have no branch, so that the compiler can vectorise them.
+// Inner loops over this number of bytes have no branch, so that the compiler can vectorise them.
 constexpr std::size_t Width = 64;
 
 constexpr bool IsRemoved(char ch) {
     return IsControl(ch) & !IsSpace(ch);
 }
 
-// Whether a line may have to be changed for the byte.
+// Whether the byte may require a change of its line.
 constexpr bool IsUnclean(char ch) {
     return (static_cast<unsigned char>(ch - ' ') > '~' - ' ') &
            (static_cast<unsigned char>(ch - '\t') > '\r' - '\t');
 }
 
-// The first byte that is not plain ASCII text, or last.
+// Returns the first byte that is not plain ASCII text, or last.
 char* FindUnclean(char* first, char* last) {
     for (; static_cast<std::size_t>(last - first) >= Width; first += Width) {
         unsigned char found = 0;
@@ -45,7 +45,7 @@ char* FindUnclean(char* first, char* last) {
     return std::find_if(first, last, IsUnclean);
 }
 
-// Repairs the UTF-8 of whole lines and takes control characters out. Returns the new end.
+// Repairs the UTF-8 of whole lines and removes control characters. Returns the new end.
 char* Clean(char* first, char* last) {
     char* firstRemoved = last;
     for (char* at = FindUnclean(first, last); at != last; at = FindUnclean(at, last)) {
@@ -53,7 +53,7 @@ char* Clean(char* first, char* last) {
             firstRemoved = std::min(firstRemoved, at);
             ++at;
         } else {
-            // A character ends where ASCII begins, so the run can be repaired by itself.
+            // No character continues into ASCII, so the run of other bytes can be repaired alone.
             char* const stop = std::find_if(
                 at, last, [](char ch) { return static_cast<unsigned char>(ch) < 0x80; });
             ReplaceInvalidUtf8(std::span(at, stop));
@@ -76,7 +76,7 @@ void AppendMarks(const char* buffer, std::size_t from, std::size_t to,
             isMark[at] = IsMark(buffer[from + at - 1], buffer[from + at]);
         }
         for (std::size_t word = 0; word < Width; word += sizeof(std::uint64_t)) {
-            std::uint64_t anyMark = 0;  // few words have one
+            std::uint64_t anyMark = 0;  // most words have none
             std::memcpy(&anyMark, &isMark[word], sizeof(anyMark));
             for (std::size_t at = word; anyMark != 0 && at < word + sizeof(anyMark); ++at) {
                 if (isMark[at] != 0) {
@@ -100,8 +100,8 @@ LineBlocks::Outcome LineBlocks::Read(File& file, std::size_t keepFrom) {
     std::size_t linesEnd = 0;
     const Outcome outcome = ReadLines(file, linesEnd);
     if (outcome == Outcome::Lines) {
-        // What was read of the next line stays raw; removing control characters leaves a gap before
-        // it.
+        // The beginning of the next line stays raw. It moves up, since removing control characters
+        // left a gap before it.
         const char* const clean = Clean(buffer.get() + end, buffer.get() + linesEnd);
         const auto cleanEnd = static_cast<std::size_t>(clean - buffer.get());
         std::copy(buffer.get() + linesEnd, buffer.get() + rawEnd, buffer.get() + cleanEnd);
@@ -121,7 +121,7 @@ void LineBlocks::GiveUp(std::size_t keepFrom) {
     }
 }
 
-// Room for half a block at least, which is also room for the line feed of the last line.
+// Ensures room for at least half a block, which includes the line feed of the last line.
 void LineBlocks::MakeRoom() {
     if (capacity > rawEnd + BlockSize / 2) {
         return;
@@ -137,7 +137,7 @@ void LineBlocks::MakeRoom() {
     capacity = larger;
 }
 
-// Reads until a line has ended. linesEnd: the position after the last line that has.
+// Reads until a line is complete. linesEnd: the position after the last complete line.
 LineBlocks::Outcome LineBlocks::ReadLines(File& file, std::size_t& linesEnd) {
     while (!isAtEnd) {
         MakeRoom();

@@ -1,4 +1,4 @@
-// LineBlocks, the lines of a file as clean text, a block of the file at a time.
+// LineBlocks, the lines of a file as clean text, one block of the file at a time.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -11,18 +11,18 @@
 
 namespace vexil {
 
-// Positions are those in the buffer. It begins with a line feed of its own, so that every token in
-// it has white space on both sides, and the text follows at Start.
+// Positions refer to the buffer. It begins with an extra line feed, so that every token has white
+// space on both sides; the text follows at Start.
 class LineBlocks {
   public:
     enum class Outcome { Lines, EndOfFile, Failure };
 
     static constexpr std::size_t Start = 1;
 
-    // Reads on until a line ends. What precedes keepFrom is given up, and what follows moves to
-    // Start; the new lines come after it. A line that the end of the file cuts off gets its line
-    // feed; one that a failure cuts off is lost. Invalid bytes of a line become "_", and control
-    // characters that are no white space go.
+    // Reads until a line is complete. Drops the text before keepFrom, moves the rest to Start and
+    // appends the new lines. A last line without a line feed gets one; an incomplete line is lost
+    // if reading fails. Invalid bytes of a line become "_", and control characters other than white
+    // space are removed.
     //   keepFrom  a position of the text, or its end to keep nothing.
     // Returns Lines when there are new lines. Precondition: the last call returned Lines, if any.
     Outcome Read(File& file, std::size_t keepFrom);
@@ -37,7 +37,7 @@ class LineBlocks {
 
     char At(std::size_t position) const { return buffer[position]; }
 
-    // The end of the text.
+    // The position after the text.
     std::size_t End() const { return end; }
 
     // The positions in the new lines, in ascending order, of every line feed, and of every white
@@ -52,8 +52,8 @@ class LineBlocks {
     std::unique_ptr<char[]> buffer;
     std::size_t capacity = 0;
     std::size_t end = Start;     // of the clean lines
-    std::size_t rawEnd = Start;  // of what was read: a line that has not ended yet comes last
-    bool isAtEnd = false;        // the end of the file was met; nothing is read after it
+    std::size_t rawEnd = Start;  // of the bytes read, with an incomplete line at their end
+    bool isAtEnd = false;        // the end of the file was reached; no more is read
     std::vector<std::size_t> marks;
 };
 

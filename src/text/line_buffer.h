@@ -1,4 +1,4 @@
-// LineBuffer, a text that lines are put together in.
+// LineBuffer, a buffer in which lines are composed.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -10,12 +10,12 @@
 
 namespace vexil {
 
-// Like a string that is only appended to and emptied, but inline and by several pieces at once: a
-// written line consists of many short pieces.
+// A string that is only appended to and cleared. Appending is inline and takes several pieces at
+// once, since a written line consists of many short pieces.
 class LineBuffer {
   public:
-    // Appends the pieces one after the other: texts, characters, and integers in decimal. Throws
-    // std::bad_alloc with nothing changed.
+    // Appends the pieces in order: texts, characters, and integers in decimal. Throws
+    // std::bad_alloc and then changes nothing.
     template <typename... Pieces>
     LineBuffer& Append(const Pieces&... pieces) {
         char* at = Room((MostSize(pieces) + ...));
@@ -27,7 +27,7 @@ class LineBuffer {
     std::string_view Text() const noexcept { return {characters.get(), size}; }
     std::size_t Size() const noexcept { return size; }
 
-    // Cuts the text to its first bytes. Keeps the memory.
+    // Cuts the text to its first bytes. Does not free memory.
     void Cut(std::size_t smaller) noexcept { size = smaller; }
     void Clear() noexcept { size = 0; }
 
@@ -55,7 +55,7 @@ class LineBuffer {
         return number < 0 ? Put(Put(at, '-'), 0 - bits) : Put(at, bits);
     }
 
-    // The place after the text, with room for so many bytes.
+    // Returns the end of the text, with room for that many bytes.
     char* Room(std::size_t bytes) {
         if (capacity - size < bytes) {
             Grow(bytes);

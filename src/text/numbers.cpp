@@ -14,10 +14,10 @@
 namespace vexil {
 namespace {
 
-// The integer at the start of text. Our own, since strtoul and strtol are of 32 bits on one
-// platform and of 64 on another.
+// Parses the integer at the start of text. It replaces strtoul and strtol, which have 32 bits on
+// one platform and 64 on another.
 //   most          the largest magnitude of a number.
-//   mostNegative  that of a number after a minus sign.
+//   mostNegative  the largest magnitude after a minus sign.
 template <typename Number>
 bool ParseInteger(std::string_view text, Number& value, std::uint64_t most,
                   std::uint64_t mostNegative) {
@@ -38,7 +38,7 @@ bool ParseInteger(std::string_view text, Number& value, std::uint64_t most,
         if (digit > 9) {
             break;
         }
-        // Another digit of a number beyond this one would be beyond every range.
+        // With another digit, a larger number would be out of every range.
         if (magnitude > std::numeric_limits<std::int64_t>::max() / 10) {
             return false;
         }
@@ -57,12 +57,12 @@ bool ParseSigned(std::string_view text, Signed& value) {
     return ParseInteger(text, value, Largest, Largest + 1);
 }
 
-// Whether the decimal point of the host's C locale is a full stop.
+// Whether the decimal point of the C locale is a full stop.
 bool IsPointFullStop() {
     return std::string_view(std::localeconv()->decimal_point) == ".";
 }
 
-// What strtod makes of text, with the host's C locale.
+// Converts text with strtod, under the C locale of the host.
 bool TryParseAnyDouble(std::string_view text, double& value) {
     value = 0;
     const std::string terminated(text);
@@ -76,11 +76,11 @@ bool TryParseAnyDouble(std::string_view text, double& value) {
     return true;
 }
 
-// The numbers of an ordinary file, at a tenth of the time: decimals of at most fifteen digits, with
-// white space or nothing behind. Their digits as an integer and the power of ten are exact doubles,
-// so that one division gives the nearest double, as strtod does. Returns false with value left
-// alone for all else, which is left to strtod: other signs than a minus, exponents, words,
-// hexadecimal numbers.
+// Converts the numbers of ordinary files in a tenth of the time: decimals of at most fifteen
+// digits, followed by white space or nothing. Their digits as an integer and the power of ten are
+// exact doubles, so one division gives the nearest double, as strtod does. Returns false and leaves
+// value unchanged for all other numbers, such as those with a plus sign, exponents, words or
+// hexadecimal digits.
 bool TryParsePlainDouble(std::string_view text, double& value) {
     constexpr std::array<double, 16> PowersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                                     1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};

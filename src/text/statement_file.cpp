@@ -1,4 +1,4 @@
-// StatementFile: opening, closing and writing. The cut into statements is in statement_scan.cpp.
+// StatementFile: opening, closing and writing. statement_scan.cpp finds the statements.
 // SPDX-License-Identifier: MIT
 #include "text/statement_file.h"
 

@@ -1,6 +1,6 @@
-// StatementFile, through which all DBC text enters and leaves the library. Reading cuts a file into
-// statements: the text from one keyword up to the next, whatever lines, quotes and semicolons are
-// between them. Writing puts out whole lines.
+// StatementFile, which reads and writes all DBC text. Reading divides a file into statements: the
+// text from one keyword up to the next, whatever lines, quotes and semicolons are between them.
+// Writing appends whole lines.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -20,21 +20,21 @@ class StatementFile {
     // Opens the file at path. The outcome is parseState: StateReading or StateWriting, or the code
     // of the failure.
     //   path            the caller's buffer, UTF-8; null counts as empty.
-    //   pathBufferSize  its size in bytes, counting the NUL.
+    //   pathBufferSize  its size in bytes, with the NUL.
     void Open(const char* path, std::uint32_t pathBufferSize, OpenMode mode);
 
     // Closes the file and empties the object. parseState becomes StateClosed, or StateStreamError
-    // when a read or write has failed. What a failed write left is tried once more. A failure to
-    // close is not reported.
+    // when a read or write has failed. The rest of a failed write is written again. Close errors
+    // are not reported.
     void Close();
 
     // Finds the next statement. Returns false when none is left. The last statement of a file is
     // returned with parseState already at StateEndOfFile.
     bool NextStatement();
 
-    // Writes line with a line feed after it in one call of the system, and empties it. Does
-    // nothing more unless parseState is StateWriting; after a write that failed, sets parseState to
-    // StateStreamError. So a failure shows at the next line.
+    // Writes line and a line feed in one system call, and clears line. Only clears it unless
+    // parseState is StateWriting. If an earlier write failed, sets parseState to StateStreamError
+    // and writes nothing: a failure is reported at the next line.
     void WriteLine(LineBuffer& line);
 
     std::uint32_t parseState = 2;      // a State constant of the public header
@@ -43,11 +43,11 @@ class StatementFile {
     std::size_t statementKeyword = 0;  // row of the keyword that it begins with
 
   private:
-    // Goes on to the next line. Returns false at the end of the file or after a failure, with
-    // parseState set.
+    // Continues with the next line. Returns false and sets parseState at the end of the file or
+    // after a failure.
     bool BeginLine();
 
-    // Looks for a keyword that ends at the mark. Returns its row, or KeywordCount.
+    // Searches for a keyword that ends at the mark. Returns its row, or KeywordCount.
     // offset: the position of its first character.
     std::size_t KeywordBefore(std::size_t mark, std::size_t& offset) const;
 
@@ -64,10 +64,10 @@ class StatementFile {
     bool FindFirstKeyword();
 
     File file;
-    bool hasFailed = false;       // a read or write of file
+    bool hasFailed = false;       // whether a read or write of file has failed
     std::string unwritten;        // the part of a line that a failed write left
-    LineBlocks blocks;            // the lines in hand
-    std::size_t nextMark = 0;     // the position in the marks of blocks at which the search goes on
+    LineBlocks blocks;            // the lines in memory
+    std::size_t nextMark = 0;     // the position in the marks of blocks where the search continues
     bool keywordPending = false;  // the keyword of the next statement is known
     std::size_t keywordOffset = 0;  // the position in blocks of the keyword of the statement
     std::size_t keywordRow = 0;     // its row in the keyword table

@@ -1,9 +1,9 @@
-// StatementFile: the cut of a file into statements.
+// StatementFile: dividing a file into statements.
 //
 // A statement starts at a keyword and ends before the next one, which may be inside quotes: quotes
-// are not tracked. Only the keywords of free text (CM_, BA_, BA_DEF_) want a ";" before the keyword
-// that ends them. Where it is missing, that keyword counts as text, the rest of its line is not
-// searched, and the next keyword of a later line ends the statement whatever precedes it.
+// are not tracked. Only CM_, BA_ and BA_DEF_, which contain free text, require a ";" before the
+// keyword that ends them. If it is missing, that keyword counts as text, the rest of its line is
+// not searched, and the next keyword of a later line ends the statement, with or without a ";".
 // SPDX-License-Identifier: MIT
 #include "text/char_class.h"
 #include "text/keywords.h"
@@ -13,9 +13,9 @@
 namespace vexil {
 namespace {
 
-constexpr std::size_t StatementLimit = 4096;  // a longer statement is returned without its end
+constexpr std::size_t StatementLimit = 4096;  // a longer statement ends at the end of its line
 
-// Whether the last character that is no white space is a semicolon. Precondition: there is one.
+// Whether the last character other than white space is ";". Precondition: there is such a one.
 bool EndsInSemicolon(std::string_view text) {
     while (IsSpace(text.back())) {
         text.remove_suffix(1);
@@ -53,7 +53,7 @@ std::size_t StatementFile::KeywordBefore(std::size_t mark, std::size_t& offset) 
 
 bool StatementFile::FindFirstKeyword() {
     for (;;) {
-        keywordOffset = blocks.End();  // no line before is kept
+        keywordOffset = blocks.End();  // keeps no earlier line
         if (!BeginLine()) {
             return false;
         }
@@ -84,7 +84,7 @@ bool StatementFile::NextStatement() {
                 keywordOffset = offset;
                 keywordRow = row;
                 keywordPending = true;
-                // A mark that ends the line, too, is still to be looked at.
+                // If the mark also ends the line, it is needed again.
                 nextMark += IsAtLineEnd() ? 0 : 1;
                 return true;
             }

@@ -15,7 +15,7 @@ bool IsValid(std::string_view text) {
 
 }  // namespace
 
-// Without a branch in the loop, so that the compiler can vectorise it.
+// The loop has no branch, so that the compiler can vectorise it.
 bool IsAscii(std::string_view text) {
     unsigned char seen = 0;
     for (const char ch : text) {

@@ -1,5 +1,5 @@
-// UTF-8 text: what fits a fixed array, what a fixed array holds, and the way down to ASCII.
-// A text is valid when utf8-cpp decodes every sequence of it in turn.
+// UTF-8 text: fitting it into a fixed array, reading it from one, and folding it to ASCII.
+// A text is valid when utf8-cpp decodes all its sequences in order.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -10,19 +10,20 @@
 
 namespace vexil {
 
-// Says how many bytes of text fit an array of bufferSize bytes with its terminator, without cutting
-// a character.
-// length: the number of bytes; it may exceed the text, since a text with room to spare is not
-// looked at and gives bufferSize - 1. 0 after false. Returns false when bufferSize is below 2, or
-// when the bytes that would fit are not valid and that is not a matter of a character cut off in
-// their last three bytes. Intentional: of at most three bytes, invalid ones give true and length 0.
+// Computes how many bytes of text fit an array of bufferSize bytes with its NUL, in whole
+// characters.
+// length: the number of bytes, 0 after false. A text with fewer than bufferSize - 1 bytes is not
+// checked and gives bufferSize - 1, more than its size. Returns false when bufferSize is below 2,
+// or when the bytes that would fit are not valid, except for a character that was cut off within
+// their last three bytes. Intentional: at most three invalid bytes without such a character give
+// true and length 0.
 bool Utf8FitLength(std::string_view text, std::uint64_t bufferSize, std::uint64_t& length);
 
-// Sets out to the text in a caller's array, as a view into it: up to its first NUL, or all but the
-// last byte when there is none, since the last position of an array always counts as the place of
-// the terminator. A character cut off at the end is dropped.
-//   buffer  the array, of bufferSize bytes; not looked at when bufferSize is 0.
-// Returns false with out empty when the text is not valid UTF-8 in any other way.
+// Sets out to the text in a caller's array, as a view into it: up to its first NUL. Without a NUL
+// the last byte is dropped, since the last position of an array always counts as the place of the
+// NUL. A character that was cut off at the end is dropped.
+//   buffer  the array, of bufferSize bytes; not read when bufferSize is 0.
+// Returns false and an empty out when the text is not valid UTF-8 for another reason.
 bool CopyUtf8Text(std::string_view& out, const char* buffer, std::uint64_t bufferSize);
 
 // Overwrites each byte that does not begin a valid sequence with "_".
@@ -32,8 +33,8 @@ void ReplaceInvalidUtf8(std::span<char> text);
 bool IsAscii(std::string_view text);
 
 // Returns text with one "_" in place of every character of more than one byte.
-// Precondition: text is valid UTF-8; otherwise an exception of utf8-cpp leaves the function. All
-// text has passed ReplaceInvalidUtf8 or CopyUtf8Text before it gets here.
+// Precondition: text is valid UTF-8; otherwise utf8-cpp throws. ReplaceInvalidUtf8 and CopyUtf8Text
+// ensure this for all text in the library.
 std::string FoldToAscii(std::string_view text);
 
 }  // namespace vexil

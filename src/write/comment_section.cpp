@@ -9,7 +9,7 @@
 namespace vexil {
 namespace {
 
-// Appends the comment line of an owner; a message has no owner name.
+// Appends the comment line of an owner. ownerName is empty for a message.
 void AppendCommentLine(LineBuffer& line, const Notes& notes, std::string_view kindKeyword,
                        std::string_view ownerName, std::uint32_t id) {
     line.Append(keyword::CM_, " ", kindKeyword, " ", id);

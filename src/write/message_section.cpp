@@ -53,7 +53,7 @@ void CANSignal::AppendSignalHead(LineBuffer& line) const {
     line.Append(" : ");
 }
 
-// A float is signed here, too; SIG_VALTYPE_ says what it really is.
+// A float is written as signed; SIG_VALTYPE_ marks it as a float.
 void CANSignal::AppendBitLayout(LineBuffer& line) const {
     line.Append(startBit, '|', bitLength, '@', byteOrder != ByteOrderBigEndian ? '1' : '0',
                 valueType != ValueUnsigned ? '-' : '+');

@@ -16,10 +16,10 @@ namespace {
 
 constexpr int SignificantDigits = 10;
 
-// Appends a number that has at most ten digits, of them at most four decimals, as nearly all of a
-// file have, from its digits as an integer. The nearest double to such a decimal is written as that
-// decimal. Returns false with nothing appended for any other number. Intentional: a negative zero
-// has its sign.
+// Appends a number of at most ten digits, with at most four decimals, from its digits as an
+// integer. Nearly all numbers of a file have this form. A double is written as such a decimal if it
+// is the nearest double to it. Returns false and appends nothing for other numbers. Intentional: a
+// negative zero keeps its sign.
 bool AppendShortDecimal(LineBuffer& line, double number) {
     const double magnitude = std::abs(number);
     const std::string_view sign = std::signbit(number) ? "-" : "";
@@ -35,7 +35,7 @@ bool AppendShortDecimal(LineBuffer& line, double number) {
     for (std::uint64_t limit = 1000000; whole >= limit; limit *= 10) {
         scale /= 10;
     }
-    // NOLINTNEXTLINE(bugprone-incorrect-roundings): what comes out wrong is refused
+    // NOLINTNEXTLINE(bugprone-incorrect-roundings): the next line checks the result
     const auto scaled = static_cast<std::uint64_t>(magnitude * scale + 0.5);
     if (static_cast<double>(scaled) / scale != magnitude) {
         return false;
@@ -49,7 +49,7 @@ bool AppendShortDecimal(LineBuffer& line, double number) {
     return true;
 }
 
-// The number as a stream in the classic locale writes it, at a fraction of the time.
+// Appends the number like a stream in the classic locale, in a fraction of the time.
 void AppendClassic(LineBuffer& line, double number) {
     if (AppendShortDecimal(line, number)) {
         return;

@@ -8,14 +8,14 @@
 
 namespace vexil {
 
-// The form that the global C++ locale gives to numbers at the time when the object is made.
+// Number formatting of the global C++ locale at the construction of the object.
 class NumberText {
   public:
     NumberText();
 
-    // Appends the two numbers among the four characters of separators: " (0.1,-40)" for " (,)".
-    // A number has at most ten significant digits, as printf("%.10g") writes it, with the decimal
-    // point and the grouping of the locale. A value that needs more digits comes back changed.
+    // Appends the two numbers between the four characters of separators: " (0.1,-40)" for " (,)". A
+    // number has at most ten significant digits, in the form of printf("%.10g"), with the decimal
+    // point and the grouping of the locale. A value with more digits is rounded.
     void AppendPair(LineBuffer& line, std::string_view separators, double first,
                     double second) const;
 

@@ -1,4 +1,4 @@
-// VERSION, NS_, BS_ and BU_: what precedes the messages. Nothing of it is read back.
+// VERSION, NS_, BS_ and BU_: the sections before the messages. The reader drops them.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <functional>
@@ -16,10 +16,10 @@ namespace {
 
 constexpr std::size_t WrapWidth = 256;
 
-// The distinct names among those that are added. They are views.
+// The set of names that were added. They are views.
 class NodeNames {
   public:
-    // Adds the names of a list with commas between them, or the default for an empty one.
+    // Adds the names of a comma-separated list, or the default node for an empty list.
     void AddList(std::string_view list) {
         do {
             const std::size_t comma = std::min(list.find(','), list.size());

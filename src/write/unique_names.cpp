@@ -1,9 +1,9 @@
-// The pass in front of a write that makes the signal names of a message unique.
+// The pass before a write that makes the signal names of a message unique.
 //
-// Signals of one base name get numbered suffixes in the model, for good: "_0000" the first, "_0001"
-// the next. A base name is the name without such a suffix, so a second pass numbers them the same
-// again. Intentional: names that are cut to make room may meet those of another group; the next
-// pass sees one group then.
+// Signals of one base name get permanent suffixes in the model: "_0000" the first, "_0001" the
+// next. A base name is the name without such a suffix, so a second pass gives the same numbers.
+// Intentional: names that are cut to make room may become equal to names of another group; the next
+// pass then treats them as one group.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <map>
@@ -26,7 +26,7 @@ bool HasDuplicates(const SignalList& signals) {
     for (const CANSignal* signal : signals) {
         names.push_back(signal->BaseName());
     }
-    // By length first, which tells most names apart.
+    // By length first, which distinguishes most names.
     std::sort(names.begin(), names.end(), [](std::string_view a, std::string_view b) {
         return a.size() != b.size() ? a.size() < b.size() : a < b;
     });
@@ -43,7 +43,7 @@ class BaseNameGroups {
         }
     }
 
-    // The positions behind at of the signals that share the base name of the one at at.
+    // The positions after at of the signals that share the base name of the signal at at.
     std::vector<std::size_t> DuplicatesBehind(std::size_t at) const {
         const std::set<std::size_t>& group = groups.find(signals[at]->BaseName())->second;
         return {group.upper_bound(at), group.end()};
@@ -51,8 +51,8 @@ class BaseNameGroups {
 
     void AddSuffix(std::size_t at, std::uint32_t number) {
         signals[at]->AddUniqueSuffix(arena, number);
-        // Where the name was cut it belongs to another group. That it stays in the first one does
-        // not show: all behind who asks are numbered, so nobody asks for a group twice.
+        // If the name was cut, it belongs to another group. It also stays in its first group, which
+        // has no effect: a group is requested only once, and all its later signals get numbers.
         groups[std::string(signals[at]->BaseName())].insert(at);
     }
 
@@ -64,8 +64,8 @@ class BaseNameGroups {
 
 }  // namespace
 
-// Signals are taken in their order. One that has no suffix from this pass gives numbers to all
-// behind it that share its base name at that time, also to those that have one already.
+// Processes signals in order. A signal without a suffix from this pass numbers all later signals
+// that share its base name at that time, including those that have a number already.
 // NOLINTNEXTLINE(readability-make-member-function-const): it changes the signals of the message
 bool CANMessage::MakeSignalNamesUnique(Arena& arena) {
     if (!HasDuplicates(signals)) {
@@ -104,7 +104,7 @@ bool CANSignal::AddUniqueSuffix(Arena& arena, std::uint32_t index) {
         name = arena.Keep(std::string(base).append(SuffixPattern));
         hasNameSuffix = true;
     }
-    // In place, so that writing again takes no more memory.
+    // In place, so that another write needs no more memory.
     char* digit = Arena::Characters(name) + name.size();
     for (std::size_t place = 1; place < SuffixPattern.size(); ++place) {
         *--digit = static_cast<char>('0' + index % 10);

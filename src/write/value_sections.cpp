@@ -40,7 +40,7 @@ void AppendLineHead(LineBuffer& line, std::string_view keyword, std::uint32_t me
     line.Append(keyword, " ", messageId, " ", name);
 }
 
-// Writes the line that append makes of each signal, if it makes one.
+// Writes the line that append composes for each signal, unless it is empty.
 void WriteSignalLines(StatementFile& file, const MessageList& messages,
                       void (CANSignal::*append)(LineBuffer& line, std::uint32_t messageId) const) {
     LineBuffer line;

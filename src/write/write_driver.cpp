@@ -39,13 +39,13 @@ bool WriteDbcFile(const char* path, std::uint32_t pathBufferSize, std::uint32_t 
     for (std::size_t at = 0; at < database.messages.Size(); ++at) {
         database.messages[at].MakeSignalNamesUnique(database.arena);
     }
-    // There is no early exit: after a failure each line does nothing.
+    // There is no early exit: after a failure WriteLine does nothing.
     const MessageList messages = MessagesInOrder(database.messages, order);
     for (const Section write : sections) {
         write(file, messages);
     }
-    // Intentional: the result is settled before the file is closed, so a failure of the last line
-    // shows in the result code alone.
+    // Intentional: the return value is determined before the file is closed, so only the result
+    // code reports a failure of the last line.
     resultCode = file.parseState;
     file.Close();
     if (resultCode != StateWriting) {

@@ -1,4 +1,4 @@
-// The writing of a file: the sections in their fixed order.
+// Writing a file: the sections in their fixed order.
 // SPDX-License-Identifier: MIT
 #pragma once
 

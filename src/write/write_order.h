@@ -15,8 +15,8 @@ bool CompareByIdDescending(const CANMessage& a, const CANMessage& b);
 // Whether a comes before b in a file that is ordered by name, byte by byte, a shorter name first.
 bool CompareByNameAscending(const CANMessage& a, const CANMessage& b);
 
-// Returns the messages in the order of an Order constant; every other value leaves them as they
-// stand. Messages that compare equal keep their order. Intentional: ids descend, names ascend.
+// Returns the messages in the order of an Order constant; every other value keeps the order of the
+// database. Equal messages keep their order. Intentional: ids descend, names ascend.
 MessageList MessagesInOrder(const PagedList<CANMessage>& messages, std::uint32_t order);
 
 }  // namespace vexil

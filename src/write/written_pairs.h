@@ -1,5 +1,5 @@
-// WrittenPairs, the value descriptions of a statement that can be copied. Those of most files can,
-// which takes a fifth off the instructions of a written line.
+// WrittenPairs, the value descriptions of a statement that can be copied. This applies to most
+// files and saves a fifth of the instructions of a written line.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace vexil {
 
-// Whether text is a number between two blanks, as it is written.
+// Whether text is a number between two blanks, in the form of a written file.
 inline bool IsWrittenNumber(std::string_view text, std::int32_t& value) {
     if (text.size() < 3 || text.front() != ' ' || text.back() != ' ') {
         return false;
@@ -24,8 +24,8 @@ inline bool IsWrittenNumber(std::string_view text, std::int32_t& value) {
     return error == std::errc() && after == end && (leading != '0' || end - first == 1);
 }
 
-// The value descriptions of a statement that has them just as they would be written: ascending
-// values, and one blank where there may be more. A view; nothing of any other statement.
+// Returns the value descriptions of a statement, as a view, if it has the form of a written file:
+// ascending values and single blanks. Returns nothing for any other statement.
 inline std::string_view WrittenPairs(std::string_view statement) {
     std::int64_t last = std::numeric_limits<std::int64_t>::min();
     Position end = 0;
