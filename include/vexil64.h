@@ -15,17 +15,18 @@
  *  2. Return values. Functions that can fail return 1 for success and 0 for failure. A read or
  *     write also stores a result code, one of the State constants.
  *  3. Indexes. They count from 0 and are positions in the current database, so the next read or
- *     clear invalidates them. An out-of-range index makes the call return 0; it is never undefined
- *     behaviour.
+ *     clear invalidates them. An append keeps them valid, but an added value description moves
+ *     those of the same signal with larger values. An out-of-range index makes the call return 0;
+ *     it is never undefined behaviour.
  *  4. Text from the library. UTF-8, NUL-terminated, in fixed arrays. A longer text is cut at the
- *     end of a character. The cut is not reported.
+ *     end of a character, without a report. The database and a written file have the whole text.
  *  5. Text to the library. UTF-8 that ends at its first NUL; without a NUL, the last byte of the
  *     array is dropped. Text that is not valid UTF-8 is repaired or refused:
- *     - If all but the last 1, 2 or 3 bytes are valid and the first of these bytes is at least
- *       0xC0, 0xE0 or 0xF0 respectively, these bytes are dropped. This removes a character that
- *       was cut off. The bytes after the first one are not checked: "abcd\xFFe" becomes "abcd".
- *     - Otherwise a text of at most 3 bytes becomes empty.
- *     - Otherwise the text is refused, and the call fails.
+ *     - A character that was cut off at the end is dropped: the last 1, 2 or 3 bytes, if the text
+ *       before them is valid and the first of them is at least 0xC0, 0xE0 or 0xF0 respectively.
+ *       The bytes after this one are not checked, so "abcd\xFF" "e" becomes "abcd".
+ *     - Any other text of at most 3 bytes becomes empty.
+ *     - Any other text is refused, and the call fails.
  *  6. Paths. A path is UTF-8 and comes with the size of its buffer in bytes, which counts the NUL.
  *     A call with the length of the path instead loses its last character. The size may be at most
  *     260, so a path has at most 259 bytes.
@@ -54,7 +55,10 @@
  *
  * What happens to each field
  *
- * "As it is" means without a check or change. Statements such as BO_ are those of the file.
+ * BO_, SG_ and so on are statements of the file; BU_ is its list of nodes. Names such as J1939PGN
+ * and GenMsgCycleTime are attributes of the file. A field gets the value that the object has, or
+ * else the default of the attribute; defaults of the two Marrowby attributes are ignored. "As it
+ * is" means without a check or change.
  *
  *   DatabaseInfo    Read from a file            VexilSetDatabaseInfo    Written to a file
  *   --------------  --------------------------  ----------------------  --------------------------
@@ -67,7 +71,7 @@
  *   name            BO_, as an identifier       ignored; longName as    BO_
  *                                               an identifier
  *   dlc             BO_                         as it is                BO_
- *   longName        Marrowby_Msg_Name, else     control characters      Marrowby_Msg_Name, if it
+ *   longName        Marrowby_Msg_Name, else     tabs and line ends      Marrowby_Msg_Name, if it
  *                   the name in BO_             become blanks           differs from name; (Q)
  *   transmitter     BO_, as an identifier       as an identifier        BO_, BU_; (M) if empty
  *   signalCount     number of signals           ignored                 -
@@ -80,7 +84,7 @@
  *   --------------  --------------------------  ----------------------  --------------------------
  *   name            SG_, as an identifier       ignored; longName as    SG_; duplicates in a
  *                                               an identifier           message get a number
- *   longName        Marrowby_Sig_Name, else     control characters      Marrowby_Sig_Name, if it
+ *   longName        Marrowby_Sig_Name, else     tabs and line ends      Marrowby_Sig_Name, if it
  *                   the name in SG_             become blanks           differs from name; (Q)
  *   unit            SG_; "_" for each           the unit in UTF-8;      SG_; "_" for each
  *                   non-ASCII character         sets both fields        non-ASCII character; (Q)
@@ -109,7 +113,7 @@
  *
  *   (E)  Escaped: the comment has a backslash before each double quote. An append takes quotes with
  *        and without a backslash and adds those that are missing.
- *   (Q)  Not escaped: a double quote in the text ends the text when the file is read again.
+ *   (Q)  Not escaped: a double quote in the text can cut it when the file is read again.
  *   (M)  "Marrowby", the name of a placeholder node: the format requires a node here. A read
  *        returns it like any other node.
  *
@@ -132,7 +136,7 @@
  *   Returns  Result code                         Database           File
  *   -------  ----------------------------------  -----------------  ------------------------------
  *   1        StateClosed                         renamed signals    complete
- *   1        StateStreamError                    renamed signals    the last line is incomplete
+ *   1        StateStreamError                    renamed signals    the last line may be cut off
  *   0        StateStreamError                    renamed signals    incomplete
  *   0        StateClosed                         has no message     not touched
  *   0        StatePathTooLong, StatePathInvalid  unchanged          not opened
@@ -246,7 +250,7 @@ enum {
  * others are the offsets of the fields in bytes. */
 typedef struct DatabaseInfo {
     uint32_t protocolType; /*   0  Protocol constant */
-    uint32_t busType;      /*   4  Bus constant; VexilClearData and VexilReadDbcFile keep it */
+    uint32_t busType;      /*   4  Bus constant; VexilClearData keeps it */
 } DatabaseInfo;
 
 /* A message, 640 bytes. The table at the top says where each field comes from and goes to. */
@@ -295,12 +299,12 @@ typedef struct CanEnumRecord {
 /* A BO_ or SG_ statement that could not be parsed, 264 bytes. */
 typedef struct ParseError {
     uint32_t code;           /*   0  Step constant */
-    uint32_t line;           /*   4  line before the next keyword, counted from 1; see Notes of
-                                     VexilGetErrorData */
-    char text[LongTextSize]; /*   8  the statement without its last byte, at most 254 bytes */
+    uint32_t line;           /*   4  line before the next keyword, counted from 1; see the notes
+                                     of VexilGetErrorData */
+    char text[LongTextSize]; /*   8  the statement, at most 254 bytes of it; see there */
 } ParseError;
 
-/* -- The frame ------------------------------------------------------------------------------- */
+/* -- The database ---------------------------------------------------------------------------- */
 
 /* Returns the version of the library.
  *
@@ -470,7 +474,9 @@ VEXIL64_API uint64_t VexilGetNumCanErrors(void);
  * Notes:
  *   "line" is the number of the line before the one with the next keyword. That is the line of the
  *   statement when both are on adjoining lines. Blank lines after the statement make it larger. For
- *   the last statement of a file it is the number of lines - 1, so it can be 0. */
+ *   the last statement of a file it is the number of lines - 1, so it can be 0.
+ *   "text" begins with the keyword and lacks the last byte of the statement. The statement reaches
+ *   up to the next keyword, so the text can contain line feeds and usually ends with one. */
 VEXIL64_API uint8_t VexilGetErrorData(uint32_t errorIndex, ParseError* record);
 
 /* -- Writing --------------------------------------------------------------------------------- */
