@@ -476,7 +476,7 @@ VEXIL64_API uint64_t VexilGetNumCanErrors(void);
  *   statement when both are on adjoining lines. Blank lines after the statement make it larger. For
  *   the last statement of a file it is the number of lines - 1, so it can be 0.
  *   "text" begins with the keyword and lacks the last byte of the statement. The statement reaches
- *   up to the next keyword, so the text can contain line feeds and usually ends with one. */
+ *   up to the next keyword, so the text can contain line feeds, also at its end. */
 VEXIL64_API uint8_t VexilGetErrorData(uint32_t errorIndex, ParseError* record);
 
 /* -- Writing --------------------------------------------------------------------------------- */
