@@ -17,12 +17,13 @@ typedef struct Record {
  *   1 */
 VEXIL64_API uint8_t LongSummary(uint32_t first);
 
-/* Does not document its second parameter.
+/* Does not document its last parameter.
  *
  * Parameters:
- *   first  is documented. */
-VEXIL64_API void UnknownParameter(const char* first,
-                                  uint32_t* second);
+ *   first           is documented.
+ *   pathBufferSize  is documented. */
+VEXIL64_API void UnknownParameterOfALongDeclaration(const char* first, uint32_t pathBufferSize,
+                                                    uint32_t* second);
 
 /* Does not say what it returns. */
 VEXIL64_API float NoReturn(void);
