@@ -61,6 +61,26 @@ class OverlapFinder {
     std::unordered_map<std::uint64_t, std::uint32_t> multiplexed;  // by value and position
 };
 
+// Puts a signal into its bits of a frame. The signals of a bit are in the order of the message,
+// in whichever order they are placed.
+void PlaceBits(const SignalFacts& facts, std::uint32_t signal, std::vector<BitCell>& cells) {
+    const bool isBigEndian = facts.byteOrder == ByteOrderBigEndian;
+    for (std::uint32_t index = 0; index < facts.bitLength; ++index) {
+        const std::uint64_t position = BitPosition(facts, index);
+        if (position >= cells.size()) {
+            return;  // so are all later ones: they are in the same or in later bytes
+        }
+        BitCell& cell = cells[position];
+        if (cell.signalCount++ == 0 || signal < cell.signal) {
+            cell.other = cell.signal;
+            cell.signal = signal;
+            cell.signalBit = isBigEndian ? facts.bitLength - 1 - index : index;
+        } else {
+            cell.other = std::min(cell.other, signal);
+        }
+    }
+}
+
 }  // namespace
 
 std::uint64_t BitPosition(const SignalFacts& signal, std::uint64_t index) {
@@ -99,33 +119,45 @@ std::vector<std::uint32_t> MultiplexValues(const Snapshot& snapshot, const Messa
     return values;
 }
 
+FrameLayouts::FrameLayouts(const Snapshot& snapshot, const MessageFacts& message,
+                           std::size_t byteCount)
+    : database(snapshot),
+      always(std::min<std::uint64_t>(byteCount, LayoutBits / BitsInByte) * BitsInByte) {
+    for (std::uint32_t index = 0; index < message.signalCount; ++index) {
+        const std::uint32_t signal = message.firstSignal + index;
+        if (database.signals[signal].multiplexType == MultiplexSelected) {
+            multiplexed.push_back(signal);
+        } else {
+            PlaceBits(database.signals[signal], signal, always);
+        }
+    }
+    std::stable_sort(
+        multiplexed.begin(), multiplexed.end(), [&snapshot](std::uint32_t one, std::uint32_t two) {
+            return snapshot.signals[one].multiplexValue < snapshot.signals[two].multiplexValue;
+        });
+}
+
+std::vector<BitCell> FrameLayouts::At(std::optional<std::uint32_t> multiplexValue) const {
+    std::vector<BitCell> cells = always;
+    if (!multiplexValue) {
+        return cells;
+    }
+    const auto isBefore = [this](std::uint32_t signal, std::uint32_t value) {
+        return database.signals[signal].multiplexValue < value;
+    };
+    for (auto each =
+             std::lower_bound(multiplexed.begin(), multiplexed.end(), *multiplexValue, isBefore);
+         each != multiplexed.end() && database.signals[*each].multiplexValue == *multiplexValue;
+         ++each) {
+        PlaceBits(database.signals[*each], *each, cells);
+    }
+    return cells;
+}
+
 std::vector<BitCell> FrameLayout(const Snapshot& snapshot, const MessageFacts& message,
                                  std::optional<std::uint32_t> multiplexValue,
                                  std::size_t byteCount) {
-    std::vector<BitCell> cells(std::min<std::uint64_t>(byteCount, LayoutBits / BitsInByte) *
-                               BitsInByte);
-    for (std::uint32_t number = 0; number < message.signalCount; ++number) {
-        const std::uint32_t signal = message.firstSignal + number;
-        const SignalFacts& facts = snapshot.signals[signal];
-        if (facts.multiplexType == MultiplexSelected && multiplexValue != facts.multiplexValue) {
-            continue;
-        }
-        const bool isBigEndian = facts.byteOrder == ByteOrderBigEndian;
-        const std::uint32_t length =
-            static_cast<std::uint32_t>(std::min<std::uint64_t>(facts.bitLength, LayoutBits));
-        for (std::uint32_t index = 0; index < length; ++index) {
-            const std::uint64_t position = BitPosition(facts, index);
-            if (position >= cells.size()) {
-                continue;
-            }
-            BitCell& cell = cells[position];
-            if (cell.signalCount++ == 0) {
-                cell.signal = signal;
-                cell.signalBit = isBigEndian ? facts.bitLength - 1 - index : index;
-            }
-        }
-    }
-    return cells;
+    return FrameLayouts(snapshot, message, byteCount).At(multiplexValue);
 }
 
 }  // namespace vexil::tool

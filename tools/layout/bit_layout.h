@@ -53,11 +53,27 @@ struct BitCell {
     std::uint32_t signal = NoSignal;  // the first signal that has the bit
     std::uint32_t signalCount = 0;    // more than one: an overlap
     std::uint32_t signalBit = 0;      // which bit of the signal, where 0 is the least significant
+    std::uint32_t other = NoSignal;   // the second signal that has the bit
 };
 
-// Returns the bits of a frame of the message, by position.
-//   multiplexValue  which multiplexed signals the frame has; without one, it has none of them
-//   byteCount       the length of the frame; bits after its end and after LayoutBits are left out
+// The frames of one message: a layout for each multiplexer value. Placing the signals that every
+// frame has once makes the time proportional to the number of signals and of layouts.
+class FrameLayouts {
+  public:
+    //   byteCount  the length of the frame; bits after its end and after LayoutBits are left out
+    FrameLayouts(const Snapshot& snapshot, const MessageFacts& message, std::size_t byteCount);
+
+    // Returns the bits of a frame, by position.
+    //   multiplexValue  which multiplexed signals the frame has; without one, it has none of them
+    std::vector<BitCell> At(std::optional<std::uint32_t> multiplexValue) const;
+
+  private:
+    const Snapshot& database;
+    std::vector<BitCell> always;
+    std::vector<std::uint32_t> multiplexed;  // signals, by multiplexer value
+};
+
+// Returns one of the layouts. More than one are made faster by FrameLayouts.
 std::vector<BitCell> FrameLayout(const Snapshot& snapshot, const MessageFacts& message,
                                  std::optional<std::uint32_t> multiplexValue,
                                  std::size_t byteCount);
