@@ -3,6 +3,7 @@
 //   vexil-dbc check FILE... [OPTION...]
 //   vexil-dbc explain [CAUSE]
 //   vexil-dbc rewrite IN OUT [OPTION...]
+//   vexil-dbc show FILE [MESSAGE...] [OPTION...]
 //
 // Each command has a file in commands, and one in cli that gives it its arguments.
 // SPDX-License-Identifier: MIT
@@ -71,6 +72,7 @@ ExitCode Run(const std::vector<std::string>& arguments) {
     vexil::tool::AddCheck(app, exitCode);
     vexil::tool::AddExplain(app, exitCode);
     vexil::tool::AddRewrite(app, exitCode);
+    vexil::tool::AddShow(app, exitCode);
     if (!NamesACommand(app, arguments)) {
         return vexil::tool::ExitUsage;
     }

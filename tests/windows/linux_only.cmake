@@ -39,6 +39,7 @@ set(linux_only_text_tests
 set(linux_only_tool_tests
     CheckCommandOnLinux.*           # folders as files, bytes on the command line, long paths of Linux
     RewriteCommandOnLinux.*         # likewise, rights of folders, and limits on the size of files
+    ShowCommandOnLinux.*            # the width of a terminal of Linux, and encodings
     StandardOutput.*                # is closed, or a device that takes nothing
     ToolDocument.*                  # shows what Linux prints, and encodings
     FullFileSystem.*                # is mounted

@@ -13,5 +13,6 @@ namespace vexil::tool {
 void AddCheck(CLI::App& app, ExitCode& exitCode);
 void AddExplain(CLI::App& app, ExitCode& exitCode);
 void AddRewrite(CLI::App& app, ExitCode& exitCode);
+void AddShow(CLI::App& app, ExitCode& exitCode);
 
 }  // namespace vexil::tool

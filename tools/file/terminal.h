@@ -1,6 +1,8 @@
-// Whether a standard stream is a terminal.
+// Whether a standard stream is a terminal, and how wide it is.
 // SPDX-License-Identifier: MIT
 #pragma once
+
+#include <cstddef>
 
 namespace vexil::tool {
 
@@ -12,5 +14,9 @@ bool IsTerminal(int stream);
 // Whether standard output shows colours: it is a terminal, and the environment variable NO_COLOR is
 // not set or empty. On Windows it never does, since not every terminal has them.
 bool WantsColour();
+
+// Returns the number of columns of the terminal that standard output is; 0 if it is no terminal or
+// does not report them.
+std::size_t TerminalWidth();
 
 }  // namespace vexil::tool
