@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <set>
+#include <utility>
 
 #include "view/display_text.h"
 
@@ -74,6 +75,22 @@ std::size_t FrameLabels::NeededBitWidth(const FrameRuns& frame) const {
     return needed;
 }
 
+std::optional<std::size_t> FrameLabels::FindRunForName(const FrameRuns& frame,
+                                                       const std::vector<std::size_t>& area,
+                                                       std::size_t bitWidth) const {
+    const std::size_t name = NameOf(frame.runs[area.front()].owner.signal).size();
+    for (const bool withBits : {true, false}) {
+        for (const std::size_t index : area) {
+            const std::size_t bits = BitsOf(frame.runs[index]).size();
+            if (name + (withBits && bits != 0 ? bits + 1 : 0) <=
+                InnerWidth(frame.runs[index], bitWidth)) {
+                return index;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
 std::vector<RunLabel> FrameLabels::Label(const FrameRuns& frame, std::size_t bitWidth) {
     std::vector<RunLabel> labels(frame.runs.size());
     std::set<BitOwner> explained;
@@ -83,35 +100,23 @@ std::vector<RunLabel> FrameLabels::Label(const FrameRuns& frame, std::size_t bit
         if (owner.IsFree()) {
             continue;
         }
-        // The first run with room for the name and the bits, else the first one for the name.
-        const std::size_t nameWidth = owner.IsOverlap() ? 0 : NameOf(owner.signal).size();
-        const auto findRun = [&](bool withBits) {
-            return std::find_if(area.begin(), area.end(), [&](std::size_t index) {
-                const std::size_t bits = BitsOf(frame.runs[index]).size();
-                return nameWidth + (withBits && bits != 0 ? bits + 1 : 0) <=
-                       InnerWidth(frame.runs[index], bitWidth);
-            });
-        };
-        auto place = findRun(true);
-        place = place == area.end() ? findRun(false) : place;
-        std::string name;
-        if (owner.IsOverlap() || place == area.end()) {
-            place = area.begin();
-            name = KeyOf(owner);
-            if (explained.insert(owner).second) {
-                legend.push_back(name + " " + Explain(owner));
-            }
+        const std::optional<std::size_t> place =
+            owner.IsOverlap() ? std::nullopt : FindRunForName(frame, area, bitWidth);
+        if (place) {
+            labels[*place].name = NameOf(owner.signal);
         } else {
-            name = NameOf(owner.signal);
-        }
-        labels[*place].name = name;
-        for (const std::size_t index : area) {
-            const std::size_t inner = InnerWidth(frame.runs[index], bitWidth);
-            const std::string& left = labels[index].name;
-            const std::string bits = BitsOf(frame.runs[index]);
-            if (bits.size() + (left.empty() ? 0 : left.size() + 1) <= inner) {
-                labels[index].bits = bits;
+            const std::string key = KeyOf(owner);
+            labels[area.front()].name = key;
+            if (explained.insert(owner).second) {
+                legend.push_back(key + " " + Explain(owner));
             }
+        }
+    }
+    for (std::size_t index = 0; index < labels.size(); ++index) {
+        const std::size_t name = labels[index].name.size();
+        std::string bits = BitsOf(frame.runs[index]);
+        if (bits.size() + (name == 0 ? 0 : name + 1) <= InnerWidth(frame.runs[index], bitWidth)) {
+            labels[index].bits = std::move(bits);
         }
     }
     return labels;

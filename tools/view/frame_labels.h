@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -40,6 +41,13 @@ class FrameLabels {
     std::string NameOf(std::uint32_t signal) const;
     std::string BitsOf(const BitRun& run) const;
     std::string KeyOf(const BitOwner& owner);
+
+    // Returns the first run of an area with room for the name of its signal and for the bits, else
+    // the first one with room for the name, else nothing.
+    std::optional<std::size_t> FindRunForName(const FrameRuns& frame,
+                                              const std::vector<std::size_t>& area,
+                                              std::size_t bitWidth) const;
+
     std::string Explain(const BitOwner& owner) const;
 
     const Snapshot& database;

@@ -43,12 +43,11 @@ Cells CellsOf(const Snapshot& snapshot, const MessageFacts& message) {
             Printable(snapshot.Text(message.sendType))};
 }
 
-template <typename Texts>
-std::string Line(const Texts& cells, const std::array<std::size_t, ColumnCount>& widths) {
+std::string Line(const Cells& cells, const std::array<std::size_t, ColumnCount>& widths) {
     std::string line;
     for (std::size_t column = 0; column < ColumnCount; ++column) {
-        const std::string cell(cells[column]);
-        line += IsNumber[column] ? PadLeft(cell, widths[column]) : PadRight(cell, widths[column]);
+        line += IsNumber[column] ? PadLeft(cells[column], widths[column])
+                                 : PadRight(cells[column], widths[column]);
         line.append(Gap, ' ');
     }
     return line;
@@ -64,7 +63,9 @@ void Print(std::ostream& out, std::string line) {
 void PrintMessageList(std::ostream& out, const Snapshot& snapshot,
                       const std::vector<std::uint32_t>& messages, const DrawStyle& style) {
     std::array<std::size_t, ColumnCount> widths{};
+    Cells headings;
     for (std::size_t column = 0; column < ColumnCount; ++column) {
+        headings[column] = Headings[column];
         widths[column] = Headings[column].size();
     }
     std::vector<Cells> rows;
@@ -82,7 +83,7 @@ void PrintMessageList(std::ostream& out, const Snapshot& snapshot,
         used += width;
     }
     const bool hasComment = used + LeastComment <= style.width;
-    Print(out, Line(Headings, widths) + (hasComment ? "comment" : ""));
+    Print(out, Line(headings, widths) + (hasComment ? "comment" : ""));
     for (std::size_t row = 0; row < rows.size(); ++row) {
         std::string line = Line(rows[row], widths);
         const TextRef comment = snapshot.messages[messages[row]].comment;
