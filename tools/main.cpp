@@ -4,6 +4,8 @@
 //   vexil-dbc explain [CAUSE]
 //   vexil-dbc rewrite IN OUT [OPTION...]
 //   vexil-dbc show FILE [MESSAGE...] [OPTION...]
+//   vexil-dbc json FILE [OPTION...]
+//   vexil-dbc from-json IN OUT [OPTION...]
 //
 // Each command has a file in commands, and one in cli that gives it its arguments.
 // SPDX-License-Identifier: MIT
@@ -73,6 +75,8 @@ ExitCode Run(const std::vector<std::string>& arguments) {
     vexil::tool::AddExplain(app, exitCode);
     vexil::tool::AddRewrite(app, exitCode);
     vexil::tool::AddShow(app, exitCode);
+    vexil::tool::AddJson(app, exitCode);
+    vexil::tool::AddFromJson(app, exitCode);
     if (!NamesACommand(app, arguments)) {
         return vexil::tool::ExitUsage;
     }

@@ -2,7 +2,7 @@
 //
 // Two kinds of fenced blocks count. Their first words, after the three backticks, are
 //
-//   dbc NAME   a file of this name
+//   dbc NAME   a file of this name, and so json NAME
 //   console    commands, each after "$ ", and what each of them prints; the command "echo $?"
 //   prints
 //              the exit code of the last one
@@ -96,7 +96,7 @@ TEST_F(ToolDocument, HasExamplesThatAreTrue) {
                 ++commands;
             }
         }
-        if (block.kind == "dbc") {
+        if ((block.kind == "dbc" || block.kind == "json") && !block.name.empty()) {
             WriteBytes(block.name, shown);
         } else if (block.kind == "console") {
             EXPECT_EQ(printed, shown);

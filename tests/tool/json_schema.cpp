@@ -36,7 +36,15 @@ class Validator {
     static bool HasType(const json& value, const std::string& type) {
         return (type == "object" && value.is_object()) || (type == "array" && value.is_array()) ||
                (type == "string" && value.is_string()) ||
-               (type == "integer" && value.is_number_integer());
+               (type == "integer" && value.is_number_integer()) ||
+               (type == "number" && value.is_number());
+    }
+
+    // In characters.
+    static std::size_t Length(const std::string& text) {
+        return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char ch) {
+            return (static_cast<unsigned char>(ch) & 0xC0U) != 0x80U;
+        }));
     }
 
     bool IsValid(const json& schema, const json& value) {
@@ -60,6 +68,14 @@ class Validator {
         } else if (word == "minimum") {
             if (value.is_number() && value < rule) {
                 Fault(place, "is too small");
+            }
+        } else if (word == "maximum") {
+            if (value.is_number() && value > rule) {
+                Fault(place, "is too large");
+            }
+        } else if (word == "maxLength") {
+            if (value.is_string() && Length(value.get<std::string>()) > rule.get<std::size_t>()) {
+                Fault(place, "is too long");
             }
         } else if (word == "minLength") {
             if (value.is_string() && value.get<std::string>().size() < rule.get<std::size_t>()) {

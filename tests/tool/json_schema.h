@@ -1,5 +1,5 @@
-// Holds a JSON document to a schema, as far as docs/check.schema.json uses the language of schemas.
-// A word of the language that is not known here is a fault.
+// Holds a JSON document to a schema, as far as the schemas in docs use the language of schemas. A
+// word of the language that is not known here is a fault.
 // SPDX-License-Identifier: MIT
 #pragma once
 

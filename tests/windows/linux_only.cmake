@@ -40,6 +40,8 @@ set(linux_only_tool_tests
     CheckCommandOnLinux.*           # folders as files, bytes on the command line, long paths of Linux
     RewriteCommandOnLinux.*         # likewise, rights of folders, and limits on the size of files
     ShowCommandOnLinux.*            # the width of a terminal of Linux, and encodings
+    JsonCommandOnLinux.*            # standard streams
+    FromJsonCommandOnLinux.*        # likewise, links
     StandardOutput.*                # is closed, or a device that takes nothing
     ToolDocument.*                  # shows what Linux prints, and encodings
     FullFileSystem.*                # is mounted

@@ -14,5 +14,7 @@ void AddCheck(CLI::App& app, ExitCode& exitCode);
 void AddExplain(CLI::App& app, ExitCode& exitCode);
 void AddRewrite(CLI::App& app, ExitCode& exitCode);
 void AddShow(CLI::App& app, ExitCode& exitCode);
+void AddJson(CLI::App& app, ExitCode& exitCode);
+void AddFromJson(CLI::App& app, ExitCode& exitCode);
 
 }  // namespace vexil::tool

@@ -1,0 +1,340 @@
+// The objects and lists that have begun, and what their ends do.
+// SPDX-License-Identifier: MIT
+#include "document/network_reader.h"
+
+#include <algorithm>
+
+#include "document/json_text.h"
+
+namespace vexil::tool {
+namespace {
+
+// Documents have five levels and the account some more. The limit keeps a hostile document from
+// taking memory by its depth.
+constexpr std::size_t DeepestNesting = 64;
+
+// A name of a member as a part of a path: with quotes if it has other characters than a field.
+std::string Step(std::string_view name) {
+    constexpr std::size_t Longest = 60;
+    const auto isPlain = [](char ch) {
+        return (ch >= 'a' && ch <= 'z') || (ch >= 'A' && ch <= 'Z') || (ch >= '0' && ch <= '9') ||
+               ch == '_';
+    };
+    if (!name.empty() && name.size() <= Longest && std::all_of(name.begin(), name.end(), isPlain)) {
+        return "." + std::string(name);
+    }
+    return "[" + JsonExcerpt(name) + "]";
+}
+
+// Whether an object has a member.
+bool Sees(Shape shape, FieldSet seen, std::string_view name) {
+    const std::span<const Member> members = MembersOf(shape);
+    for (std::size_t row = 0; row < members.size(); ++row) {
+        if (members[row].name == name) {
+            return ((seen >> row) & 1U) != 0;
+        }
+    }
+    return false;
+}
+
+// The members that are fields of the record.
+FieldSet GivenFields(Shape shape, FieldSet seen) {
+    FieldSet fields = 0;
+    for (const Member& member : MembersOf(shape)) {
+        fields = member.kind == MemberKind::Field ? (fields << 1U) | 1U : fields;
+    }
+    return seen & fields;
+}
+
+std::string_view Needed(MemberKind kind) {
+    switch (kind) {
+        case MemberKind::Object:
+            return "an object is needed";
+        case MemberKind::List:
+            return "a list is needed";
+        default:
+            return "a number or a text is needed, neither an object nor a list";
+    }
+}
+
+}  // namespace
+
+NetworkReader::NetworkReader(DocumentResult& documentResult)
+    : result(documentResult), builder(documentResult) {}
+
+bool NetworkReader::Key(std::string_view name) {
+    if (skipped > 0) {
+        return true;
+    }
+    Frame& object = frames.back();
+    const std::span<const Member> members = MembersOf(object.shape);
+    const auto found = std::find_if(members.begin(), members.end(),
+                                    [name](const Member& each) { return each.name == name; });
+    object.member = nullptr;
+    object.name = name;
+    if (found == members.end()) {
+        Refuse({}, "there is no such field");
+        return true;
+    }
+    const FieldSet bit = FieldSet{1} << static_cast<unsigned>(found - members.begin());
+    if ((object.seen & bit) != 0) {
+        RefuseRecord("the object has this field twice");
+        return true;
+    }
+    object.seen |= bit;
+    object.member = &*found;
+    return true;
+}
+
+bool NetworkReader::Scalar(const JsonScalar& scalar) {
+    if (skipped > 0) {
+        return true;
+    }
+    if (frames.empty() || frames.back().isList) {
+        RefuseRecord(Needed(MemberKind::Object));
+        Leave();
+        return true;
+    }
+    if (const Member* const member = frames.back().member; member != nullptr) {
+        Accept(*member, scalar);
+    }
+    return true;
+}
+
+void NetworkReader::Accept(const Member& member, const JsonScalar& scalar) {
+    std::string wrong;
+    switch (member.kind) {
+        case MemberKind::Field:
+            wrong = StoreScalar(*member.field, RecordOf(frames.back().shape), scalar);
+            break;
+        case MemberKind::Version:
+            wrong = CheckFormat(scalar);
+            break;
+        case MemberKind::Object:
+        case MemberKind::List:
+            wrong = Needed(member.kind);
+            break;
+        case MemberKind::Ignored:
+            break;
+    }
+    if (!wrong.empty()) {
+        RefuseRecord(wrong);
+    }
+}
+
+void* NetworkReader::RecordOf(Shape shape) {
+    switch (shape) {
+        case Shape::Message:
+            return &message.record;
+        case Shape::Signal:
+            return &signal.record;
+        case Shape::Description:
+            return &description;
+        default:
+            return &info;
+    }
+}
+
+bool NetworkReader::BeginObject() {
+    return Begin(false);
+}
+
+bool NetworkReader::BeginList() {
+    return Begin(true);
+}
+
+bool NetworkReader::Begin(bool isList) {
+    if (IsTooDeep()) {
+        return false;
+    }
+    if (skipped > 0) {
+        ++skipped;
+        return true;
+    }
+    if (frames.empty() || frames.back().isList) {
+        if (!isList) {
+            Open(frames.empty() ? Shape::Document : frames.back().shape, false);
+            return true;
+        }
+        RefuseRecord(Needed(MemberKind::Object));
+        ++skipped;
+        return true;
+    }
+    const Member* const member = frames.back().member;
+    const MemberKind kind = member == nullptr ? MemberKind::Ignored : member->kind;
+    if (kind == (isList ? MemberKind::List : MemberKind::Object)) {
+        Open(member->shape, isList);
+        return true;
+    }
+    if (kind != MemberKind::Ignored) {
+        RefuseRecord(Needed(kind));
+    }
+    ++skipped;
+    return true;
+}
+
+bool NetworkReader::IsTooDeep() {
+    if (frames.size() + skipped < DeepestNesting) {
+        return false;
+    }
+    const std::string path = Path();
+    result.fault = (path.empty() ? "the document" : path) +
+                   ": objects and lists are inside one another more than " +
+                   std::to_string(DeepestNesting) + " deep";
+    return true;
+}
+
+void NetworkReader::Open(Shape shape, bool isList) {
+    const DocumentIndex index = frames.empty() ? 0 : frames.back().index;
+    frames.push_back({shape, isList});
+    if (isList) {
+        return;
+    }
+    switch (shape) {
+        case Shape::Message:
+            message = MessageDraft();
+            message.index = index;
+            break;
+        case Shape::Signal:
+            signal = SignalDraft();
+            signal.index = index;
+            break;
+        case Shape::Description:
+            description = {};
+            break;
+        default:
+            break;
+    }
+}
+
+bool NetworkReader::EndObject() {
+    if (skipped > 0) {
+        --skipped;
+    } else {
+        Frame object = std::move(frames.back());
+        frames.pop_back();
+        Finish(object);
+    }
+    Leave();
+    return true;
+}
+
+bool NetworkReader::EndList() {
+    if (skipped > 0) {
+        --skipped;
+    } else {
+        frames.pop_back();
+    }
+    Leave();
+    return true;
+}
+
+void NetworkReader::Finish(Frame& object) {
+    switch (object.shape) {
+        case Shape::Description:
+            FinishDescription(object);
+            break;
+        case Shape::Signal:
+            FinishSignal(object);
+            break;
+        case Shape::Message:
+            FinishMessage(object);
+            break;
+        case Shape::Document:
+            Require(object, "messages");
+            NetworkBuilder::SetInfo(info);
+            break;
+        case Shape::Info:
+            break;
+    }
+}
+
+void NetworkReader::FinishDescription(Frame& object) {
+    Require(object, "value");
+    if (!object.isRefused) {
+        signal.descriptions.push_back(
+            {frames.back().index, description.value, std::string(std::begin(description.text))});
+    }
+}
+
+void NetworkReader::FinishSignal(Frame& object) {
+    RequireName(object);
+    Require(object, "startBit");
+    Require(object, "bitLength");
+    if (!object.isRefused && message.signals.size() == MaxSignalsPerMessage) {
+        Refuse({}, "a message takes " + std::to_string(MaxSignalsPerMessage) + " signals");
+    } else if (!object.isRefused) {
+        signal.given = GivenFields(object.shape, object.seen);
+        message.signals.push_back(std::move(signal));
+    }
+}
+
+void NetworkReader::FinishMessage(Frame& object) {
+    Require(object, "id");
+    RequireName(object);
+    if (!object.isRefused) {
+        message.given = GivenFields(object.shape, object.seen);
+        builder.Add(message);
+    }
+}
+
+void NetworkReader::Require(Frame& object, std::string_view name) {
+    if (!Sees(object.shape, object.seen, name)) {
+        Refuse(name, "is missing");
+        object.isRefused = true;
+    }
+}
+
+// Signals and messages may have their name in either field. A message without one would be a line
+// that nobody can read.
+void NetworkReader::RequireName(Frame& object) {
+    const bool hasLongName = Sees(object.shape, object.seen, "longName");
+    if (!hasLongName && !Sees(object.shape, object.seen, "name")) {
+        Require(object, "longName");
+    } else if (object.shape == Shape::Message && !object.isRefused &&
+               (hasLongName ? message.record.longName[0] : message.record.name[0]) == '\0') {
+        Refuse(hasLongName ? "longName" : "name", "a message needs a name");
+        object.isRefused = true;
+    }
+}
+
+// A value has ended; in a list the next one follows.
+void NetworkReader::Leave() {
+    if (skipped == 0 && !frames.empty() && frames.back().isList) {
+        ++frames.back().index;
+    }
+}
+
+void NetworkReader::Refuse(std::string_view member, std::string_view text) {
+    if (result.refused.HasRoom()) {
+        result.refused.Add(Path(member), std::string(text));
+    } else {
+        result.refused.AddUnseen();
+    }
+}
+
+void NetworkReader::RefuseRecord(std::string_view text) {
+    Refuse({}, text);
+    // Of a list the wrong element is left out; the object around the list can stay.
+    if (!frames.empty() && !frames.back().isList) {
+        frames.back().isRefused = true;
+        frames.back().member = nullptr;
+    }
+}
+
+std::string NetworkReader::Path(std::string_view member) const {
+    std::string path;
+    for (const Frame& each : frames) {
+        if (each.isList) {
+            path += "[" + std::to_string(each.index) + "]";
+        } else if (each.name) {
+            path += Step(*each.name);
+        }
+    }
+    if (!member.empty()) {
+        path += Step(member);
+    }
+    return path.starts_with('.') ? path.substr(1) : path;
+}
+
+}  // namespace vexil::tool

@@ -1,0 +1,73 @@
+// Follows the values of a document, one after the other, and gives each whole message to the
+// builder. Of the document no more than one message is in memory.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "document/network_builder.h"
+#include "document/network_shapes.h"
+#include "document/remarks.h"
+
+namespace vexil::tool {
+
+class NetworkReader {
+  public:
+    // Empties the database. The result must live as long as the reader.
+    explicit NetworkReader(DocumentResult& documentResult);
+
+    // The parts of the document in their order. False ends it, with a fault in the result.
+    bool Key(std::string_view name);
+    bool Scalar(const JsonScalar& scalar);
+    bool BeginObject();
+    bool EndObject();
+    bool BeginList();
+    bool EndList();
+
+    // The path of the value that comes next, or of a member of the object that it is.
+    std::string Path(std::string_view member = {}) const;
+
+  private:
+    // An object or list that has begun and is not skipped.
+    struct Frame {
+        Shape shape;
+        bool isList;
+        bool isRefused = false;                // object: the database must not have it
+        DocumentIndex index = 0;               // list: of the next element
+        FieldSet seen = 0;                     // object: the rows of the members that it has
+        const Member* member = nullptr;        // object: whose value comes next
+        std::optional<std::string> name = {};  // object: of that member, even if unknown
+    };
+
+    bool IsTooDeep();
+    bool Begin(bool isList);
+    void Open(Shape shape, bool isList);
+    void Finish(Frame& object);
+    void FinishDescription(Frame& object);
+    void FinishSignal(Frame& object);
+    void FinishMessage(Frame& object);
+    void RequireName(Frame& object);
+    void Accept(const Member& member, const JsonScalar& scalar);
+    void* RecordOf(Shape shape);
+    void Require(Frame& object, std::string_view name);
+    void Refuse(std::string_view member, std::string_view text);
+    void RefuseRecord(std::string_view text);
+    void Leave();
+
+    DocumentResult& result;
+    NetworkBuilder builder;
+    std::vector<Frame> frames;
+    std::size_t skipped = 0;  // objects and lists inside one another that nobody reads
+
+    // What has begun.
+    DatabaseInfo info{};
+    MessageDraft message;
+    SignalDraft signal;
+    CanEnumRecord description{};
+};
+
+}  // namespace vexil::tool

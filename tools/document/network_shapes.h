@@ -1,0 +1,49 @@
+// The objects of a document, their members, and which values a member takes.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "database/record_fields.h"
+
+namespace vexil::tool {
+
+enum class Shape : std::uint8_t { Document, Info, Message, Signal, Description };
+
+enum class MemberKind : std::uint8_t {
+    Field,    // of a record
+    Version,  // of the form of the document
+    Object,   // of the shape
+    List,     // of objects of the shape
+    Ignored   // whatever it is
+};
+
+struct Member {
+    std::string_view name;
+    MemberKind kind;
+    Shape shape = Shape::Document;
+    const RecordField* field = nullptr;
+};
+
+// The members of an object. Those that are fields come first, in the order of their record.
+std::span<const Member> MembersOf(Shape shape);
+
+// A value that is neither object nor list.
+using JsonScalar =
+    std::variant<std::nullptr_t, bool, std::int64_t, std::uint64_t, double, std::string_view>;
+
+// Stores a value in a field. Returns why it cannot be; an empty text if it could.
+std::string StoreScalar(const RecordField& field, void* record, const JsonScalar& scalar);
+
+// The form of the documents that this version writes and reads.
+inline constexpr std::uint64_t DocumentFormat = 1;
+
+// Why the format of a document is refused; an empty text if it is not.
+std::string CheckFormat(const JsonScalar& scalar);
+
+}  // namespace vexil::tool
