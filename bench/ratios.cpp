@@ -12,6 +12,7 @@
 #include <iomanip>
 #include <iostream>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -138,26 +139,11 @@ class Table {
                              PeakOfRead(program, input));
     }
 
-    // vexil-dbc beside a process that only reads.
-    void CheckByTool() {
-        std::vector<double> times;
-        std::vector<double> readTimes;
-        std::vector<double> ratios;
-        ProcessCost cost;
-        for (int round = 0; round < rounds; ++round) {
-            cost = RunProcess({VEXIL64_TOOL, "check", input});
-            Check(cost.exitCode <= 1, "vexil-dbc check failed");
-            const ProcessCost read = RunProcess({program, "--peak", input});
-            Check(read.exitCode == 0, "a process did not read");
-            times.push_back(cost.seconds);
-            readTimes.push_back(read.seconds);
-            ratios.push_back(cost.seconds / read.seconds);
+    // The commands of vexil-dbc that read a file and print.
+    void RunTool() {
+        for (const std::string_view command : {"check", "json"}) {
+            RunTool(std::string(command));
         }
-        PrintRow("vexil-dbc check " + name + ", against a process that reads",
-                 {Median(times), Median(readTimes), Median(ratios)});
-        numbers.emplace_back("memory of vexil-dbc check " + name + ", multiple of the file",
-                             static_cast<double>(cost.peakMemory) /
-                                 static_cast<double>(test::ReadBytes(input).size()));
     }
 
     void PrintNumbers() const {
@@ -168,6 +154,29 @@ class Table {
     }
 
   private:
+    // A command beside a process that only reads.
+    void RunTool(const std::string& command) {
+        std::vector<double> times;
+        std::vector<double> readTimes;
+        std::vector<double> ratios;
+        ProcessCost cost;
+        for (int round = 0; round < rounds; ++round) {
+            cost = RunProcess({VEXIL64_TOOL, command, input});
+            Check(cost.exitCode <= 1, "vexil-dbc " + command + " failed");
+            const ProcessCost read = RunProcess({program, "--peak", input});
+            Check(read.exitCode == 0, "a process did not read");
+            times.push_back(cost.seconds);
+            readTimes.push_back(read.seconds);
+            ratios.push_back(cost.seconds / read.seconds);
+        }
+        PrintRow("vexil-dbc " + command + " " + name + ", against a process that reads",
+                 {Median(times), Median(readTimes), Median(ratios)});
+        numbers.emplace_back(
+            "memory of vexil-dbc " + command + " " + name + ", multiple of the file",
+            static_cast<double>(cost.peakMemory) /
+                static_cast<double>(test::ReadBytes(input).size()));
+    }
+
     std::string program;
     int rounds;
     test::TempFolder folder;
@@ -185,13 +194,13 @@ int PrintTable(Table&& table, const std::vector<NamedDatabase>& databases) {
         table.Fetch();
         table.Write();
         table.Peak();
-        table.CheckByTool();
+        table.RunTool();
     }
     if (const std::string real = LargestRealFile(); !real.empty()) {
         table.LoadFile("real file", real);
         table.Read();
         table.Peak();
-        table.CheckByTool();
+        table.RunTool();
     }
     table.PrintNumbers();
     return 0;

@@ -74,7 +74,8 @@ void Compare(DocumentResult& result, std::string_view kind, const std::string& p
         if (!Has(given, row) || IsSameValue(field, record, made)) {
             continue;
         }
-        const std::string name = "." + std::string(field.name);
+        std::string name = ".";
+        name += field.name;
         Remarks& remarks = result.ChangesOf(std::string(kind) + name);
         if (remarks.HasRoom()) {
             remarks.Add(path + name, Became(field, record, made));

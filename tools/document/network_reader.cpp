@@ -13,6 +13,13 @@ namespace {
 // taking memory by its depth.
 constexpr std::size_t DeepestNesting = 64;
 
+std::string InBrackets(std::string_view text) {
+    std::string step = "[";
+    step += text;
+    step += ']';
+    return step;
+}
+
 // A name of a member as a part of a path: with quotes if it has other characters than a field.
 std::string Step(std::string_view name) {
     constexpr std::size_t Longest = 60;
@@ -21,9 +28,9 @@ std::string Step(std::string_view name) {
                ch == '_';
     };
     if (!name.empty() && name.size() <= Longest && std::all_of(name.begin(), name.end(), isPlain)) {
-        return "." + std::string(name);
+        return std::string(1, '.').append(name);
     }
-    return "[" + JsonExcerpt(name) + "]";
+    return InBrackets(JsonExcerpt(name));
 }
 
 // Whether an object has a member.
@@ -71,6 +78,7 @@ bool NetworkReader::Key(std::string_view name) {
     const auto found = std::find_if(members.begin(), members.end(),
                                     [name](const Member& each) { return each.name == name; });
     object.member = nullptr;
+    object.isNamed = true;
     object.name = name;
     if (found == members.end()) {
         Refuse({}, "there is no such field");
@@ -326,9 +334,9 @@ std::string NetworkReader::Path(std::string_view member) const {
     std::string path;
     for (const Frame& each : frames) {
         if (each.isList) {
-            path += "[" + std::to_string(each.index) + "]";
-        } else if (each.name) {
-            path += Step(*each.name);
+            path += InBrackets(std::to_string(each.index));
+        } else if (each.isNamed) {
+            path += Step(each.name);
         }
     }
     if (!member.empty()) {

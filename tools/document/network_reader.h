@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,11 +35,12 @@ class NetworkReader {
     struct Frame {
         Shape shape;
         bool isList;
-        bool isRefused = false;                // object: the database must not have it
-        DocumentIndex index = 0;               // list: of the next element
-        FieldSet seen = 0;                     // object: the rows of the members that it has
-        const Member* member = nullptr;        // object: whose value comes next
-        std::optional<std::string> name = {};  // object: of that member, even if unknown
+        bool isRefused = false;          // object: the database must not have it
+        DocumentIndex index = 0;         // list: of the next element
+        FieldSet seen = 0;               // object: the rows of the members that it has
+        const Member* member = nullptr;  // object: whose value comes next
+        bool isNamed = false;            // object: a member has begun
+        std::string name = {};           // object: of that member, even if unknown
     };
 
     bool IsTooDeep();
