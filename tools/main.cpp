@@ -1,6 +1,7 @@
 // vexil-dbc: the arguments, and the command that they ask for.
 //
 //   vexil-dbc check FILE... [OPTION...]
+//   vexil-dbc diff A B [OPTION...]
 //   vexil-dbc explain [CAUSE]
 //   vexil-dbc rewrite IN OUT [OPTION...]
 //   vexil-dbc show FILE [MESSAGE...] [OPTION...]
@@ -72,6 +73,7 @@ ExitCode Run(const std::vector<std::string>& arguments) {
         "be\n"
         "written.");
     vexil::tool::AddCheck(app, exitCode);
+    vexil::tool::AddDiff(app, exitCode);
     vexil::tool::AddExplain(app, exitCode);
     vexil::tool::AddRewrite(app, exitCode);
     vexil::tool::AddShow(app, exitCode);
@@ -95,8 +97,9 @@ int main(int argc, char** argv) {
     vexil::tool::PrepareStandardStreams();
     vexil::tool::RemoveTemporaryFilesOnSignals();
     const ExitCode exitCode = Run(vexil::tool::Utf8Arguments(argc, argv));
-    // Whatever the command found: half an output must not pass for a whole one.
-    if (!std::cout.flush()) {
+    // Whatever the command found: half an output must not pass for a whole one. A command that ends
+    // in trouble has reported it.
+    if (!std::cout.flush() && exitCode != vexil::tool::ExitTrouble) {
         vexil::tool::PrintError("cannot write standard output");
         return vexil::tool::ExitCannotWrite;
     }

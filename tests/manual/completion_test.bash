@@ -51,6 +51,7 @@ expect "" nothing
 expect "file id name" rewrite in.dbc out.dbc --order ""
 expect "name" rewrite --order n
 expect "--order" rewrite --or
+expect "comments cycle-times" diff a.dbc b.dbc --ignore c
 # The names of files are left to bash.
 expect "" check ""
 exit "$((failures > 0))"

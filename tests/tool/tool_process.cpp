@@ -24,10 +24,6 @@ std::string Setting(const char* variable, const char* builtIn) {
     return value != nullptr ? value : builtIn;
 }
 
-std::string ToolPath() {
-    return Setting("VEXIL64_TOOL", VEXIL64_TOOL);
-}
-
 bool ToolIsForWindows() {
     return ToolPath().ends_with(".exe");
 }
@@ -111,6 +107,10 @@ Outcome RunTool(const std::vector<std::string>& arguments, const Surroundings& s
     outcome.out = surroundings.standardOutput.empty() ? ReadLines(out) : "";
     outcome.err = ReadLines(err);
     return outcome;
+}
+
+std::string ToolPath() {
+    return Setting("VEXIL64_TOOL", VEXIL64_TOOL);
 }
 
 bool ToolIsNative() {

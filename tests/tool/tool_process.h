@@ -51,6 +51,9 @@ struct Surroundings {
 // Runs the tool to its end.
 Outcome RunTool(const std::vector<std::string>& arguments, const Surroundings& surroundings = {});
 
+// The path of the tool.
+std::string ToolPath();
+
 // Whether the tool is a program of this very system, and so meets its devices and limits.
 bool ToolIsNative();
 

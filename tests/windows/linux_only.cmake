@@ -38,6 +38,8 @@ set(linux_only_text_tests
     StatementFileTest.TakesOutControlCharactersButWhiteSpace)   # byte 0x1A ends a file on Windows
 set(linux_only_tool_tests
     CheckCommandOnLinux.*           # folders as files, bytes on the command line, long paths of Linux
+    DiffCommandOnLinux.*            # a device that takes nothing, and encodings
+    DiffForGit.*                    # calls the tool from a git of Linux
     RewriteCommandOnLinux.*         # likewise, rights of folders, and limits on the size of files
     ShowCommandOnLinux.*            # the width of a terminal of Linux, and encodings
     JsonCommandOnLinux.*            # standard streams

@@ -11,6 +11,7 @@ namespace vexil::tool {
 // Each adds its command to the program. A parse that meets the command runs it and leaves its exit
 // code in the second argument, which must live as long as the program.
 void AddCheck(CLI::App& app, ExitCode& exitCode);
+void AddDiff(CLI::App& app, ExitCode& exitCode);
 void AddExplain(CLI::App& app, ExitCode& exitCode);
 void AddRewrite(CLI::App& app, ExitCode& exitCode);
 void AddShow(CLI::App& app, ExitCode& exitCode);

@@ -8,14 +8,16 @@
 
 namespace vexil::tool {
 
-enum class Colour : std::uint8_t { None, Red, Yellow };
+enum class Colour : std::uint8_t { None, Red, Yellow, Green };
 
 // The text with the codes that show it in the colour.
 inline std::string InColour(std::string_view text, Colour colour) {
     if (colour == Colour::None) {
         return std::string(text);
     }
-    const std::string_view code = colour == Colour::Red ? "\x1B[31m" : "\x1B[33m";
+    const std::string_view code = colour == Colour::Red     ? "\x1B[31m"
+                                  : colour == Colour::Green ? "\x1B[32m"
+                                                            : "\x1B[33m";
     return std::string(code) + std::string(text) + "\x1B[0m";
 }
 

@@ -1,0 +1,102 @@
+// vexil-dbc diff: two files are read one after the other, and their snapshots compared.
+// SPDX-License-Identifier: MIT
+#include "commands/diff.h"
+
+#include <algorithm>
+#include <iostream>
+#include <optional>
+#include <utility>
+
+#include "account/account.h"
+#include "commands/source_input.h"
+#include "comparison/comparison.h"
+#include "database/snapshot.h"
+#include "file/terminal.h"
+#include "view/diff_json_report.h"
+#include "view/diff_text_report.h"
+#include "view/visible_text.h"
+
+namespace vexil::tool {
+namespace {
+
+// In place of a file that was added or deleted, git names this device, on every system.
+constexpr std::string_view NullDevice = "/dev/null";
+
+bool IsBlank(std::string_view text) {
+    return text.find_first_not_of(" \f\n\r\t\v") == std::string_view::npos;
+}
+
+// Whether a text without messages is no DBC file at all.
+bool HasNoStatement(const SourceText& source, const Snapshot& snapshot) {
+    const Account account = MakeAccount(source, snapshot);
+    return std::any_of(account.fileFindings.begin(), account.fileFindings.end(),
+                       [](const Finding& each) { return each.cause == Cause::NoStatement; });
+}
+
+// What was refused is in neither network, so it takes no part in the comparison.
+void ReportRefused(const DiffSource& source, std::size_t count) {
+    if (count != 0) {
+        PrintError("'" + source.name + "': " + std::to_string(count) + " statement" +
+                   (count == 1 ? " was" : "s were") +
+                   " refused and not compared; vexil-dbc check lists " +
+                   (count == 1 ? "it" : "them"));
+    }
+}
+
+// Reads a file. Returns nothing after a failure, which was reported.
+std::optional<Snapshot> ReadNetwork(const DiffSource& source, const std::string& encoding) {
+    if (source.path == NullDevice) {
+        return Snapshot();
+    }
+    SourceInput input{source.path, encoding, {}};
+    if (LoadSource(input)) {
+        return std::nullopt;
+    }
+    const SourceText text(std::move(input.file.bytes));
+    if (LoadDatabase(input, text.Bytes())) {
+        return std::nullopt;
+    }
+    Snapshot snapshot = TakeSnapshot();
+    if (snapshot.messages.empty() && snapshot.errors.empty() && !IsBlank(text.Bytes()) &&
+        HasNoStatement(text, snapshot)) {
+        PrintFileError("read", source.name, "no DBC file");
+        return std::nullopt;
+    }
+    ReportRefused(source, snapshot.errors.size());
+    return snapshot;
+}
+
+}  // namespace
+
+ExitCode Diff(const DiffOptions& options) {
+    const std::optional<Snapshot> before = ReadNetwork(options.before, options.from);
+    if (!before) {
+        return ExitTrouble;
+    }
+    const std::optional<Snapshot> after = ReadNetwork(options.after, options.from);
+    if (!after) {
+        return ExitTrouble;
+    }
+    const Comparison comparison = Compare(*before, *after, options.ignored);
+    const DiffReport report{options.before.name, options.after.name, *before, *after, comparison};
+    if (options.json) {
+        PrintDiffAsJson(std::cout, report);
+    } else {
+        PrintDiff(std::cout, report, WantsColour());
+    }
+    if (options.isForGit && comparison.IsEmpty()) {
+        PrintSameMeaning(std::cout, report);
+    }
+    if (!std::cout.flush()) {
+        PrintError("cannot write standard output");
+        return ExitTrouble;
+    }
+    return comparison.IsEmpty() || options.isForGit ? ExitSuccess : ExitFindings;
+}
+
+ExitCode ReportUnmerged(const std::string& path) {
+    std::cout << Visible(path) << ": not merged\n";
+    return ExitSuccess;
+}
+
+}  // namespace vexil::tool

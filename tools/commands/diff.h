@@ -1,0 +1,33 @@
+// vexil-dbc diff A B
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "comparison/aspect.h"
+#include "exit_code.h"
+
+namespace vexil::tool {
+
+struct DiffSource {
+    std::string path;  // "-" is standard input
+    std::string name;  // under which it is reported
+};
+
+struct DiffOptions {
+    DiffSource before;
+    DiffSource after;
+    std::string from;   // the encoding of both files; empty: UTF-8
+    AspectSet ignored;  // is not compared
+    bool json = false;
+    bool isForGit = false;  // differences are a success, and a line says that there are none
+};
+
+// Compares two networks by meaning and prints what differs. Returns ExitSuccess, ExitFindings if
+// they differ, or ExitTrouble.
+ExitCode Diff(const DiffOptions& options);
+
+// Prints that there are no two versions of a path, since git has not merged it.
+ExitCode ReportUnmerged(const std::string& path);
+
+}  // namespace vexil::tool
