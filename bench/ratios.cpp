@@ -139,11 +139,14 @@ class Table {
                              PeakOfRead(program, input));
     }
 
-    // The commands of vexil-dbc that read a file and print.
-    void RunTool() {
-        for (const std::string_view command : {"check", "json"}) {
-            RunTool(std::string(command));
-        }
+    void CheckByTool() { RunTool("check", {input}); }
+    void PrintAsJsonByTool() { RunTool("json", {input}); }
+
+    // The file and what a write makes of it, which differ in much.
+    void DiffByTool() {
+        ReadDatabase(input);
+        WriteDatabase(output);
+        RunTool("diff", {input, output});
     }
 
     void PrintNumbers() const {
@@ -154,27 +157,36 @@ class Table {
     }
 
   private:
-    // A command beside a process that only reads.
-    void RunTool(const std::string& command) {
+    // vexil-dbc with these files beside processes that only read each of them.
+    void RunTool(const std::string& command, const std::vector<std::string>& files) {
+        const std::string label = "vexil-dbc " + command + " " + name;
+        std::vector<std::string> arguments = {VEXIL64_TOOL, command};
+        arguments.insert(arguments.end(), files.begin(), files.end());
         std::vector<double> times;
         std::vector<double> readTimes;
         std::vector<double> ratios;
         ProcessCost cost;
+        std::size_t bytes = 0;
         for (int round = 0; round < rounds; ++round) {
-            cost = RunProcess({VEXIL64_TOOL, command, input});
-            Check(cost.exitCode <= 1, "vexil-dbc " + command + " failed");
-            const ProcessCost read = RunProcess({program, "--peak", input});
-            Check(read.exitCode == 0, "a process did not read");
+            cost = RunProcess(arguments);
+            Check(cost.exitCode == 0 || cost.exitCode == 1, label + " failed");
+            double readTime = 0;
+            bytes = 0;
+            for (const std::string& file : files) {
+                const ProcessCost read = RunProcess({program, "--peak", file});
+                Check(read.exitCode == 0, "a process did not read");
+                readTime += read.seconds;
+                bytes += test::ReadBytes(file).size();
+            }
             times.push_back(cost.seconds);
-            readTimes.push_back(read.seconds);
-            ratios.push_back(cost.seconds / read.seconds);
+            readTimes.push_back(readTime);
+            ratios.push_back(cost.seconds / readTime);
         }
-        PrintRow("vexil-dbc " + command + " " + name + ", against a process that reads",
+        PrintRow(label + ", against a process that reads",
                  {Median(times), Median(readTimes), Median(ratios)});
         numbers.emplace_back(
-            "memory of vexil-dbc " + command + " " + name + ", multiple of the file",
-            static_cast<double>(cost.peakMemory) /
-                static_cast<double>(test::ReadBytes(input).size()));
+            "memory of " + label + ", multiple of the file" + (files.size() == 1 ? "" : "s"),
+            static_cast<double>(cost.peakMemory) / static_cast<double>(bytes));
     }
 
     std::string program;
@@ -194,13 +206,17 @@ int PrintTable(Table&& table, const std::vector<NamedDatabase>& databases) {
         table.Fetch();
         table.Write();
         table.Peak();
-        table.RunTool();
+        table.CheckByTool();
+        table.PrintAsJsonByTool();
+        table.DiffByTool();
     }
     if (const std::string real = LargestRealFile(); !real.empty()) {
         table.LoadFile("real file", real);
         table.Read();
         table.Peak();
-        table.RunTool();
+        table.CheckByTool();
+        table.PrintAsJsonByTool();
+        table.DiffByTool();
     }
     table.PrintNumbers();
     return 0;
