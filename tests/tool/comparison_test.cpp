@@ -161,6 +161,19 @@ TEST_F(CompareNetworks, PairsSignalsOfOneNameByBitsAndThenInTheirOrder) {
               "~A:\n  ~S: bits\n  ~S: bits\n");
 }
 
+TEST_F(CompareNetworks, PairsWhatSharesMoreNamesFirst) {
+    const tool::Snapshot messages = experiment.Read("BO_ 1 A: 8 N\nBO_ 1 B: 8 N\n");
+    tool::Snapshot other = experiment.Read("BO_ 1 B: 8 N\n");
+    other.messages[0].longName = other.messages[0].transmitter;
+    EXPECT_EQ(TextOf(Compare(messages, other), messages, other), "-A\n~B: longName\n");
+
+    tool::Snapshot signals = experiment.Read(Signals({"S : 0|8", "S : 8|8"}));
+    other = experiment.Read(Signals({"S : 16|8"}));
+    signals.signals[1].longName = signals.signals[1].receiverList;
+    other.signals[0].longName = other.signals[0].receiverList;
+    EXPECT_EQ(TextOf(Compare(signals, other), signals, other), "~A:\n  -S\n  ~S: bits\n");
+}
+
 TEST_F(CompareNetworks, FindsAnotherOrder) {
     EXPECT_EQ(Differences("BO_ 1 A: 8 N\nBO_ 2 B: 8 N\nBO_ 3 C: 8 N\n",
                           "BO_ 3 C: 8 N\nBO_ 1 A: 8 N\nBO_ 2 B: 8 N\n"),
