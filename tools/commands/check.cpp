@@ -7,8 +7,8 @@
 #include <optional>
 
 #include "account/account.h"
+#include "commands/input_files.h"
 #include "commands/source_input.h"
-#include "file/folder.h"
 #include "file/terminal.h"
 #include "view/json_report.h"
 #include "view/progress.h"
@@ -27,10 +27,9 @@ class Checker {
     }
 
     ExitCode Run() {
-        std::vector<std::string> files;
-        for (const std::string& path : settings.files) {
-            AddFiles(path, files);
-        }
+        const std::vector<std::string> files = InputFiles(
+            settings.files,
+            [this](const std::string& path, const std::string& reason) { Fail(path, reason); });
         Progress progress(std::cerr, files.size(), IsTerminal(StandardErrorStream));
         for (const std::string& file : files) {
             progress.Show(file);
@@ -48,20 +47,6 @@ class Checker {
     }
 
   private:
-    // The file, or the .dbc files of the folder.
-    void AddFiles(const std::string& path, std::vector<std::string>& files) {
-        std::vector<std::string> found;
-        if (!IsFolder(path)) {
-            files.push_back(path);
-            return;
-        }
-        const std::error_code error = ListDbcFiles(path, found);
-        if (error || found.empty()) {
-            Fail(path, error ? error.message() : "the folder has no .dbc file");
-        }
-        files.insert(files.end(), found.begin(), found.end());
-    }
-
     void Fail(const std::string& path, const std::string& reason) {
         PrintFileError("read", path, reason);
         if (json) {

@@ -1,0 +1,18 @@
+// The files that a command line names.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace vexil::tool {
+
+// Is called with a folder and the reason why none of its files can be read.
+using FolderFailure = std::function<void(const std::string& folder, const std::string& reason)>;
+
+// Returns the paths, with the .dbc files of each folder in the place of the folder.
+std::vector<std::string> InputFiles(const std::vector<std::string>& paths,
+                                    const FolderFailure& fail);
+
+}  // namespace vexil::tool
