@@ -2,14 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "view/diff_text_report.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <ostream>
 #include <string>
 #include <vector>
 
 #include "comparison/parts.h"
+#include "format/format.h"
 #include "view/colour.h"
 #include "view/fact_text.h"
 #include "view/visible_text.h"
@@ -67,8 +66,7 @@ class Printer {
         std::string_view separator = ": ";
         const auto add = [&](std::size_t count, std::string_view what) {
             if (count != 0) {
-                line +=
-                    fmt::format("{}{} message{} {}", separator, count, count == 1 ? "" : "s", what);
+                line += Format("{}{} message{} {}", separator, count, count == 1 ? "" : "s", what);
                 separator = ", ";
             }
         };
@@ -77,7 +75,7 @@ class Printer {
         add(counts.changed, "changed");
         add(counts.moved, "moved");
         if (!report.comparison.aspects.IsEmpty()) {
-            line += fmt::format("{}the network changed", separator);
+            line += Format("{}the network changed", separator);
         }
         stream << line << '\n';
     }
@@ -147,7 +145,7 @@ class Printer {
         const auto add = [&line](char mark, const auto& names, const auto& others) {
             for (const std::string_view name : names) {
                 if (!std::binary_search(others.begin(), others.end(), name)) {
-                    line += fmt::format(" {}{}", mark, Visible(name));
+                    line += Format(" {}{}", mark, Visible(name));
                 }
             }
         };
@@ -161,7 +159,7 @@ class Printer {
              CompareDescriptions(report.before, before, report.after, after)) {
             const std::int32_t value =
                 each.before != nullptr ? each.before->value : each.after->value;
-            const std::string label = fmt::format("{} {}", RowOf(Aspect::Values).label, value);
+            const std::string label = Format("{} {}", RowOf(Aspect::Values).label, value);
             if (each.after == nullptr) {
                 Line(OfSignal, '-', label + " " + Quoted(report.before.Text(each.before->text)));
             } else if (each.before == nullptr) {
@@ -179,26 +177,26 @@ class Printer {
         if (moved.empty()) {
             return;
         }
-        std::string line = fmt::format("{}: ", label);
+        std::string line = Format("{}: ", label);
         const std::size_t shown = std::min(moved.size(), MostNames);
         for (std::size_t index = 0; index < shown; ++index) {
             line += index == 0 ? "" : ", ";
             line += Visible(report.after.Text(all[moved[index]].name));
         }
         if (shown != moved.size()) {
-            line += fmt::format(" and {} more", moved.size() - shown);
+            line += Format(" and {} more", moved.size() - shown);
         }
         Line(level, '~', line + " moved");
     }
 
     void Changed(std::size_t level, std::string_view label, const std::string& before,
                  const std::string& after) {
-        const std::string line = fmt::format("{}: {} -> {}", label, before, after);
+        const std::string line = Format("{}: {} -> {}", label, before, after);
         if (level * Indent + line.size() <= MostColumns) {
             Line(level, '~', line);
             return;
         }
-        Line(level, '~', fmt::format("{}:", label));
+        Line(level, '~', Format("{}:", label));
         Line(level + 1, '-', before);
         Line(level + 1, '+', after);
     }

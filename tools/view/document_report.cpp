@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: MIT
 #include "view/document_report.h"
 
-#include <fmt/format.h>
+#include "format/format.h"
 
 namespace vexil::tool {
 namespace {
 
 std::string Counted(std::size_t count, std::string_view noun) {
-    return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
+    return Format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
 }  // namespace
@@ -18,17 +18,17 @@ std::string RemarkLine(const Remark& remark) {
 }
 
 std::string DocumentReport(std::string_view name, const DocumentResult& result) {
-    std::string out = fmt::format("{}: {}, {}, {}\n", name, Counted(result.messages, "message"),
-                                  Counted(result.signals, "signal"),
-                                  Counted(result.descriptions, "value description"));
+    std::string out = Format("{}: {}, {}, {}\n", name, Counted(result.messages, "message"),
+                             Counted(result.signals, "signal"),
+                             Counted(result.descriptions, "value description"));
     for (const auto& [field, remarks] : result.changed) {
-        out += fmt::format("\nchanged, {}: {}\n", field, remarks.Count());
+        out += Format("\nchanged, {}: {}\n", field, remarks.Count());
         for (const Remark& each : remarks.Held()) {
             out += "  " + RemarkLine(each) + "\n";
         }
         const std::size_t others = remarks.Count() - remarks.Held().size();
         if (others != 0) {
-            out += fmt::format("  and {} more; --all lists them\n", others);
+            out += Format("  and {} more; --all lists them\n", others);
         }
     }
     return out;

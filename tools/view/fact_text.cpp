@@ -2,8 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "view/fact_text.h"
 
-#include <fmt/format.h>
-
+#include "format/format.h"
 #include "view/diff_report.h"
 #include "view/visible_text.h"
 
@@ -14,8 +13,8 @@ namespace {
 constexpr std::uint32_t ExtendedBit = 0x80000000U;
 
 std::string IdText(std::uint32_t id) {
-    return (id & ExtendedBit) == 0 ? fmt::format("{} (0x{:X})", id, id)
-                                   : fmt::format("{} (0x{:X} extended)", id, id & ~ExtendedBit);
+    return (id & ExtendedBit) == 0 ? Format("{} (0x{:X})", id, id)
+                                   : Format("{} (0x{:X} extended)", id, id & ~ExtendedBit);
 }
 
 std::string NameText(std::string_view name) {
@@ -29,7 +28,7 @@ std::string MultiplexingText(const SignalFacts& signal) {
         case MultiplexSelector:
             return "selector";
         default:
-            return fmt::format("at selector value {}", signal.multiplexValue);
+            return Format("at selector value {}", signal.multiplexValue);
     }
 }
 
@@ -40,7 +39,7 @@ std::string MultiplexingMark(const SignalFacts& signal) {
         case MultiplexSelector:
             return " M";
         default:
-            return fmt::format(" m{}", signal.multiplexValue);
+            return Format(" m{}", signal.multiplexValue);
     }
 }
 
@@ -55,26 +54,26 @@ std::string MessageTitle(const Snapshot& snapshot, const MessageFacts& message) 
 }
 
 std::string MessageLine(const Snapshot& snapshot, const MessageFacts& message) {
-    return fmt::format("{}: {} byte{} from {}, {} signal{}", MessageTitle(snapshot, message),
-                       message.dlc, message.dlc == 1 ? "" : "s",
-                       NameText(snapshot.Text(message.transmitter)), message.signalCount,
-                       message.signalCount == 1 ? "" : "s");
+    return Format("{}: {} byte{} from {}, {} signal{}", MessageTitle(snapshot, message),
+                  message.dlc, message.dlc == 1 ? "" : "s",
+                  NameText(snapshot.Text(message.transmitter)), message.signalCount,
+                  message.signalCount == 1 ? "" : "s");
 }
 
 std::string SignalLine(const Snapshot& snapshot, const SignalFacts& signal) {
     const bool isFloat = signal.valueType == ValueFloat32 || signal.valueType == ValueFloat64;
     std::string line =
-        fmt::format("{}{}: {}|{}@{}{} ({},{}) [{}|{}] {} {}", Visible(snapshot.Text(signal.name)),
-                    MultiplexingMark(signal), signal.startBit, signal.bitLength, signal.byteOrder,
-                    signal.valueType == ValueUnsigned ? '+' : '-', signal.factor, signal.offset,
-                    signal.minimum, signal.maximum, Quoted(snapshot.Text(signal.unitUtf8)),
-                    NameText(snapshot.Text(signal.receiverList)));
+        Format("{}{}: {}|{}@{}{} ({},{}) [{}|{}] {} {}", Visible(snapshot.Text(signal.name)),
+               MultiplexingMark(signal), signal.startBit, signal.bitLength, signal.byteOrder,
+               signal.valueType == ValueUnsigned ? '+' : '-', signal.factor, signal.offset,
+               signal.minimum, signal.maximum, Quoted(snapshot.Text(signal.unitUtf8)),
+               NameText(snapshot.Text(signal.receiverList)));
     if (isFloat) {
-        line += fmt::format(", {}", ValueTypeWord(signal));
+        line += Format(", {}", ValueTypeWord(signal));
     }
     if (signal.descriptionCount != 0) {
-        line += fmt::format(", {} value{}", signal.descriptionCount,
-                            signal.descriptionCount == 1 ? "" : "s");
+        line += Format(", {} value{}", signal.descriptionCount,
+                       signal.descriptionCount == 1 ? "" : "s");
     }
     return line;
 }
@@ -88,11 +87,11 @@ std::string MessageText(const Snapshot& snapshot, const MessageFacts& message, A
         case Aspect::Id:
             return IdText(message.id);
         case Aspect::Size:
-            return fmt::format("{}", message.dlc);
+            return Format("{}", message.dlc);
         case Aspect::Sender:
             return NameText(snapshot.Text(message.transmitter));
         case Aspect::CycleTime:
-            return fmt::format("{} ms", message.cycleTime);
+            return Format("{} ms", message.cycleTime);
         case Aspect::SendType:
             return Quoted(snapshot.Text(message.sendType));
         case Aspect::Name:
@@ -115,22 +114,21 @@ std::string SignalText(const Snapshot& snapshot, const SignalFacts& signal, Aspe
         case Aspect::Comment:
             return Quoted(snapshot.Text(signal.comment));
         case Aspect::Bits:
-            return fmt::format("{}|{} {}", signal.startBit, signal.bitLength,
-                               ByteOrderWord(signal));
+            return Format("{}|{} {}", signal.startBit, signal.bitLength, ByteOrderWord(signal));
         case Aspect::Type:
             return std::string(ValueTypeWord(signal));
         case Aspect::Scaling:
-            return fmt::format("({},{})", signal.factor, signal.offset);
+            return Format("({},{})", signal.factor, signal.offset);
         case Aspect::Range:
-            return fmt::format("[{}|{}]", signal.minimum, signal.maximum);
+            return Format("[{}|{}]", signal.minimum, signal.maximum);
         case Aspect::Unit:
             return Quoted(snapshot.Text(signal.unitUtf8));
         case Aspect::Multiplexing:
             return MultiplexingText(signal);
         case Aspect::StartValue:
-            return fmt::format("{}", signal.startValue);
+            return Format("{}", signal.startValue);
         case Aspect::InactiveValue:
-            return fmt::format("{}", signal.inactiveValue);
+            return Format("{}", signal.inactiveValue);
         default:
             return "";
     }

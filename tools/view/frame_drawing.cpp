@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "view/frame_drawing.h"
 
-#include <fmt/format.h>
-
 #include <string_view>
 
+#include "format/format.h"
 #include "view/colour.h"
 #include "view/display_text.h"
 
@@ -53,7 +52,7 @@ class Painter {
                 run += freeRows;
                 continue;
             }
-            std::string line = fmt::format("{:>{}} ", row, FrameMargin - 1);
+            std::string line = Format("{:>{}} ", row, FrameMargin - 1);
             for (; run < frame.runs.size() && frame.runs[run].row == row; ++run) {
                 line += Vertical();
                 line += Inside(frame.runs[run], labels[run]);
@@ -84,9 +83,9 @@ class Painter {
         const std::string inside = std::string(Vertical()) +
                                    std::string(InnerWidth(run, bitWidth), ' ') +
                                    std::string(Vertical());
-        lines.push_back(fmt::format("{:>{}} ", row, FrameMargin - 1) + inside);
+        lines.push_back(Format("{:>{}} ", row, FrameMargin - 1) + inside);
         lines.push_back(std::string(FrameMargin - 2, ' ') + (style.ascii ? ": " : "⋮ ") + inside);
-        lines.push_back(fmt::format("{:>{}} ", row + count - 1, FrameMargin - 1) + inside);
+        lines.push_back(Format("{:>{}} ", row + count - 1, FrameMargin - 1) + inside);
     }
 
     std::string_view Vertical() const { return style.ascii ? "|" : "│"; }
@@ -100,7 +99,7 @@ class Painter {
     void AddHeading() {
         std::string line(FrameMargin, ' ');
         for (std::size_t bit = BitsInByte; bit-- > 0;) {
-            line += fmt::format(" {:^{}}", bit, bitWidth);
+            line += Format(" {:^{}}", bit, bitWidth);
         }
         line.erase(line.find_last_not_of(' ') + 1);
         lines.push_back(line);

@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "view/frame_labels.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <set>
 #include <utility>
 
+#include "format/format.h"
 #include "view/display_text.h"
 
 namespace vexil::tool {
@@ -30,16 +29,16 @@ std::string FrameLabels::BitsOf(const BitRun& run) const {
     if (run.owner.signalCount != 1 || database.signals[run.owner.signal].bitLength == 1) {
         return "";
     }
-    return run.highBit == run.lowBit ? fmt::format("{}", run.highBit)
-                                     : fmt::format("{}..{}", run.highBit, run.lowBit);
+    return run.highBit == run.lowBit ? Format("{}", run.highBit)
+                                     : Format("{}..{}", run.highBit, run.lowBit);
 }
 
 std::string FrameLabels::KeyOf(const BitOwner& owner) {
     const auto [entry, isNew] = keys.try_emplace(owner);
     if (isNew) {
         overlapCount += owner.IsOverlap() ? 1 : 0;
-        entry->second = owner.IsOverlap() ? fmt::format("!{}", overlapCount)
-                                          : fmt::format("({})", keys.size() - overlapCount);
+        entry->second = owner.IsOverlap() ? Format("!{}", overlapCount)
+                                          : Format("({})", keys.size() - overlapCount);
     }
     return entry->second;
 }
@@ -50,9 +49,9 @@ std::string FrameLabels::Explain(const BitOwner& owner) const {
     }
     constexpr std::uint32_t Named = 2;
     return owner.signalCount == Named
-               ? fmt::format("{} and {} overlap", NameOf(owner.signal), NameOf(owner.other))
-               : fmt::format("{}, {} and {} more overlap", NameOf(owner.signal),
-                             NameOf(owner.other), owner.signalCount - Named);
+               ? Format("{} and {} overlap", NameOf(owner.signal), NameOf(owner.other))
+               : Format("{}, {} and {} more overlap", NameOf(owner.signal), NameOf(owner.other),
+                        owner.signalCount - Named);
 }
 
 std::size_t FrameLabels::NeededBitWidth(const FrameRuns& frame) const {

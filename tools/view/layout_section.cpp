@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "view/layout_section.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 
+#include "format/format.h"
 #include "layout/bit_layout.h"
 #include "view/colour.h"
 #include "view/display_text.h"
@@ -142,15 +141,14 @@ class Section {
             }
         }
         if (!outside.empty()) {
-            AddWarning(fmt::format("outside of the {} byte{}, up to byte {}: {}", message.dlc,
-                                   message.dlc == 1 ? "" : "s", lastByte - 1, outside));
+            AddWarning(Format("outside of the {} byte{}, up to byte {}: {}", message.dlc,
+                              message.dlc == 1 ? "" : "s", lastByte - 1, outside));
         }
         if (message.dlc > MostBytes) {
-            AddWarning(fmt::format("not drawn: bytes {} to {}", MostBytes, message.dlc - 1));
+            AddWarning(Format("not drawn: bytes {} to {}", MostBytes, message.dlc - 1));
         }
         if (valueCount > MostValues) {
-            AddWarning(
-                fmt::format("not drawn: {} more multiplexer values", valueCount - MostValues));
+            AddWarning(Format("not drawn: {} more multiplexer values", valueCount - MostValues));
         }
     }
 

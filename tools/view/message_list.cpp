@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "view/message_list.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <array>
 #include <ostream>
@@ -11,6 +9,7 @@
 #include <string_view>
 
 #include "database/frame_id.h"
+#include "format/format.h"
 #include "layout/bit_layout.h"
 #include "view/display_text.h"
 
@@ -30,16 +29,16 @@ Cells CellsOf(const Snapshot& snapshot, const MessageFacts& message) {
     const bool isFrame = message.id != IndependentSignalsId;
     const bool isExtended = IsExtended(message.id);
     const std::uint32_t id = isFrame ? IdOnBus(message.id) : message.id;
-    return {fmt::format("{}", id),
-            isExtended ? fmt::format("0x{:08X}", id) : fmt::format("0x{:03X}", id),
+    return {Format("{}", id),
+            isExtended ? Format("0x{:08X}", id) : Format("0x{:03X}", id),
             !isFrame     ? "-"
             : isExtended ? "ext"
                          : "std",
             Printable(snapshot.Text(message.name)),
-            fmt::format("{}", message.dlc),
-            fmt::format("{}", message.signalCount),
+            Format("{}", message.dlc),
+            Format("{}", message.signalCount),
             Printable(snapshot.Text(message.transmitter)),
-            message.cycleTime != 0 ? fmt::format("{} ms", message.cycleTime) : "",
+            message.cycleTime != 0 ? Format("{} ms", message.cycleTime) : "",
             Printable(snapshot.Text(message.sendType))};
 }
 

@@ -2,13 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "view/message_page.h"
 
-#include <fmt/format.h>
-
 #include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "format/format.h"
 #include "view/display_text.h"
 #include "view/layout_section.h"
 #include "view/message_words.h"
@@ -52,7 +51,7 @@ class Page {
 
     void PrintFact(std::string_view name, std::string_view text) {
         constexpr std::size_t NameWidth = 11;
-        std::string before = fmt::format("{:{}}", name, NameWidth);
+        std::string before = Format("{:{}}", name, NameWidth);
         if (text.empty()) {
             return;
         }
@@ -69,7 +68,7 @@ class Page {
         }
         PrintFact("id", IdInWords(message.id));
         PrintFact("J1939", J1939InWords(message.id));
-        PrintFact("size", fmt::format("{} byte{}", message.dlc, message.dlc == 1 ? "" : "s"));
+        PrintFact("size", Format("{} byte{}", message.dlc, message.dlc == 1 ? "" : "s"));
         PrintFact("sender", Printable(database.Text(message.transmitter)));
         PrintFact("sent", SendingInWords(database, message));
         PrintFact("comment", PrintableComment(database.Text(message.comment)));

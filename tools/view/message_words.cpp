@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "view/message_words.h"
 
-#include <fmt/format.h>
-
 #include "database/frame_id.h"
+#include "format/format.h"
 #include "layout/bit_layout.h"
 #include "view/display_text.h"
 
@@ -12,16 +11,16 @@ namespace vexil::tool {
 
 std::string IdInWords(std::uint32_t id) {
     if (id == IndependentSignalsId) {
-        return fmt::format("{} in the file, which holds the signals without a message", id);
+        return Format("{} in the file, which holds the signals without a message", id);
     }
     const bool isExtended = IsExtended(id);
     std::string words = isExtended
-                            ? fmt::format("{} (0x{:08X}), extended frame", IdOnBus(id), IdOnBus(id))
-                            : fmt::format("{} (0x{:03X}), standard frame", id, id);
+                            ? Format("{} (0x{:08X}), extended frame", IdOnBus(id), IdOnBus(id))
+                            : Format("{} (0x{:03X}), standard frame", id, id);
     if (!IsValidId(id)) {
-        words += fmt::format(", too large for {} bits", isExtended ? 29 : 11);
+        words += Format(", too large for {} bits", isExtended ? 29 : 11);
     }
-    return isExtended ? fmt::format("{}; {} in the file", words, id) : words;
+    return isExtended ? Format("{}; {} in the file", words, id) : words;
 }
 
 std::string J1939InWords(std::uint32_t id) {
@@ -30,11 +29,10 @@ std::string J1939InWords(std::uint32_t id) {
         return "";
     }
     std::string words =
-        fmt::format("priority {}, PGN {} (0x{:04X}), source {} (0x{:02X})", parts->priority,
-                    parts->parameterGroup, parts->parameterGroup, parts->source, parts->source);
+        Format("priority {}, PGN {} (0x{:04X}), source {} (0x{:02X})", parts->priority,
+               parts->parameterGroup, parts->parameterGroup, parts->source, parts->source);
     if (parts->destination) {
-        words +=
-            fmt::format(", destination {} (0x{:02X})", *parts->destination, *parts->destination);
+        words += Format(", destination {} (0x{:02X})", *parts->destination, *parts->destination);
     }
     return words;
 }
@@ -42,7 +40,7 @@ std::string J1939InWords(std::uint32_t id) {
 std::string SendingInWords(const Snapshot& snapshot, const MessageFacts& message) {
     std::string words = Printable(snapshot.Text(message.sendType));
     if (message.cycleTime != 0) {
-        words += fmt::format("{}every {} ms", words.empty() ? "" : ", ", message.cycleTime);
+        words += Format("{}every {} ms", words.empty() ? "" : ", ", message.cycleTime);
     }
     return words;
 }

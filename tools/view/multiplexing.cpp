@@ -2,12 +2,11 @@
 // SPDX-License-Identifier: MIT
 #include "view/multiplexing.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <map>
 #include <string_view>
 
+#include "format/format.h"
 #include "layout/bit_layout.h"
 #include "view/display_text.h"
 
@@ -34,7 +33,7 @@ std::string Title(const Snapshot& snapshot, const MessageFacts& message) {
 
 std::string MultiplexValueInWords(const Snapshot& snapshot, std::uint32_t selector,
                                   std::uint32_t value) {
-    std::string words = fmt::format("{}", value);
+    std::string words = Format("{}", value);
     if (selector == NoSignal) {
         return words;
     }

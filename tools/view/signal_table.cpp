@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "view/signal_table.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <string_view>
 
+#include "format/format.h"
 #include "view/display_text.h"
 #include "view/text_table.h"
 
@@ -33,7 +32,7 @@ std::string MultiplexingInWords(const SignalFacts& signal) {
         case MultiplexSelector:
             return "M";
         case MultiplexSelected:
-            return fmt::format("m{}", signal.multiplexValue);
+            return Format("m{}", signal.multiplexValue);
         default:
             return "";
     }
@@ -43,7 +42,7 @@ std::string MultiplexingInWords(const SignalFacts& signal) {
 std::string RangeInWords(const SignalFacts& signal) {
     return signal.minimum == 0 && signal.maximum == 0
                ? "-"
-               : fmt::format("{} to {}", signal.minimum, signal.maximum);
+               : Format("{} to {}", signal.minimum, signal.maximum);
 }
 
 // A blank after each comma, so that the list can be broken there.
@@ -68,8 +67,7 @@ std::string NoteOf(const Snapshot& snapshot, const SignalFacts& signal, bool wit
         add("long name " + Printable(longName));
     }
     if (signal.startValue != 0 || signal.inactiveValue != 0) {
-        add(fmt::format("start value {}, inactive value {}", signal.startValue,
-                        signal.inactiveValue));
+        add(Format("start value {}, inactive value {}", signal.startValue, signal.inactiveValue));
     }
     if (withReceivers && signal.receiverList.size != 0) {
         add("received by " + ReceiversInWords(snapshot.Text(signal.receiverList)));
@@ -108,12 +106,12 @@ TextTable MakeTable(const Snapshot& snapshot, const MessageFacts& message, bool 
         if (isMultiplexed) {
             cells.push_back(MultiplexingInWords(*signal));
         }
-        cells.push_back(fmt::format("{}", signal->startBit));
-        cells.push_back(fmt::format("{}", signal->bitLength));
+        cells.push_back(Format("{}", signal->startBit));
+        cells.push_back(Format("{}", signal->bitLength));
         cells.emplace_back(signal->byteOrder == ByteOrderBigEndian ? "big" : "little");
         cells.emplace_back(TypeInWords(signal->valueType));
-        cells.push_back(fmt::format("{}", signal->factor));
-        cells.push_back(fmt::format("{}", signal->offset));
+        cells.push_back(Format("{}", signal->factor));
+        cells.push_back(Format("{}", signal->offset));
         cells.push_back(RangeInWords(*signal));
         cells.push_back(Printable(snapshot.Text(signal->unitUtf8)));
         if (withReceivers) {
@@ -145,13 +143,13 @@ std::vector<std::string> DrawDescriptions(const Snapshot& snapshot, const Signal
     const auto* const end = begin + signal.descriptionCount;
     std::size_t valueWidth = 1;
     for (const auto* each = begin; each != end; ++each) {
-        valueWidth = std::max(valueWidth, fmt::format("{}", each->value).size());
+        valueWidth = std::max(valueWidth, Format("{}", each->value).size());
     }
     std::vector<std::string> lines =
         WrapText("values of " + Printable(snapshot.Text(signal.name)), style.width);
     for (const auto* each = begin; each != end; ++each) {
-        std::string before = std::string(Indent, ' ') +
-                             fmt::format("{:>{}}", each->value, valueWidth) + std::string(Gap, ' ');
+        std::string before = std::string(Indent, ' ') + Format("{:>{}}", each->value, valueWidth) +
+                             std::string(Gap, ' ');
         for (const std::string& line :
              WrapText(Printable(snapshot.Text(each->text)), style.width - before.size())) {
             lines.push_back(before + line);

@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "view/visible_text.h"
 
-#include <fmt/format.h>
-
 #include <cstddef>
 
+#include "format/format.h"
 #include "source/utf8.h"
 
 namespace vexil::tool {
@@ -36,7 +35,7 @@ void AppendEscape(std::string& out, char ch) {
             out += "\\t";
             break;
         default:
-            out += fmt::format("\\x{:02X}", static_cast<unsigned char>(ch));
+            out += Format("\\x{:02X}", static_cast<unsigned char>(ch));
     }
 }
 
