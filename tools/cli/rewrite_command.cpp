@@ -1,12 +1,10 @@
 // vexil-dbc rewrite IN OUT [OPTION...]
 // SPDX-License-Identifier: MIT
-#include <vexil64.h>
-
-#include <map>
 #include <memory>
 #include <string>
 
 #include "cli/commands.h"
+#include "cli/order_option.h"
 #include "commands/rewrite.h"
 
 namespace vexil::tool {
@@ -14,11 +12,8 @@ namespace {
 
 struct RewriteArguments {
     RewriteOptions options;
-    std::string order = "file";
+    std::string order = DefaultOrder;
 };
-
-const std::map<std::string, std::uint32_t> Orders = {
-    {"id", OrderByIdDescending}, {"name", OrderByNameAscending}, {"file", OrderAsStored}};
 
 }  // namespace
 
@@ -32,11 +27,7 @@ void AddRewrite(CLI::App& app, ExitCode& exitCode) {
         ->add_option("OUT", options.output,
                      "The file to write, which may be IN; - is standard output")
         ->required();
-    command
-        ->add_option("--order", arguments->order,
-                     "Order of the messages: id, largest first; name; or file, as they stand")
-        ->check(CLI::IsMember(Orders))
-        ->capture_default_str();
+    AddOrderOption(*command, arguments->order);
     command->add_option("--from", options.from,
                         "The encoding of IN, such as windows-1252; UTF-8 without it");
     command->add_flag("--accept-loss", options.acceptLoss,
@@ -48,7 +39,7 @@ void AddRewrite(CLI::App& app, ExitCode& exitCode) {
         if (chosen.diff && !chosen.dryRun && chosen.output == "-") {
             throw CLI::ValidationError("--diff", "needs standard output, which is OUT");
         }
-        chosen.order = Orders.at(arguments->order);
+        chosen.order = OrderOf(arguments->order);
         exitCode = Rewrite(chosen);
     });
 }

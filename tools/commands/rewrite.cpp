@@ -6,43 +6,14 @@
 #include <optional>
 
 #include "account/rewrite_summary.h"
+#include "commands/database_output.h"
 #include "commands/source_input.h"
-#include "database/database_file.h"
-#include "file/private_file.h"
 #include "file/saved_file.h"
-#include "file/standard_streams.h"
 #include "view/rewrite_report.h"
 #include "view/unified_diff.h"
 
 namespace vexil::tool {
 namespace {
-
-// Lets the library write the database, and fetches the text.
-std::optional<ExitCode> WriteText(const RewriteOptions& options, std::string& text) {
-    PrivateFile file;
-    std::error_code error = file.Make("");
-    if (error) {
-        PrintFileError("write a copy of", options.output, error.message());
-        return ExitCannotWrite;
-    }
-    std::string_view reason;
-    switch (WriteDatabase(file.Path(), options.order, reason)) {
-        case WriteResult::Done:
-            break;
-        case WriteResult::NoMessage:
-            PrintFileError("rewrite", options.input, reason);
-            return ExitCannotRead;
-        case WriteResult::Failed:
-            PrintFileError("write a copy of", options.output, reason);
-            return ExitCannotWrite;
-    }
-    error = file.Read(text);
-    if (error) {
-        PrintFileError("read a copy of", options.output, error.message());
-        return ExitCannotWrite;
-    }
-    return std::nullopt;
-}
 
 // Standard output is for one thing; where that is not the report, standard error has it.
 void Report(const RewriteOptions& options, const std::string& report) {
@@ -55,21 +26,6 @@ bool NeedsAcceptance(const RewriteOptions& options, const RewriteSummary& summar
                      const InputFile& input) {
     return !options.acceptLoss && !summary.IsEmpty() && options.output != StandardStream &&
            IsSameFile(options.output, input.file.Value());
-}
-
-std::optional<ExitCode> Save(const RewriteOptions& options, const std::string& text) {
-    const bool isStream = options.output == StandardStream;
-    const std::error_code error =
-        isStream ? WriteStandardOutput(text) : SaveFile(options.output, text);
-    if (!error) {
-        return std::nullopt;
-    }
-    if (isStream) {
-        PrintError("cannot write standard output: " + error.message());
-    } else {
-        PrintFileError("write", options.output, error.message());
-    }
-    return ExitCannotWrite;
 }
 
 }  // namespace
@@ -87,7 +43,7 @@ ExitCode Rewrite(const RewriteOptions& options) {
     const Account account = MakeAccount(source, snapshot);
     const std::vector<Finding> findings = FindRewriteLosses(account, snapshot);
     std::string text;
-    if (const auto failure = WriteText(options, text)) {
+    if (const auto failure = WriteText({options.input, options.output, options.order}, text)) {
         return *failure;
     }
     const RewriteSummary summary = SummarizeRewrite(account, findings, text);
@@ -95,7 +51,7 @@ ExitCode Rewrite(const RewriteOptions& options) {
     // Windows replaces no file that is open.
     static_cast<void>(input.file.file.Close());
     if (!isHeld && !options.dryRun) {
-        if (const auto failure = Save(options, text)) {
+        if (const auto failure = SaveText(options.output, text)) {
             return *failure;
         }
     }

@@ -1,0 +1,20 @@
+// The option --order of the commands that write a DBC file.
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <cstdint>
+#include <string>
+
+namespace vexil::tool {
+
+inline constexpr const char* DefaultOrder = "file";
+
+// Adds the option to a command.
+//   order  receives its word; it must live as long as the command
+void AddOrderOption(CLI::App& command, std::string& order);
+
+// The Order constant of vexil64.h. Precondition: the word is one that the option takes.
+std::uint32_t OrderOf(const std::string& word);
+
+}  // namespace vexil::tool

@@ -1,0 +1,53 @@
+// A private file for the library, then the output.
+// SPDX-License-Identifier: MIT
+#include "commands/database_output.h"
+
+#include "commands/source_input.h"
+#include "database/database_file.h"
+#include "file/private_file.h"
+#include "file/saved_file.h"
+#include "file/standard_streams.h"
+
+namespace vexil::tool {
+
+std::optional<ExitCode> WriteText(const DatabaseOutput& names, std::string& text) {
+    PrivateFile file;
+    std::error_code error = file.Make("");
+    if (error) {
+        PrintFileError("write a copy of", names.output, error.message());
+        return ExitCannotWrite;
+    }
+    std::string_view reason;
+    switch (WriteDatabase(file.Path(), names.order, reason)) {
+        case WriteResult::Done:
+            break;
+        case WriteResult::NoMessage:
+            PrintFileError("rewrite", names.input, reason);
+            return ExitCannotRead;
+        case WriteResult::Failed:
+            PrintFileError("write a copy of", names.output, reason);
+            return ExitCannotWrite;
+    }
+    error = file.Read(text);
+    if (error) {
+        PrintFileError("read a copy of", names.output, error.message());
+        return ExitCannotWrite;
+    }
+    return std::nullopt;
+}
+
+std::optional<ExitCode> SaveText(const std::string& output, const std::string& text) {
+    const bool isStream = output == StandardStream;
+    const std::error_code error = isStream ? WriteStandardOutput(text) : SaveFile(output, text);
+    if (!error) {
+        return std::nullopt;
+    }
+    if (isStream) {
+        PrintError("cannot write standard output: " + error.message());
+    } else {
+        PrintFileError("write", output, error.message());
+    }
+    return ExitCannotWrite;
+}
+
+}  // namespace vexil::tool
