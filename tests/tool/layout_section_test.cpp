@@ -60,22 +60,60 @@ TEST(DrawLayout, DrawsWithAsciiAlone) {
 )");
 }
 
+TEST(DrawLayout, NamesEachPartOfASignalWhosePartsDoNotTouch) {
+    NetworkMaker network(4);
+    network.Add("B", 3, 8, ByteOrderBigEndian);
+    network.Add("L", 20, 8);
+    EXPECT_EQ(Draw(network), R"(        7     6     5     4     3     2     1     0
+     +-----------------------+-----------------------+
+   0 |                       | B                7..4 |
+     +-----------------------+-----------------------+
+   1 | B                3..0 |                       |
+     +-----------------------+                       |
+   2 | L                3..0 |                       |
+     +-----------------------+-----------------------+
+   3 |                       | L                7..4 |
+     +-----------------------+-----------------------+
+)");
+}
+
+TEST(DrawLayout, PutsANameWhereTheBitsHaveRoomToo) {
+    NetworkMaker network(2);
+    network.Add("Level", 0, 9, ByteOrderBigEndian);
+    EXPECT_EQ(Draw(network), R"(        7     6     5     4     3     2     1     0
+     +-----------------------------------------+-----+
+   0 |                                         |   8 |
+     +-----------------------------------------+     |
+   1 | Level                                    7..0 |
+     +-----------------------------------------------+
+)");
+}
+
 TEST(DrawLayout, PutsNamesThatDoNotFitIntoTheLegend) {
     NetworkMaker network(1);
     network.Add("Short", 0, 1);
     network.Add("AVeryLongNameOfASignalOfOneBit", 1, 1);
     network.Add("AnotherVeryLongNameOfTheNextBits", 2, 2);
     network.Add("Fits", 4, 4);
-    EXPECT_EQ(Draw(network, {.width = 62, .ascii = true}),
-              R"(layout: a row for each byte, a column for each bit; 15..8 are
-bits of the signal, 0 is the lowest
-        7      6      5      4      3      2      1      0
-     +---------------------------+-------------+------+------+
-   0 | Fits                 3..0 | (1)    1..0 | (2)  |Short |
-     +---------------------------+-------------+------+------+
+    EXPECT_EQ(Draw(network, {.width = 54, .ascii = true}),
+              R"(layout: a row for each byte, a column for each bit;
+15..8 are bits of the signal, 0 is the lowest
+        7     6     5     4     3     2     1     0
+     +-----------------------+-----------+-----+-----+
+   0 | Fits             3..0 | (1)  1..0 | (2) |Short|
+     +-----------------------+-----------+-----+-----+
      (1) AnotherVeryLongNameOfTheNextBits
      (2) AVeryLongNameOfASignalOfOneBit
 )");
+    const auto legend = [&](std::size_t width) {
+        const std::string drawing = Draw(network, {.width = width, .ascii = true});
+        return drawing.substr(drawing.find("     (1)"));
+    };
+    EXPECT_EQ(legend(77),
+              "     (1) AnotherVeryLongNameOfTheNextBits\n"
+              "     (2) AVeryLongNameOfASignalOfOneBit\n");
+    EXPECT_EQ(legend(78),
+              "     (1) AnotherVeryLongNameOfTheNextBits   (2) AVeryLongNameOfASignalOfOneBit\n");
 }
 
 TEST(DrawLayout, MarksOverlaps) {

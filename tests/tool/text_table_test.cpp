@@ -45,6 +45,14 @@ TEST(TextTable, BreaksTheWordsOfTheFirstColumnLast) {
                      "X                25000"}));
 }
 
+TEST(TextTable, BreaksTheWordsOfOtherColumnsBeforeThoseOfTheFirst) {
+    tool::TextTable table({{"name"}, {"unit"}});
+    table.AddRow({"Temperature_of_the_engine", "Unit_DegreesCelsius"});
+    EXPECT_EQ(table.Lines(40),
+              (Lines{"name                       unit", "Temperature_of_the_engine  Unit_DegreesC",
+                     "                           elsius"}));
+}
+
 TEST(TextTable, NeedsTheWidthOfItsLongestWords) {
     EXPECT_EQ(Table().WidthOfWords(), 25U + 2 + 6 + 2 + 6);
 }

@@ -9,9 +9,10 @@ const BitCell& CellAt(const std::vector<BitCell>& cells, std::size_t row, std::s
     return cells[row * BitsInByte + (BitsInByte - 1 - column)];
 }
 
+// Whether two runs of neighbouring rows belong to one area.
 bool Touch(const BitRun& upper, const BitRun& lower) {
-    return upper.row + 1 == lower.row && upper.owner == lower.owner &&
-           upper.column < lower.column + lower.length && lower.column < upper.column + upper.length;
+    return upper.owner == lower.owner && upper.column < lower.column + lower.length &&
+           lower.column < upper.column + upper.length;
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "view/display_text.h"
+#include "view/draw_style.h"
 
 namespace vexil::tool {
 namespace {
@@ -114,7 +115,7 @@ std::vector<std::string> TextTable::Lines(std::size_t width) const {
     for (const Row& row : rows) {
         AppendRow(lines, row.cells, columns, widths);
         if (!row.note.empty()) {
-            for (const std::string& line : WrapText(row.note, width - NoteIndent)) {
+            for (const std::string& line : WrapText(row.note, std::max(width, LeastWidth) - NoteIndent)) {
                 lines.push_back(std::string(NoteIndent, ' ') + line);
             }
         }
