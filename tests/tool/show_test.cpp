@@ -5,6 +5,7 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "tool/tool_process.h"
@@ -312,6 +313,29 @@ TEST_F(ShowCommand, TakesWidthsThatADrawingFitsIn) {
     for (const char* const width : {"39", "1001", "-1", "0", "wide", "4294967336"}) {
         EXPECT_EQ(Show({"--list", "--width", width}).exitCode, Usage) << width;
     }
+}
+
+TEST_F(ShowCommand, ShowsNetworksOfAnySize) {
+    std::string text;
+    constexpr int Messages = 65535;
+    for (int id = 0; id < Messages; ++id) {
+        text += "BO_ " + std::to_string(id) + " M" + std::to_string(id) + ": 4294967295 N\n";
+    }
+    const Outcome list = RunTool({"show", MakeFile("messages.dbc", text), "--list"});
+    EXPECT_EQ(list.exitCode, Success);
+    EXPECT_EQ(std::count(list.out.begin(), list.out.end(), '\n'), Messages + 1);
+
+    text = "BO_ 1 M: 64 N\n";
+    constexpr int Pairs = 4999;
+    for (int pair = 0; pair < Pairs; ++pair) {
+        const std::string number = std::to_string(pair);
+        text += " SG_ A" + number + " : 0|4294967295@1+ (1,0) [0|0] \"\" N\n";
+        text += " SG_ B" + number + " m" + number + " : 7|4294967295@0+ (1,0) [0|0] \"\" N\n";
+    }
+    const Outcome page = RunTool({"show", MakeFile("signals.dbc", text)});
+    EXPECT_EQ(page.exitCode, Success);
+    EXPECT_NE(page.out.find(" !1 A0, B0 and 4998 more overlap\n"), std::string::npos);
+    EXPECT_TRUE(page.out.ends_with("not drawn: 4743 more multiplexer values\n"));
 }
 
 TEST_F(ShowCommand, ShowsEveryRealFile) {

@@ -115,7 +115,8 @@ std::vector<std::string> TextTable::Lines(std::size_t width) const {
     for (const Row& row : rows) {
         AppendRow(lines, row.cells, columns, widths);
         if (!row.note.empty()) {
-            for (const std::string& line : WrapText(row.note, std::max(width, LeastWidth) - NoteIndent)) {
+            for (const std::string& line :
+                 WrapText(row.note, std::max(width, LeastWidth) - NoteIndent)) {
                 lines.push_back(std::string(NoteIndent, ' ') + line);
             }
         }
