@@ -53,7 +53,7 @@ TEST(SendingInWords, HasTypeAndCycleTimeWhereTheyAreKnown) {
 
 TEST(DrawSignals, HasARowForEachSignal) {
     NetworkMaker network(8);
-    network.Add("A", 0, 1);
+    network.Add("A", 0, 1).maximum = 1;
     tool::SignalFacts& signal = network.Add("B", 7, 12, ByteOrderBigEndian);
     signal.valueType = ValueSigned;
     signal.factor = 0.1;
@@ -68,7 +68,7 @@ TEST(DrawSignals, HasARowForEachSignal) {
               (Lines{
                   "signal  start  bits  order   type     factor  offset  range            unit  "
                   "receivers",
-                  "A           0     1  little  uint          1       0  -",
+                  "A           0     1  little  uint          1       0  0 to 1",
                   "B           7    12  big     int         0.1  -1e-09  -0.25 to 1e+100        "
                   "X, Y",
                   "C           0    32  little  float         1       0  -",
@@ -103,6 +103,17 @@ TEST(DrawSignals, HasNotesBelowASignal) {
         "    of it",
     };
     EXPECT_EQ(DrawSignals(network.snapshot, network.Message(), {.width = 77}), narrow);
+}
+
+TEST(DrawSignals, HasStartAndInactiveValueIfOneOfThemIsNotZero) {
+    NetworkMaker network(8);
+    network.Add("A", 0, 1).startValue = -5;
+    network.Add("B", 1, 1).inactiveValue = 6;
+    network.Add("C", 2, 1);
+    const Lines lines = DrawSignals(network.snapshot, network.Message(), {});
+    ASSERT_EQ(lines.size(), 6U);
+    EXPECT_EQ(lines[2], "    start value -5, inactive value 0");
+    EXPECT_EQ(lines[4], "    start value 0, inactive value 6");
 }
 
 TEST(DrawDescriptions, AlignsValues) {

@@ -33,12 +33,12 @@ CM_ SG_ 291 Level "The \"level\";
 of the 温度 tank";
 BA_DEF_ BO_ "GenMsgCycleTime" INT 0 65535;
 BA_DEF_ BO_ "GenMsgSendType" ENUM "Cyclic","OnChange";
+BA_DEF_ SG_ "GenSigStartValue" INT 0 65535;
 BA_DEF_DEF_ "GenMsgCycleTime" 0;
 BA_DEF_DEF_ "GenMsgSendType" "OnChange";
 BA_ "GenMsgCycleTime" BO_ 291 100;
 BA_ "GenMsgSendType" BO_ 291 0;
 BA_ "GenSigStartValue" SG_ 291 Flow 20;
-BA_DEF_ SG_ "GenSigStartValue" INT 0 65535;
 VAL_ 291 Page 0 "Level" 1 "Flow and temperature" ;
 SIG_VALTYPE_ 2564429808 Speed : 1;
 )";
@@ -76,6 +76,7 @@ TEST_F(ShowCommand, ShowsAllAboutAMessage) {
       The "level";
       of the 温度 tank
   Flow         m1      15    12  big     int      0.5     -10  -1034 to 1013.5  l/min  Dash
+      start value 20, inactive value 0
   Temperature  m1      24     8  little  int        1       0  -40 to 85        °C     Dash
 
   multiplexing by Page
@@ -134,6 +135,7 @@ TEST_F(ShowCommand, ShowsReceiversBelowTheirSignalWhereTheColumnWouldBreakWords)
   Flow      m1      15    12  big     int      0.5     -10  -1034    l/min
                                                             to
                                                             1013.5
+      start value 20, inactive value 0
       received by Dash
   Temperat  m1      24     8  little  int        1       0  -40 to   °C
   ure                                                       85
@@ -251,6 +253,9 @@ TEST_F(ShowCommand, ListsAsMuchOfACommentAsThereIsRoomFor) {
         Shown({"--list", "--width", "82", "Tank"}),
         " id    hex  frame  message  size  signals  sender   cycle  send type  comment\n"
         "291  0x123  std    Tank        4        4  Tank    100 ms  Cyclic     What is in …\n");
+    EXPECT_EQ(Shown({"--list", "--width", "81", "Tank"}),
+              " id    hex  frame  message  size  signals  sender   cycle  send type\n"
+              "291  0x123  std    Tank        4        4  Tank    100 ms  Cyclic\n");
 }
 
 TEST_F(ShowCommand, ShowsEachChosenMessageOnceInTheOrderOfTheFile) {
