@@ -211,6 +211,27 @@ message 0: id 291 dlc 8 signalCount 1 cycleTime 0
 )");
 }
 
+TEST(ReadNetwork, StartsEachRecordFromTheDefaults) {
+    tool::ReadNetwork(
+        R"({"messages":[{"id":1,"name":"A","dlc":2,"comment":"c","signals":[)"
+        R"({"name":"S","startBit":4,"bitLength":5,"factor":3,"unit":"m","valueDescriptions":[)"
+        R"({"value":1,"text":"one"},{"value":2}]},{"name":"T","startBit":0,"bitLength":1}]},)"
+        R"({"id":2,"name":"B"}]})",
+        Most);
+    const DatabaseRecords database = FetchDatabase();
+    ASSERT_EQ(database.messages.size(), 2U);
+    EXPECT_EQ(database.messages[1].record.dlc, 8U);
+    EXPECT_STREQ(database.messages[1].record.comment, "");
+    EXPECT_TRUE(database.messages[1].signals.empty());
+    const std::vector<SignalRecords>& signals = database.messages[0].signals;
+    ASSERT_EQ(signals.size(), 2U);
+    ASSERT_EQ(signals[0].enums.size(), 2U);
+    EXPECT_STREQ(signals[0].enums[1].text, "");
+    EXPECT_EQ(signals[1].record.factor, 1);
+    EXPECT_STREQ(signals[1].record.unit, "");
+    EXPECT_TRUE(signals[1].enums.empty());
+}
+
 TEST(ReadNetwork, TakesFieldsInAnyOrderAndWholeNumbersInAnyForm) {
     const DocumentResult result = tool::ReadNetwork(
         "\xEF\xBB\xBF"
@@ -385,6 +406,8 @@ TEST(ReadNetwork, EndsAtADepthThatNoDocumentHas) {
               "account: objects and lists are inside one another more than 64 deep");
     const std::string within = std::string(63, '[') + std::string(63, ']');
     EXPECT_EQ(tool::ReadNetwork("{\"messages\":[],\"account\":" + within + "}", Most).fault, "");
+    EXPECT_EQ(tool::ReadNetwork("{\"messages\":[],\"account\":[" + within + "]}", Most).fault,
+              "account: objects and lists are inside one another more than 64 deep");
 }
 
 }  // namespace
