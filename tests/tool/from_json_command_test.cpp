@@ -205,6 +205,25 @@ TEST_F(FromJsonCommandOnLinux, KnowsTheDocumentByAnotherName) {
     EXPECT_EQ(ReadBytes(input), ThreeJson);
 }
 
+// Numbers at the ends of their ranges, many messages, and a comment of a megabyte.
+TEST_F(FromJsonCommand, TakesWhatJsonPrintsOfAnExtremeNetwork) {
+    std::string text;
+    for (int id = 0; id < 65535; ++id) {
+        text += "BO_ " + std::to_string(id) + " A: 4294967295 N\n";
+    }
+    text +=
+        "BO_ 4294967295 A: 0 N\n"
+        " SG_ S m4294967295 : 4294967295|4294967295@0- (1e308,-2.5e-300) [-1e308|1e308] \"\" N\n"
+        "CM_ BO_ 4294967295 \"" +
+        std::string(std::size_t{1} << 20U, 'c') + "\";\n";
+    const Outcome printed = RunTool({"json", MakeFile("in.dbc", text)});
+    EXPECT_EQ(printed.exitCode, Success);
+    WriteBytes(input, printed.out);
+    EXPECT_EQ(RunTool({"from-json", input, output}),
+              (Outcome{Success, Unchanged("65536 messages, 1 signal, 0 value descriptions"), ""}));
+    EXPECT_EQ(RunTool({"json", output}).out, printed.out);
+}
+
 TEST_F(FromJsonCommand, MakesTheFileThatRewriteWrites) {
     TryFolder(VEXIL64_SAMPLES);
     TryFolder(VEXIL64_GOLDEN);

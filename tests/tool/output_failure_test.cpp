@@ -47,6 +47,23 @@ TEST_F(StandardOutput, MustTakeTheSummaryOfACleanFile) {
     EXPECT_EQ(RunTool({"check", "--json", file}, Closed), NotWritten);
 }
 
+// More than any buffer holds, too.
+TEST_F(StandardOutput, MustTakeANetworkAsJson) {
+    std::string text;
+    for (int id = 0; id < 1000; ++id) {
+        text += "BO_ " + std::to_string(id) + " A: 8 ECU1\n";
+    }
+    EXPECT_EQ(RunTool({"json", MakeFile("a.dbc", text)}, Full), NotWritten);
+    EXPECT_EQ(RunTool({"json", MakeFile("b.dbc", Good)}, Closed), NotWritten);
+}
+
+TEST_F(StandardOutput, MustTakeTheReportOfADocument) {
+    const std::string input = MakeFile("in.json", R"({"messages":[{"id":1,"name":"A"}]})");
+    const std::string output = folder.File("out.dbc");
+    EXPECT_EQ(RunTool({"from-json", input, output}, Full), NotWritten);
+    EXPECT_NE(ReadLines(output).find("BO_ 1 A: 8 "), std::string::npos);
+}
+
 TEST_F(StandardOutput, MustTakeAnExplanation) {
     EXPECT_EQ(RunTool({"explain", "swallowed"}, Full), NotWritten);
 }
