@@ -1,5 +1,5 @@
 // Follows the values of a document, one after the other, and gives each whole message to the
-// builder. Of the document no more than one message is in memory.
+// builder. Of its values no more than one message is in memory.
 // SPDX-License-Identifier: MIT
 #pragma once
 
