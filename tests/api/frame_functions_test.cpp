@@ -57,41 +57,12 @@ TEST_F(FrameFunctionsTest, ClearDataEmptiesAllButTheBusType) {
     EXPECT_TRUE(IsUntouched(record));
 }
 
-TEST_F(FrameFunctionsTest, ClearDataTwiceChangesNothingTheSecondTime) {
-    Fill();
-    VexilClearData();
-    VexilClearData();
-    ExpectEmptyDatabase();
-    EXPECT_EQ(Info(), (DatabaseInfo{ProtocolPlainCan, BusCanFd}));
-}
-
-TEST_F(FrameFunctionsTest, ClearDataLeavesTheReservedAttributesKnown) {
-    VexilClearData();
-    Fill();
-    EXPECT_EQ(Info(), (DatabaseInfo{ProtocolNmea, BusCanFd}));
-}
-
 TEST_F(FrameFunctionsTest, ClearDataIsFollowedByAppendsFromIndexZero) {
     Fill();
     VexilClearData();
     AppendMessage({.id = 9});
     EXPECT_EQ(VexilGetNumCanMessages(), 1U);
     ExpectMessage(0, {.id = 9});
-}
-
-// The second round may get the memory of the first.
-TEST_F(FrameFunctionsTest, ClearDataForgetsTheDescriptionsThatWereFetched) {
-    for (const std::int32_t value : {1, 2}) {
-        AppendMessageOf(1, {"A", "B", "C", "D", "E"});
-        for (std::uint32_t signal = 0; signal < 5; ++signal) {
-            AppendEnum(0, signal, {value, "text"});
-        }
-        for (std::uint32_t signal = 5; signal-- > 0;) {
-            EXPECT_EQ(EnumCount(0, signal), 1U);
-            ExpectEnum(0, signal, 0, {value, "text"});
-        }
-        VexilClearData();
-    }
 }
 
 // -- VexilGetDatabaseInfo and VexilSetDatabaseInfo ---------------------------------------------
@@ -130,40 +101,6 @@ TEST_F(FrameFunctionsTest, DatabaseInfoIsNotCopiedFromOrToNull) {
     VexilGetDatabaseInfo(nullptr, 8);
     VexilSetDatabaseInfo(nullptr, 8);
     EXPECT_EQ(Info(), (DatabaseInfo{1, 2}));
-}
-
-TEST_F(FrameFunctionsTest, SetDatabaseInfoTakesAnyValue) {
-    SetInfo({0xFFFFFFFFU, 0xFFFFFFFEU});
-    EXPECT_EQ(Info(), (DatabaseInfo{0xFFFFFFFFU, 0xFFFFFFFEU}));
-}
-
-TEST_F(FrameFunctionsTest, SetDatabaseInfoOutlivesAReadInItsBusTypeAlone) {
-    SetInfo({ProtocolNmea, 7});
-    EXPECT_EQ(ReadText("BO_ 1 A: 8 N\n"), Success);
-    EXPECT_EQ(Info(), (DatabaseInfo{ProtocolPlainCan, 7}));
-}
-
-// -- VexilGetNumCanMessages -------------------------------------------------------------------
-
-TEST_F(FrameFunctionsTest, GetNumCanMessagesCountsReadAndAppendedMessages) {
-    EXPECT_EQ(VexilGetNumCanMessages(), 0U);
-    AppendMessage({.id = 1});
-    AppendMessage({.id = 1});
-    EXPECT_EQ(VexilGetNumCanMessages(), 2U);
-    Fill();
-    EXPECT_EQ(VexilGetNumCanMessages(), 2U);
-    AppendMessage({.id = 1});
-    EXPECT_EQ(VexilGetNumCanMessages(), 3U);
-}
-
-TEST_F(FrameFunctionsTest, ARecordThatWasFetchedStaysAsItIs) {
-    Fill();
-    auto record = Filled<CanMessageRecord>(Pattern);
-    EXPECT_EQ(VexilGetCanMessageData(1, &record), 1);
-    VexilClearData();
-    EXPECT_TRUE(SameBytes(
-        record, RecordOf(MessageFields{
-                    .id = 2, .name = "B", .dlc = 8, .longName = "B", .transmitter = "N"})));
 }
 
 }  // namespace

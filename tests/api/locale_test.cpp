@@ -17,31 +17,6 @@ class CommaAndGroups : public std::numpunct<char> {
     std::string do_grouping() const override { return "\3"; }
 };
 
-// Makes capitals of all letters that a file stream reads or writes.
-class Capitals : public std::codecvt<char, char, std::mbstate_t> {
-  protected:
-    bool do_always_noconv() const noexcept override { return false; }
-    result do_in(std::mbstate_t& /*state*/, const char* from, const char* fromEnd,
-                 const char*& fromNext, char* to, char* toEnd, char*& toNext) const override {
-        return Convert(from, fromEnd, fromNext, to, toEnd, toNext);
-    }
-    result do_out(std::mbstate_t& /*state*/, const char* from, const char* fromEnd,
-                  const char*& fromNext, char* to, char* toEnd, char*& toNext) const override {
-        return Convert(from, fromEnd, fromNext, to, toEnd, toNext);
-    }
-
-  private:
-    static result Convert(const char* from, const char* fromEnd, const char*& fromNext, char* to,
-                          char* toEnd, char*& toNext) {
-        for (; from != fromEnd && to != toEnd; ++from, ++to) {
-            *to = *from >= 'a' && *from <= 'z' ? static_cast<char>(*from - 'a' + 'A') : *from;
-        }
-        fromNext = from;
-        toNext = to;
-        return from == fromEnd ? ok : partial;
-    }
-};
-
 class LocaleTest : public ApiTest {
   protected:
     ~LocaleTest() override {
@@ -143,24 +118,6 @@ TEST_F(LocaleTest, ReadingTakesNothingOfTheCppLocale) {
                   .offset = -1.5,
                   .minimum = -12.5,
                   .maximum = 0.1234567890123456});
-}
-
-TEST_F(LocaleTest, ConversionsOfTheCppLocaleChangeNoByte) {
-    ASSERT_EQ(ReadText("BO_ 1 name: 8 node\nCM_ BO_ 1 \"a comment\";\n"), Success);
-    EXPECT_EQ(Write(path), Success);
-    const std::string bytes = ReadBytes(path);
-    const std::string again = folder.File("again.dbc");
-    std::locale::global(std::locale(std::locale::classic(), new Capitals));
-    EXPECT_EQ(Read(path), Success);
-    EXPECT_EQ(Write(again), Success);
-    std::locale::global(std::locale::classic());
-    ExpectMessage(0, {.id = 1,
-                      .name = "name",
-                      .dlc = 8,
-                      .longName = "name",
-                      .transmitter = "node",
-                      .comment = "a comment"});
-    EXPECT_EQ(ReadBytes(again), bytes);
 }
 
 }  // namespace

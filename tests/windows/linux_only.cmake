@@ -15,14 +15,11 @@ set(linux_only_folders
 # Source files, by name. For the same reason write_driver_test.cpp compiles its
 # WriteDbcFileToAFullDisk on Linux alone.
 set(linux_only_sources
-    cpp_failing_write_test.cpp  # limits the size of files, which Windows does not do
-    failing_write_test.cpp)     # likewise
+    cpp_failing_write_test.cpp)  # limits the size of files, which Windows does not do
 
 # Tests, by program.
 set(linux_only_api_tests
-    ErrorFunctionsTest.TellTextAsItWasRepaired                  # has one at the end of a line
-    LocaleTest.WritingTakesPointAndGroupsOfTheCppLocale         # the DLL has a C++ runtime of its own
-    VexilReadDbcFileTest.FailsOnAFolder)                        # Windows opens no folder
+    LocaleTest.WritingTakesPointAndGroupsOfTheCppLocale)        # the DLL has a C++ runtime of its own
 set(linux_only_golden_tests
     Topics/Golden.HasItsRecords/crlf                            # has carriage returns in texts
     Topics/Golden.HasItsErrors/crlf)                            # likewise
