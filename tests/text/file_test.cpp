@@ -257,17 +257,6 @@ TEST_F(FileTest, SaysHowMuchOfATextItWrote) {
     close(ends[1]);
 }
 
-TEST_F(FileTest, WritesNothingToAFullDevice) {
-    ASSERT_TRUE(file.Open("/dev/full", OpenMode::Write));
-    EXPECT_EQ(file.Write("text"), 0U);
-}
-
-TEST_F(FileTest, ReadsNoFolder) {
-    ASSERT_TRUE(file.Open(folder.File(""), OpenMode::Read));
-    std::array<char, 4> room;
-    EXPECT_EQ(file.Read(room), -1);
-}
-
 #endif
 
 }  // namespace

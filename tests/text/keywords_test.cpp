@@ -55,33 +55,6 @@ TEST(KeywordTable, HasThirtyFiveRowsInThisOrder) {
     }
 }
 
-TEST(SymbolList, HasTwentyEightSymbolsInThisOrder) {
-    const std::array<std::string_view, 28> expected = {"NS_DESC_",     "CM_",
-                                                       "BA_DEF_",      "BA_",
-                                                       "VAL_",         "CAT_DEF_",
-                                                       "CAT_",         "FILTER",
-                                                       "BA_DEF_DEF_",  "EV_DATA_",
-                                                       "ENVVAR_DATA_", "SGTYPE_",
-                                                       "SGTYPE_VAL_",  "BA_DEF_SGTYPE_",
-                                                       "BA_SGTYPE_",   "SIG_TYPE_REF_",
-                                                       "VAL_TABLE_",   "SIG_GROUP_",
-                                                       "SIG_VALTYPE_", "SIGTYPE_VALTYPE_",
-                                                       "BO_TX_BU_",    "BA_DEF_REL_",
-                                                       "BA_REL_",      "BA_DEF_DEF_REL_",
-                                                       "BU_SG_REL_",   "BU_EV_REL_",
-                                                       "BU_BO_REL_",   "SG_MUL_VAL_"};
-    EXPECT_EQ(SymbolList, expected);
-}
-
-TEST(SymbolList, IsPartOfTheKeywordTable) {
-    for (const std::string_view symbol : SymbolList) {
-        EXPECT_EQ(std::count_if(keywordTable.begin(), keywordTable.end(),
-                                [symbol](const KeywordRow& row) { return row.keyword == symbol; }),
-                  1)
-            << symbol;
-    }
-}
-
 TEST(Constants, WhitespaceIsTheseSixCharacters) {
     EXPECT_EQ(Whitespace, std::string_view(" \f\n\r\t\v"));
     EXPECT_EQ(npos, 0xFFFFFFFFFFFFFFFFU);
@@ -141,15 +114,6 @@ TEST(MatchKeyword, TakesAKeywordAsAWholeTokenWithWhiteSpaceBehindIt) {
                    // The position is stored whatever the result, also beyond the end.
                    {"x", "BO_", 0, false, 3},
                    {"  x", "SIG_VALTYPE_", 0, false, 14}});
-}
-
-TEST(MatchKeyword, LooksAtNothingBehindTheText) {
-    const std::string_view text = "BO_ 1";
-    Position end = 99;
-    EXPECT_FALSE(MatchKeyword(text.substr(0, 3), "BO_", end, 0));
-    EXPECT_EQ(end, 3U);
-    EXPECT_FALSE(MatchKeyword(text.substr(0, 2), "BO_", end, 0));
-    EXPECT_EQ(end, 3U);
 }
 
 TEST(MatchKeyword, TakesEveryKeywordOfTheTableAndNoOtherAtItsPlace) {

@@ -31,7 +31,6 @@ set(linux_only_text_tests
     NextStatement.CountsCarriageReturnsAsPartsOfLines           # keeps carriage returns
     NextStatement.EndsFreeTextAtAKeywordBehindASemicolon        # likewise
     StatementFileTest.FailsOnALineThatCannotBeRead              # reads a folder
-    StatementFileTest.KeepsACarriageReturnAsWhiteSpace          # keeps carriage returns
     StatementFileTest.TakesOutControlCharactersButWhiteSpace)   # byte 0x1A ends a file on Windows
 set(linux_only_tool_tests
     CheckCommandOnLinux.*           # folders as files, bytes on the command line, long paths of Linux
