@@ -11,8 +11,8 @@ namespace vexil::test {
 namespace {
 
 // Each changes a record and tells whether it did.
-using MessageChange = bool (*)(PublicMessage& message);
-using SignalChange = bool (*)(PublicSignal& signal);
+using MessageChange = bool (*)(MessageRecords& message);
+using SignalChange = bool (*)(SignalRecords& signal);
 
 struct TripException {
     const char* name;
@@ -58,14 +58,14 @@ bool FoldDelimiters(char (&text)[Size]) {
 }
 
 // Numbers the signals of one name, from 0 on, with a name of at most 32 characters.
-bool NumberEqualNames(PublicMessage& message) {
+bool NumberEqualNames(MessageRecords& message) {
     std::map<std::string, int> signalsOfName;
-    for (const PublicSignal& signal : message.signals) {
+    for (const SignalRecords& signal : message.signals) {
         ++signalsOfName[signal.record.name];
     }
     std::map<std::string, int> next;
     bool changed = false;
-    for (PublicSignal& signal : message.signals) {
+    for (SignalRecords& signal : message.signals) {
         const std::string name = signal.record.name;
         if (signalsOfName[name] > 1) {
             std::snprintf(signal.record.name, sizeof signal.record.name, "%.27s_%04d", name.c_str(),
@@ -81,13 +81,13 @@ constexpr TripException Exceptions[] = {
      NumberEqualNames, nullptr},
     {"delimiters in long names of messages",
      "an attribute text is cut at them and joined again with one blank",
-     [](PublicMessage& message) { return FoldDelimiters(message.record.longName); }, nullptr},
+     [](MessageRecords& message) { return FoldDelimiters(message.record.longName); }, nullptr},
     {"delimiters in long names of signals",
      "an attribute text is cut at them and joined again with one blank", nullptr,
-     [](PublicSignal& signal) { return FoldDelimiters(signal.record.longName); }},
+     [](SignalRecords& signal) { return FoldDelimiters(signal.record.longName); }},
     {"ten significant digits", "the four numbers of a signal are written with at most ten digits",
      nullptr,
-     [](PublicSignal& signal) {
+     [](SignalRecords& signal) {
          const bool factor = RoundToTenDigits(signal.record.factor);
          const bool offset = RoundToTenDigits(signal.record.offset);
          const bool minimum = RoundToTenDigits(signal.record.minimum);
@@ -95,14 +95,14 @@ constexpr TripException Exceptions[] = {
          return factor || offset || minimum || maximum;
      }},
     {"units outside ASCII", "a unit is written in its ASCII form", nullptr,
-     [](PublicSignal& signal) {
+     [](SignalRecords& signal) {
          const bool changed = std::strcmp(signal.record.unit, signal.record.unitUtf8) != 0;
          std::memcpy(signal.record.unitUtf8, signal.record.unit, sizeof signal.record.unit);
          return changed;
      }},
     {"attributes of messages that travel one way",
      "GenMsgSendType and GenMsgCycleTime are read and never written",
-     [](PublicMessage& message) {
+     [](MessageRecords& message) {
          const bool changed = message.record.sendType[0] != '\0' || message.record.cycleTime != 0;
          message.record.sendType[0] = '\0';
          message.record.cycleTime = 0;
@@ -111,19 +111,19 @@ constexpr TripException Exceptions[] = {
      nullptr},
     {"attributes of signals that travel one way",
      "GenSigStartValue and GenSigInactiveValue are read and never written", nullptr,
-     [](PublicSignal& signal) {
+     [](SignalRecords& signal) {
          const bool changed = signal.record.startValue != 0 || signal.record.inactiveValue != 0;
          signal.record.startValue = 0;
          signal.record.inactiveValue = 0;
          return changed;
      }},
     {"messages without a transmitter", "the default node is written in its place",
-     [](PublicMessage& message) { return FillIfEmpty(message.record.transmitter, "Marrowby"); },
+     [](MessageRecords& message) { return FillIfEmpty(message.record.transmitter, "Marrowby"); },
      nullptr},
     {"signals without a receiver", "the default node is written in its place", nullptr,
-     [](PublicSignal& signal) { return FillIfEmpty(signal.record.receiverList, "Marrowby"); }},
+     [](SignalRecords& signal) { return FillIfEmpty(signal.record.receiverList, "Marrowby"); }},
     {"value descriptions of floats", "a float has no VAL_ line", nullptr,
-     [](PublicSignal& signal) {
+     [](SignalRecords& signal) {
          const bool isFloat =
              signal.record.valueType == ValueFloat32 || signal.record.valueType == ValueFloat64;
          const bool changed = isFloat && !signal.enums.empty();
@@ -137,14 +137,14 @@ constexpr TripException Exceptions[] = {
 
 }  // namespace
 
-void ApplyTripExceptions(PublicModel& model, std::map<std::string, std::size_t>& counts) {
+void ApplyTripExceptions(DatabaseRecords& model, std::map<std::string, std::size_t>& counts) {
     for (const TripException& exception : Exceptions) {
         std::size_t& count = counts[exception.name];
-        for (PublicMessage& message : model.messages) {
+        for (MessageRecords& message : model.messages) {
             if (exception.message != nullptr && exception.message(message)) {
                 ++count;
             }
-            for (PublicSignal& signal : message.signals) {
+            for (SignalRecords& signal : message.signals) {
                 if (exception.signal != nullptr && exception.signal(signal)) {
                     ++count;
                 }

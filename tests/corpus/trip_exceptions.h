@@ -6,12 +6,12 @@
 #include <map>
 #include <string>
 
-#include "support/public_model.h"
+#include "support/record_dump.h"
 
 namespace vexil::test {
 
 // Turns the model into what it is after a trip. Adds to counts how many records each exception,
 // under its name, has changed.
-void ApplyTripExceptions(PublicModel& model, std::map<std::string, std::size_t>& counts);
+void ApplyTripExceptions(DatabaseRecords& model, std::map<std::string, std::size_t>& counts);
 
 }  // namespace vexil::test

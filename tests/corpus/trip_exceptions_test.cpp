@@ -8,7 +8,7 @@
 #include <string>
 
 #include "support/files.h"
-#include "support/public_model.h"
+#include "support/record_dump.h"
 
 namespace vexil::test {
 namespace {
@@ -31,12 +31,12 @@ TEST(TripExceptions, AreAllNeededAndEnoughForAFileThatHasThemAll) {
                "BA_DEF_DEF_ \"GenMsgCycleTime\" 5;\n"
                "BA_DEF_DEF_ \"GenSigStartValue\" 6;\n");
     ASSERT_EQ(ReadFile(file), GoodCall);
-    PublicModel expected = FetchModel();
+    DatabaseRecords expected = FetchDatabase();
     std::map<std::string, std::size_t> counts;
     ApplyTripExceptions(expected, counts);
     ASSERT_EQ(WriteFile(written, OrderAsStored), GoodCall);
     ASSERT_EQ(ReadFile(written), GoodCall);
-    EXPECT_EQ(Describe(FetchModel()), Describe(expected));
+    EXPECT_EQ(RecordText(FetchDatabase()), RecordText(expected));
     EXPECT_EQ(counts.size(), 10U);
     for (const auto& [name, count] : counts) {
         EXPECT_GT(count, 0U) << name;

@@ -4,7 +4,7 @@
 // A fenced block of the document is marked by the words behind its three backticks:
 //
 //   dbc          a file that is read
-//   text         what a host then fetches, in the form of support/public_model.h
+//   text         what a host then fetches, in the form of support/record_dump.h
 //   dbc written  what is written, from the line that begins with BU_ on
 //   text again   what a host fetches when the written file is read
 //
@@ -19,7 +19,7 @@
 #include <vector>
 
 #include "support/files.h"
-#include "support/public_model.h"
+#include "support/record_dump.h"
 
 namespace vexil::test {
 namespace {
@@ -51,11 +51,8 @@ std::vector<Block> Blocks() {
 }
 
 std::string Described() {
-    std::string text;
-    for (const std::string& line : Describe(FetchModel())) {
-        text += line + "\n";
-    }
-    return text;
+    const DatabaseRecords database = FetchDatabase();
+    return RecordText(database) + ErrorText(database);
 }
 
 template <std::size_t Size>
@@ -123,7 +120,7 @@ TEST_F(FormatDocument, ShowsEachParseError) {
     for (const Block& block : Blocks()) {
         if (block.words == "dbc") {
             Load(block);
-            for (const ParseError& error : FetchModel().errors) {
+            for (const ParseError& error : FetchDatabase().errors) {
                 shown.insert(error.code);
             }
         }
@@ -188,7 +185,7 @@ TEST_F(FormatDocument, IsRightAboutTheBusType) {
     const DatabaseInfo canFd = {ProtocolPlainCan, BusCanFd};
     VexilSetDatabaseInfo(&canFd, sizeof canFd);
     ASSERT_EQ(ReadFile(written), GoodCall);
-    EXPECT_EQ(FetchModel().info.busType, BusCanFd);
+    EXPECT_EQ(FetchDatabase().info.busType, BusCanFd);
 }
 
 }  // namespace

@@ -2,12 +2,16 @@
 // SPDX-License-Identifier: MIT
 #include "support/record_dump.h"
 
+#include <array>
 #include <charconv>
-#include <cstdint>
 #include <stdexcept>
 
 namespace vexil::test {
 namespace {
+
+std::uint32_t BufferSize(const std::string& path) {
+    return static_cast<std::uint32_t>(path.size() + 1);
+}
 
 void Require(bool holds, const char* what) {
     if (!holds) {
@@ -18,25 +22,26 @@ void Require(bool holds, const char* what) {
 SignalRecords FetchSignal(std::uint32_t messageIndex, std::uint32_t signalIndex) {
     SignalRecords signal;
     Require(VexilGetCanSignalData(messageIndex, signalIndex, &signal.record) == 1,
-            "a signal was not given");
+            "fetching a signal failed");
     std::uint32_t count = 0;
     Require(VexilGetNumEnumsInCanSignal(messageIndex, signalIndex, &count) == 1,
-            "the number of value descriptions was not given");
+            "fetching the number of value descriptions failed");
     Require(count == signal.record.enumCount, "enumCount is not the number of value descriptions");
     signal.enums.resize(count);
     for (std::uint32_t at = 0; at < count; ++at) {
         Require(VexilGetCanSignalEnumData(messageIndex, signalIndex, at, &signal.enums[at]) == 1,
-                "a value description was not given");
+                "fetching a value description failed");
     }
     return signal;
 }
 
 MessageRecords FetchMessage(std::uint32_t messageIndex) {
     MessageRecords message;
-    Require(VexilGetCanMessageData(messageIndex, &message.record) == 1, "a message was not given");
+    Require(VexilGetCanMessageData(messageIndex, &message.record) == 1,
+            "fetching a message failed");
     std::uint32_t count = 0;
     Require(VexilGetNumCanSignalsInCanMessage(messageIndex, &count) == 1,
-            "the number of signals was not given");
+            "fetching the number of signals failed");
     Require(count == message.record.signalCount, "signalCount is not the number of signals");
     for (std::uint32_t at = 0; at < count; ++at) {
         message.signals.push_back(FetchSignal(messageIndex, at));
@@ -44,80 +49,98 @@ MessageRecords FetchMessage(std::uint32_t messageIndex) {
     return message;
 }
 
-// Lines of fields, each a name and a value.
-class FieldLines {
-  public:
-    // Starts a line at a depth of indentation, with a head if it has one.
-    FieldLines& Start(std::size_t depth, std::string_view head = {}) {
-        text.append(text.empty() ? "" : "\n").append(depth * 2, ' ').append(head);
-        separator = head.empty() ? "" : " ";
-        return *this;
+// The text in double quotes, with a backslash before control characters and those to be escaped.
+std::string Quoted(std::string_view text, std::string_view escaped = {}) {
+    constexpr std::string_view Names = "abtnvfr";  // from 7 on
+    constexpr std::string_view Digits = "0123456789abcdef";
+    std::string quoted = "\"";
+    for (const char ch : text) {
+        const auto byte = static_cast<unsigned char>(ch);
+        if (byte >= 7 && byte <= 13) {
+            quoted.append(1, '\\').append(1, Names[byte - 7U]);
+        } else if (byte < 32 || byte == 127) {
+            quoted.append("\\x").append(1, Digits[byte / 16]).append(1, Digits[byte % 16]);
+        } else {
+            quoted.append(escaped.find(ch) == std::string_view::npos ? "" : "\\").append(1, ch);
+        }
     }
-
-    FieldLines& Text(std::string_view name, std::string_view value) {
-        return Put(name, QuotedText(value));
-    }
-
-    template <typename Value>
-    FieldLines& Number(std::string_view name, Value value) {
-        char digits[64];
-        const auto result = std::to_chars(digits, digits + sizeof digits, value);
-        return Put(name, std::string_view(digits, static_cast<std::size_t>(result.ptr - digits)));
-    }
-
-    std::string Take() { return text.empty() ? text : text + '\n'; }
-
-  private:
-    FieldLines& Put(std::string_view name, std::string_view value) {
-        text.append(separator).append(name).append(" ").append(value);
-        separator = " ";
-        return *this;
-    }
-
-    std::string text;
-    std::string_view separator;
-};
-
-void TellSignal(FieldLines& lines, std::size_t index, const SignalRecords& signal) {
-    const CanSignalRecord& record = signal.record;
-    lines.Start(1, "signal " + std::to_string(index) + ':');
-    lines.Number("multiplexType", record.multiplexType);
-    lines.Number("multiplexValue", record.multiplexValue);
-    lines.Number("startBit", record.startBit);
-    lines.Number("bitLength", record.bitLength);
-    lines.Number("byteOrder", record.byteOrder);
-    lines.Number("valueType", record.valueType);
-    lines.Start(2).Number("factor", record.factor).Number("offset", record.offset);
-    lines.Number("minimum", record.minimum).Number("maximum", record.maximum);
-    lines.Start(2).Number("startValue", record.startValue);
-    lines.Number("inactiveValue", record.inactiveValue).Number("enumCount", record.enumCount);
-    lines.Start(2).Text("name", record.name);
-    lines.Start(2).Text("longName", record.longName);
-    lines.Start(2).Text("unit", record.unit);
-    lines.Start(2).Text("unitUtf8", record.unitUtf8);
-    lines.Start(2).Text("receiverList", record.receiverList);
-    lines.Start(2).Text("comment", record.comment);
-    for (const CanEnumRecord& description : signal.enums) {
-        lines.Start(2, "enum:").Number("value", description.value).Text("text", description.text);
-    }
+    return quoted + '"';
 }
 
-void TellMessage(FieldLines& lines, std::size_t index, const MessageRecords& message) {
-    const CanMessageRecord& record = message.record;
-    lines.Start(0, "message " + std::to_string(index) + ':');
-    lines.Number("id", record.id).Number("dlc", record.dlc);
-    lines.Number("signalCount", record.signalCount).Number("cycleTime", record.cycleTime);
-    lines.Start(1).Text("name", record.name);
-    lines.Start(1).Text("longName", record.longName);
-    lines.Start(1).Text("transmitter", record.transmitter);
-    lines.Start(1).Text("sendType", record.sendType);
-    lines.Start(1).Text("comment", record.comment);
-    for (std::size_t at = 0; at < message.signals.size(); ++at) {
-        TellSignal(lines, at, message.signals[at]);
+template <typename Value>
+std::string Number(Value value) {
+    std::array<char, 64> digits{};
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    return {digits.data(), end};
+}
+
+// ", key "text"", or nothing for the text that is understood.
+std::string Field(std::string_view key, std::string_view text, std::string_view understood = {}) {
+    return text == understood ? "" : std::string(", ").append(key).append(" ") + Quoted(text);
+}
+
+template <typename Value>
+std::string NumberField(std::string_view key, Value number, Value understood) {
+    return number == understood ? "" : std::string(", ").append(key).append(" ") + Number(number);
+}
+
+std::string Multiplex(const CanSignalRecord& signal) {
+    const std::string value = Number(signal.multiplexValue);
+    if (signal.multiplexType == MultiplexSelector && signal.multiplexValue == 0) {
+        return " M";
     }
+    if (signal.multiplexType == MultiplexSelected) {
+        return " m" + value;
+    }
+    return signal.multiplexType == MultiplexNone && signal.multiplexValue == 0
+               ? ""
+               : " multiplex " + Number(signal.multiplexType) + "/" + value;
+}
+
+std::string Sign(std::uint32_t valueType) {
+    constexpr std::string_view Signs = "+-fd";
+    return valueType < Signs.size() ? std::string(1, Signs[valueType]) : "?" + Number(valueType);
+}
+
+std::string MessageLine(const MessageRecords& message) {
+    const CanMessageRecord& record = message.record;
+    return "message " + Number(record.id) + " " + Quoted(record.name) + ", " + Number(record.dlc) +
+           " bytes from " + Quoted(record.transmitter) +
+           Field("long name", record.longName, record.name) + Field("send type", record.sendType) +
+           NumberField("cycle", record.cycleTime, 0) + Field("comment", record.comment) +
+           NumberField("signalCount", record.signalCount, std::uint64_t{message.signals.size()}) +
+           "\n";
+}
+
+std::string SignalLine(const SignalRecords& signal) {
+    const CanSignalRecord& record = signal.record;
+    return "  signal " + Quoted(record.name) + Multiplex(record) + ": " + Number(record.startBit) +
+           "|" + Number(record.bitLength) + "@" + Number(record.byteOrder) +
+           Sign(record.valueType) + " (" + Number(record.factor) + "," + Number(record.offset) +
+           ") [" + Number(record.minimum) + "|" + Number(record.maximum) + "] " +
+           Quoted(record.unit) + " to " + Quoted(record.receiverList) +
+           Field("long name", record.longName, record.name) +
+           Field("unit in UTF-8", record.unitUtf8, record.unit) + Field("comment", record.comment) +
+           NumberField("start", record.startValue, 0) +
+           NumberField("inactive", record.inactiveValue, 0) +
+           NumberField("enumCount", record.enumCount,
+                       static_cast<std::uint32_t>(signal.enums.size())) +
+           "\n";
 }
 
 }  // namespace
+
+CallResult ReadFile(const std::string& path) {
+    CallResult result;
+    result.success = VexilReadDbcFile(path.c_str(), BufferSize(path), &result.code) != 0;
+    return result;
+}
+
+CallResult WriteFile(const std::string& path, std::uint32_t order) {
+    CallResult result;
+    result.success = VexilWriteDbcFile(path.c_str(), BufferSize(path), order, &result.code) != 0;
+    return result;
+}
 
 DatabaseRecords FetchDatabase() {
     DatabaseRecords database;
@@ -127,51 +150,40 @@ DatabaseRecords FetchDatabase() {
     }
     database.errors.resize(VexilGetNumCanErrors());
     for (std::uint32_t at = 0; at < database.errors.size(); ++at) {
-        Require(VexilGetErrorData(at, &database.errors[at]) == 1, "an error was not given");
+        Require(VexilGetErrorData(at, &database.errors[at]) == 1, "fetching an error failed");
     }
     return database;
 }
 
 std::string RecordText(const DatabaseRecords& database) {
-    FieldLines lines;
-    lines.Start(0, "info:").Number("protocolType", database.info.protocolType);
-    lines.Number("busType", database.info.busType);
-    for (std::size_t at = 0; at < database.messages.size(); ++at) {
-        TellMessage(lines, at, database.messages[at]);
+    const DatabaseInfo& info = database.info;
+    std::string text;
+    if (info.protocolType != 0 || info.busType != 0) {
+        text += "protocol " + Number(info.protocolType) + ", bus " + Number(info.busType) + "\n";
     }
-    return lines.Take();
+    for (const MessageRecords& message : database.messages) {
+        text += MessageLine(message);
+        for (const SignalRecords& signal : message.signals) {
+            text += SignalLine(signal);
+            for (const CanEnumRecord& description : signal.enums) {
+                text += "    " + Number(description.value) + " " + Quoted(description.text) + "\n";
+            }
+        }
+    }
+    return text;
 }
 
 std::string ErrorText(const DatabaseRecords& database) {
-    FieldLines lines;
-    for (std::size_t at = 0; at < database.errors.size(); ++at) {
-        const ParseError& error = database.errors[at];
-        lines.Start(0, "error " + std::to_string(at) + ':').Number("code", error.code);
-        lines.Number("line", error.line).Text("text", error.text);
+    std::string text;
+    for (const ParseError& error : database.errors) {
+        text += "error " + Number(error.code) + " at line " + Number(error.line) + ": " +
+                Quoted(error.text) + "\n";
     }
-    return lines.Take();
+    return text;
 }
 
 std::string QuotedText(std::string_view text) {
-    constexpr std::string_view Digits = "0123456789abcdef";
-    std::string quoted = "\"";
-    for (const char ch : text) {
-        const auto byte = static_cast<unsigned char>(ch);
-        if (ch == '"' || ch == '\\') {
-            quoted.append(1, '\\').append(1, ch);
-        } else if (ch == '\n') {
-            quoted += "\\n";
-        } else if (ch == '\r') {
-            quoted += "\\r";
-        } else if (ch == '\t') {
-            quoted += "\\t";
-        } else if (byte < 32 || byte == 127) {
-            quoted.append("\\x").append(1, Digits[byte / 16]).append(1, Digits[byte % 16]);
-        } else {
-            quoted += ch;
-        }
-    }
-    return quoted + '"';
+    return Quoted(text, "\"\\");
 }
 
 }  // namespace vexil::test
