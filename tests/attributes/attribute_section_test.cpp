@@ -13,20 +13,7 @@ using test::Text;
 
 class WriteAttributeSection : public test::ModelTest {
   protected:
-    std::string Section(std::uint32_t order = OrderAsStored) const {
-        return Written(vexil::WriteAttributeSection, order);
-    }
-
-    // Messages Bx, Cx and Ax with the ids 5, 100 and 7, each with one signal; long names differ.
-    static void AddThreeMessages() {
-        for (const auto& [id, name] :
-             {std::pair{5U, "Bx"}, std::pair{100U, "Cx"}, std::pair{7U, "Ax"}}) {
-            CANMessage& message = AddMessage(id, name);
-            message.longName = database.arena.Keep(std::string("long ") + name);
-            AddSignal(message, "S").longName =
-                database.arena.Keep(std::string("signal of ") + name);
-        }
-    }
+    std::string Section() const { return Written(vexil::WriteAttributeSection); }
 };
 
 TEST_F(WriteAttributeSection, WritesNothingForAPlainDatabase) {
@@ -96,26 +83,6 @@ TEST_F(WriteAttributeSection, WritesTheLongNameOfTheOneSignalThatHasOne) {
                                "BA_ \"Marrowby_Sig_Name\" SG_ 2147483938 T \"T \";"}));
 }
 
-TEST_F(WriteAttributeSection, WritesNoSignalLinesForSignalsWhoseNamesAgree) {
-    CANMessage& message = AddMessage(1, "A");
-    message.longName = "Long";
-    AddSignal(message, "S");
-    EXPECT_EQ(Section(), Text({"BA_DEF_ BO_ \"Marrowby_Msg_Name\" STRING ;",
-                               "BA_DEF_DEF_ \"Marrowby_Msg_Name\" \"\";",
-                               "BA_ \"Marrowby_Msg_Name\" BO_ 1 \"Long\";"}));
-}
-
-TEST_F(WriteAttributeSection, WritesTheFullNameOfASuffixedSignal) {
-    CANMessage& message = AddMessage(1, "A");
-    AddSignal(message, "S");
-    AddSignal(message, "S");
-    message.MakeSignalNamesUnique(database.arena);
-    EXPECT_EQ(Section(), Text({"BA_DEF_ SG_ \"Marrowby_Sig_Name\" STRING ;",
-                               "BA_DEF_DEF_ \"Marrowby_Sig_Name\" \"\";",
-                               "BA_ \"Marrowby_Sig_Name\" SG_ 1 S_0000 \"S\";",
-                               "BA_ \"Marrowby_Sig_Name\" SG_ 1 S_0001 \"S\";"}));
-}
-
 TEST_F(WriteAttributeSection, WritesAnEmptyLongName) {
     AddMessage(1, "A").longName = "";
     EXPECT_EQ(Section(), Text({"BA_DEF_ BO_ \"Marrowby_Msg_Name\" STRING ;",
@@ -142,34 +109,6 @@ TEST_F(WriteAttributeSection, WritesOneLineForSignalsOfOneIdAndName) {
                                "BA_DEF_DEF_ \"Marrowby_Sig_Name\" \"\";",
                                "BA_ \"Marrowby_Sig_Name\" SG_ 1 S \"first\";",
                                "BA_ \"Marrowby_Sig_Name\" SG_ 1 T \"fourth\";"}));
-}
-
-TEST_F(WriteAttributeSection, WritesValuesInTheWriteOrder) {
-    AddThreeMessages();
-    const std::string definitions = Text(
-        {"BA_DEF_ BO_ \"Marrowby_Msg_Name\" STRING ;", "BA_DEF_ SG_ \"Marrowby_Sig_Name\" STRING ;",
-         "BA_DEF_DEF_ \"Marrowby_Msg_Name\" \"\";", "BA_DEF_DEF_ \"Marrowby_Sig_Name\" \"\";"});
-    EXPECT_EQ(Section(OrderByIdDescending),
-              definitions + Text({"BA_ \"Marrowby_Msg_Name\" BO_ 100 \"long Cx\";",
-                                  "BA_ \"Marrowby_Msg_Name\" BO_ 7 \"long Ax\";",
-                                  "BA_ \"Marrowby_Msg_Name\" BO_ 5 \"long Bx\";",
-                                  "BA_ \"Marrowby_Sig_Name\" SG_ 100 S \"signal of Cx\";",
-                                  "BA_ \"Marrowby_Sig_Name\" SG_ 7 S \"signal of Ax\";",
-                                  "BA_ \"Marrowby_Sig_Name\" SG_ 5 S \"signal of Bx\";"}));
-    EXPECT_EQ(Section(OrderByNameAscending),
-              definitions + Text({"BA_ \"Marrowby_Msg_Name\" BO_ 7 \"long Ax\";",
-                                  "BA_ \"Marrowby_Msg_Name\" BO_ 5 \"long Bx\";",
-                                  "BA_ \"Marrowby_Msg_Name\" BO_ 100 \"long Cx\";",
-                                  "BA_ \"Marrowby_Sig_Name\" SG_ 7 S \"signal of Ax\";",
-                                  "BA_ \"Marrowby_Sig_Name\" SG_ 5 S \"signal of Bx\";",
-                                  "BA_ \"Marrowby_Sig_Name\" SG_ 100 S \"signal of Cx\";"}));
-    EXPECT_EQ(Section(OrderAsStored),
-              definitions + Text({"BA_ \"Marrowby_Msg_Name\" BO_ 5 \"long Bx\";",
-                                  "BA_ \"Marrowby_Msg_Name\" BO_ 100 \"long Cx\";",
-                                  "BA_ \"Marrowby_Msg_Name\" BO_ 7 \"long Ax\";",
-                                  "BA_ \"Marrowby_Sig_Name\" SG_ 5 S \"signal of Bx\";",
-                                  "BA_ \"Marrowby_Sig_Name\" SG_ 100 S \"signal of Cx\";",
-                                  "BA_ \"Marrowby_Sig_Name\" SG_ 7 S \"signal of Ax\";"}));
 }
 
 TEST_F(WriteAttributeSection, EscapesNothing) {

@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
-
-#include "support/token_twin.h"
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace vexil {
 namespace {
@@ -79,20 +79,6 @@ TEST(StatementTokens, TakesAnyNumberOfTokens) {
         text += "\"" + std::to_string(number) + ", x\",";
         expected.push_back("\"" + std::to_string(number) + " x\"");
         ASSERT_EQ(Split(text), expected);
-    }
-}
-
-TEST(StatementTokens, IsThePlainTwoPassesOnRandomTexts) {
-    constexpr unsigned Seed = 4711;
-    constexpr std::string_view Letters = "ab\"\"\"\\ \t\n;,";
-    std::mt19937 random(Seed);
-    for (int round = 0; round < 20000; ++round) {
-        std::string text(random() % 24, ' ');
-        for (char& ch : text) {
-            ch = Letters[random() % Letters.size()];
-        }
-        ASSERT_EQ(Split(text), test::TwinTokens(text, " \f\n\r\t\v;,"))
-            << "seed " << Seed << ", round " << round << ": " << text;
     }
 }
 

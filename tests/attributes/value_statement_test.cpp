@@ -163,14 +163,6 @@ TEST(ParseValueStatement, IsLostInFrontOfItsDefinition) {
     EXPECT_EQ(LinesOf(table.values), Lines{});
 }
 
-TEST(ParseValueStatement, DropsAValueWhoseDefinitionWasRefused) {
-    const ReadTable table({
-        "BA_DEF_ BO_ \"GenMsgCycleTime\" FLOAT 0 100;",
-        "BA_ \"GenMsgCycleTime\" BO_ 256 5;",
-    });
-    EXPECT_EQ(LinesOf(table.values), Lines{});
-}
-
 TEST(ParseValueStatement, StartsFromTheDefaultOfTheDefinition) {
     const ReadTable table({
         "BA_DEF_ BO_ \"GenMsgSendType\" ENUM \"A\",\"B\",\"C\";",

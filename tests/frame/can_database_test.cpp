@@ -71,19 +71,6 @@ TEST(CANDatabase, KeepsOnlyTheBusTypeAtAReset) {
     }
 }
 
-// The next text takes the memory of the one before.
-TEST(CANDatabase, ForgetsDescriptionsAtAReset) {
-    CANDatabase filled;
-    CANSignal signal;
-    for (const char* const text : {"on", "off"}) {
-        signal.notes.added = filled.arena.New<AddedDescription>(1, filled.arena.Keep(text));
-        EXPECT_EQ(EnumsOf(filled.DescriptionsOf(signal)), (EnumPairs{{1, text}}));
-        EXPECT_EQ(EnumsOf(filled.DescriptionsOf(CANSignal())), EnumPairs{});
-        EXPECT_EQ(EnumsOf(filled.DescriptionsOf(signal)), (EnumPairs{{1, text}}));
-        filled.Reset();
-    }
-}
-
 // Signals with a VAL_ statement each: one signal more than the database keeps descriptions of.
 class ManyLooks {
   public:

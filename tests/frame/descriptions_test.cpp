@@ -42,12 +42,6 @@ class DescriptionsTest : public testing::Test {
         return EnumsOf(descriptions);
     }
 
-    EnumPairs OfStatement(std::string_view text) {
-        Notes notes;
-        AddStatement(notes, text);
-        return EnumsOf(notes);
-    }
-
     Arena arena;
     Descriptions descriptions;
 };
@@ -55,30 +49,6 @@ class DescriptionsTest : public testing::Test {
 TEST_F(DescriptionsTest, AreNoneOfNotesThatAreNew) {
     EXPECT_EQ(descriptions.Count(), 0U);
     EXPECT_EQ(Look(Notes()), EnumPairs{});
-}
-
-TEST_F(DescriptionsTest, ArePairsOfANumberAndAQuotedText) {
-    EXPECT_EQ(OfStatement(" 2 \"two\" 0 \"zero\" 1 \"one\" ;\n"),
-              (EnumPairs{{0, "zero"}, {1, "one"}, {2, "two"}}));
-    EXPECT_EQ(OfStatement("\n+1 ohm\t\"T\xc3\xbcr\nb\" -1\"\";"),
-              (EnumPairs{{-1, ""}, {1, "T\xc3\xbcr\nb"}}));
-    for (const std::string_view text : {"", " ", " ;", " 1 ;", " x ;"}) {
-        EXPECT_EQ(OfStatement(text), EnumPairs{}) << text;
-    }
-}
-
-TEST_F(DescriptionsTest, ShiftByAQuoteWhereNoNumberIs) {
-    EXPECT_EQ(OfStatement(" x \"1\" 2 \"3\" 4 \""), (EnumPairs{{1, " 2 "}, {3, " 4 "}}));
-    EXPECT_EQ(OfStatement(" x \"1\" 2 \"b\";"), (EnumPairs{{1, " 2 "}}));
-    EXPECT_EQ(OfStatement(" 2147483648 \"x\" 1 \"a\";"), (EnumPairs{{1, "a"}}));
-    EXPECT_EQ(OfStatement("\"\"1\"a\""), (EnumPairs{{1, "a"}}));
-    EXPECT_EQ(OfStatement(" x \"y"), EnumPairs{});
-    EXPECT_EQ(OfStatement(" x \"1"), EnumPairs{});
-}
-
-TEST_F(DescriptionsTest, AreEmptyWhereTheStatementEndsAfterAnOpeningQuote) {
-    EXPECT_EQ(OfStatement(" 1 \"a\" 2 \""), (EnumPairs{{1, "a"}, {2, ""}}));
-    EXPECT_EQ(OfStatement(" 1 \"a\" 2 \"cut off ;\n"), (EnumPairs{{1, "a"}, {2, ""}}));
 }
 
 TEST_F(DescriptionsTest, AreInTheOrderOfTheSignedValues) {

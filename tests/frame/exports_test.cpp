@@ -31,17 +31,6 @@ class ExportsTest : public test::DatabaseTest {
     CANSignal* signal = nullptr;
 };
 
-TEST_F(ExportsTest, FailForATextThatCannotBeCut) {
-    database.messages[0].longName = invalidText;
-    signal->notes.SetComment(database.arena, invalidText);
-    auto messageRecord = Filled<CanMessageRecord>(Pattern);
-    EXPECT_EQ(VexilGetCanMessageData(0, &messageRecord), 0);
-    EXPECT_EQ(messageRecord.longName[0], '\0');
-    auto signalRecord = Filled<CanSignalRecord>(Pattern);
-    EXPECT_EQ(VexilGetCanSignalData(0, 0, &signalRecord), 0);
-    EXPECT_EQ(signalRecord.comment[0], '\0');
-}
-
 TEST_F(ExportsTest, LeaveTheValueOfADescriptionThatCannotBeCut) {
     const AddedDescription on{1, "on"};
     const AddedDescription invalid{2, invalidText, &on};

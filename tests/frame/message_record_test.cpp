@@ -234,17 +234,6 @@ TEST_F(MessageFillFromRecord, LosesTheLastByteOfAnArrayWithoutANul) {
     EXPECT_EQ(CommentOf(message.notes), std::string(254, 'c'));
 }
 
-TEST_F(MessageFillFromRecord, DropsACharacterThatIsCutOff) {
-    CanMessageRecord record = EngineRecord();
-    test::StoreText(record.longName, "Engine\xe2\x82");
-    test::StoreText(record.transmitter, "\xc3");
-    test::StoreText(record.comment, "text\xf0\x9f\x9a");
-    const CANMessage message = Taken(record);
-    EXPECT_EQ(message.longName, "Engine");
-    EXPECT_EQ(message.transmitter, "");
-    EXPECT_EQ(CommentOf(message.notes), "text");
-}
-
 TEST_F(MessageFillFromRecord, BringsTextsIntoShape) {
     CanMessageRecord record = EngineRecord();
     test::StoreText(record.longName, "1\tEngine\r\nspeed\v\f\x01");
@@ -268,14 +257,6 @@ TEST_F(MessageFillFromRecord, TakesEmptyTextsAndEveryNumber) {
     EXPECT_EQ(CommentOf(message.notes), "");
     EXPECT_EQ(message.id, 0xFFFFFFFFU);
     EXPECT_EQ(message.dlc, 0xFFFFFFFFU);
-}
-
-TEST_F(MessageFillFromRecord, KeepsAByteOrderMark) {
-    CanMessageRecord record = EngineRecord();
-    test::StoreText(record.longName, "\xef\xbb\xbfName");
-    const CANMessage message = Taken(record);
-    EXPECT_EQ(message.longName, "\xef\xbb\xbfName");
-    EXPECT_EQ(message.name, "_Name");
 }
 
 }  // namespace

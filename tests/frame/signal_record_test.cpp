@@ -126,25 +126,6 @@ TEST_F(SignalCopyToRecord, CutsTextsAtTheEndOfTheirArrays) {
     }
 }
 
-TEST_F(SignalCopyToRecord, CutsNoCharacter) {
-    for (const std::string character : {"e", "\xc3\xa9", "\xe2\x82\xac", "\xf0\x9f\x9a\x97"}) {
-        for (std::size_t front = 28; front <= 33; ++front) {
-            CANSignal signal = SpeedSignal();
-            const std::string unit = std::string(front, 'u') + character + "more text";
-            signal.unitUtf8 = unit;
-            SignalFields fields = speedFields;
-            fields.unitUtf8 = unit.substr(0, 32);
-            if (front < 32 && front + character.size() > 32) {
-                fields.unitUtf8.resize(front);
-            }
-            auto record = Filled<CanSignalRecord>(Pattern);
-            EXPECT_TRUE(signal.CopyToRecord(&record));
-            EXPECT_TRUE(SameBytes(record, RecordOf(fields)))
-                << character << " behind " << front << " bytes";
-        }
-    }
-}
-
 TEST_F(SignalCopyToRecord, CutsTheReceiverListWithinAName) {
     CANSignal signal = SpeedSignal();
     const std::string list = std::string(240, 'r') + ",ECU_1,ECU_2,ECU_3";
@@ -330,15 +311,6 @@ TEST_F(AddEnum, AddsTheTextAsItIs) {
     EXPECT_TRUE(signal.AddEnum(database.arena, &record));
     EXPECT_EQ(EnumsOf(signal.notes), (EnumPairs{{-7, "say \"on\"\tnow"}}));
     EXPECT_TRUE(SameBytes(record, RecordOf(EnumFields{-7, "say \"on\"\tnow"})));
-}
-
-TEST_F(AddEnum, KeepsBothTextsOfAValue) {
-    CANSignal signal;
-    for (const char* const text : {"on", "an", ""}) {
-        const CanEnumRecord record = RecordOf(EnumFields{3, text});
-        EXPECT_TRUE(signal.AddEnum(database.arena, &record));
-    }
-    EXPECT_EQ(EnumsOf(signal.notes), (EnumPairs{{3, "on - an - "}}));
 }
 
 TEST_F(AddEnum, RefusesInvalidText) {

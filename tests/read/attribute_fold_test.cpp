@@ -73,20 +73,6 @@ struct Row {
     std::string_view expected;
 };
 
-TEST_F(FoldReservedAttributes, LeavesAllAtItsDefaultWithoutAttributes) {
-    database.info = {ProtocolNmea, 7};
-    ReadWithMessages("");
-    EXPECT_EQ(DumpDatabase(),
-              "info 0/7\n"
-              "1 'A' 8 'N'\n"
-              "  'S' 0|8@1+ (1,0) [0|1] '' N\n"
-              "  'Two_Words' 0|8@1+ (1,0) [0|1] '' N long='Two Words'\n"
-              "2 'B' 8 'N'\n"
-              "  'S' 0|8@1+ (1,0) [0|1] '' N\n"
-              "1 'C' 8 'N'\n"
-              "  'S' 0|8@1+ (1,0) [0|1] '' N\n");
-}
-
 TEST_F(FoldReservedAttributes, CarriesAllNineIntoTheModel) {
     ReadWithMessages(
         "BA_DEF_ \"BusType\" STRING ;\n"
@@ -309,14 +295,6 @@ TEST_F(FoldReservedAttributes, SetsStartAndInactiveValuesOfSignalsByTheirIdentif
         ReadWithMessages(values);
         EXPECT_EQ(Values(attribute.member), "0 0 0 0 ");
     }
-}
-
-TEST_F(FoldReservedAttributes, DropsTheAttributesThatAreNotReserved) {
-    ReadWithMessages(
-        "BA_DEF_ BO_ \"GenMsgDelayTime\" INT 0 9;\nBA_ \"GenMsgDelayTime\" BO_ 1 5;\n"
-        "BA_DEF_ \"ProtocolType\" STRING ;\nBA_ \"ProtocolType\" \"J1939\";\n");
-    EXPECT_EQ(CycleTimes(), "0 0 0 ");
-    EXPECT_EQ(database.info.protocolType, ProtocolPlainCan);
 }
 
 }  // namespace

@@ -176,29 +176,5 @@ TEST_F(SignalComment, TakesTheNameOnlyUpToTheFirstQuote) {
               R"(''='Q\\" \\"x' )");
 }
 
-TEST_F(SignalComment, EscapesTheQuotesThatAreNot) {
-    struct Texts {
-        std::string_view first;   // what stands between the outer quotes
-        std::string_view second;  // the same of a second statement
-        std::string_view comment;
-    };
-    const std::vector<Texts> rows = {
-        {R"(a "quoted" word)", "", R"(a \"quoted\" word)"},
-        {R"(a \"quoted\" word)", "", R"(a \"quoted\" word)"},
-        {R"("all")", "", R"(\"all\")"},
-        {R"("")", "", R"(\"\")"},
-        {R"(a \\" b)", "", R"(a \\" b)"},
-        {R"(")", R"(")", R"(\"\")"},
-        {R"(ab\)", R"("cd)", R"(ab\"cd)"},
-        {R"(ab)", R"(\"cd)", R"(ab\"cd)"},
-        {R"(a "b")", R"("c" d)", R"(a \"b\"\"c\" d)"},
-    };
-    for (const Texts& row : rows) {
-        Comments(Concat("CM_ SG_ 5 S \"", row.first, "\";\nCM_ SG_ 5 S \"", row.second, "\";"));
-        EXPECT_EQ(CommentOf(database.messages[0].signals[0]->notes), row.comment)
-            << row.first << " and " << row.second;
-    }
-}
-
 }  // namespace
 }  // namespace vexil

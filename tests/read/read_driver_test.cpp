@@ -43,15 +43,6 @@ TEST_F(ReadDbcFile, HandlesTheStatementThatTheEndOfTheFileCuts) {
     EXPECT_EQ(DumpDatabase(), "error 0 @0 'BO_'\n");
 }
 
-TEST_F(ReadDbcFile, ReadsLinesThatEndInCarriageReturnAndLineFeed) {
-    EXPECT_EQ(ReadText("BO_ 1 A: 8 N\r\n SG_ S : 0|8@1+ (1,0) [0|1] \"\" N\r\n"
-                       "CM_ BO_ 1 \"a\r\nb\";\r\nVAL_ 1 S 0 \"off\" ;\r\n"),
-              GoodRead);
-    EXPECT_EQ(DumpDatabase(),
-              "1 'A' 8 'N' comment='a\\r\\nb'\n"
-              "  'S' 0|8@1+ (1,0) [0|1] '' N enums={0:'off'}\n");
-}
-
 // -- Opening --
 
 TEST_F(ReadDbcFile, ReturnsTheCodeOfAPathThatCannotBeOpened) {
@@ -157,34 +148,6 @@ TEST_F(ReadDbcFile, KeepsAFullMessageOpenUntilTheNextStatementOfAnotherKind) {
     EXPECT_EQ(database.parseErrors[0].line, 10003U);
 }
 
-TEST_F(ReadDbcFile, RecordsOneErrorForAMessageThatIsRefusedWithItsSignals) {
-    std::string text = "BO_ x A: 8 N\n";
-    for (int number = 0; number < 5; ++number) {
-        text += Probe;
-    }
-    EXPECT_EQ(ReadText(text), GoodRead);
-    EXPECT_EQ(DumpDatabase(), "error 0 @1 'BO_ x A: 8 N\\n'\n");
-}
-
-TEST_F(ReadDbcFile, LosesTheSignalsBehindARefusedOneAndGoesOnWithTheNextMessage) {
-    ReadText(
-        "BO_ 1 A: 8 N\n"
-        " SG_ S1 : 0|8@1+ (1,0) [0|1] \"\" N\n"
-        " SG_ S2 : 0|8@1+ (1,0) [0|1] \"\" N\n"
-        " SG_ S3 : 0|8@1+ (1,0) [0] \"\" N\n"
-        " SG_ S4 : 0|8@1+ (1,0) [0|1] \"\" N\n"
-        " SG_ S5 : 0|8@1+ (1,0) [0|1] \"\" N\n"
-        "BO_ 2 B: 8 N\n"
-        " SG_ S6 : 0|8@1+ (1,0) [0|1] \"\" N\n");
-    EXPECT_EQ(DumpDatabase(),
-              "1 'A' 8 'N'\n"
-              "  'S1' 0|8@1+ (1,0) [0|1] '' N\n"
-              "  'S2' 0|8@1+ (1,0) [0|1] '' N\n"
-              "2 'B' 8 'N'\n"
-              "  'S6' 0|8@1+ (1,0) [0|1] '' N\n"
-              "error 6 @4 'SG_ S3 : 0|8@1+ (1,0) [0] \"\" N\\n'\n");
-}
-
 // -- Handlers --
 
 TEST_F(ReadDbcFile, GivesEachKindOfStatementToItsHandlerOrDropsIt) {
@@ -287,14 +250,6 @@ TEST_F(ReadDbcFile, StartsFromNothingButKeepsTheBusTypeThatAFileDoesNotTell) {
     EXPECT_EQ(DumpDatabase(), "info 0/1\n2 'B' 8 'N'\n");
     ReadText("BA_DEF_ \"BusType\" STRING ;\n");
     EXPECT_EQ(DumpDatabase(), "");
-}
-
-TEST_F(ReadDbcFile, SucceedsOnAFileOfNothingButBadStatements) {
-    EXPECT_EQ(ReadText("BO_ a\nBO_ 1 b\nBO_ 1 c:\nSG_ d\nVAL_ x\nCM_ y\nBA_ z\n"), GoodRead);
-    EXPECT_EQ(DumpDatabase(),
-              "error 0 @1 'BO_ a'\n"
-              "error 1 @2 'BO_ 1 b'\n"
-              "error 2 @3 'BO_ 1 c:'\n");
 }
 
 TEST_F(ReadDbcFile, GivesARefusedStatementTheNumberOfTheLineAboveTheNextKeyword) {

@@ -62,19 +62,6 @@ TEST_F(SignalStatement, IsTakenFromEachBeginningForWhatItIs) {
                        });
 }
 
-TEST_F(SignalStatement, GoesToTheLastMessage) {
-    test::ReadText(
-        "BO_ 1 A: 8 N\n"
-        "BO_ 2 B: 8 N\n"
-        " SG_ S : 0|8@1+ (1,0) [0|1] \"\" N\n"
-        " SG_ T : 8|8@1+ (1,0) [0|1] \"\" N\n");
-    EXPECT_EQ(test::DumpDatabase(),
-              "1 'A' 8 'N'\n"
-              "2 'B' 8 'N'\n"
-              "  'S' 0|8@1+ (1,0) [0|1] '' N\n"
-              "  'T' 8|8@1+ (1,0) [0|1] '' N\n");
-}
-
 TEST_F(SignalStatement, IsRecordedWhenItIsRefusedAndNothingElseIsKeptOfIt) {
     test::ReadText(
         "BO_ 1 A: 8 N\n"

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <map>
-#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -178,35 +176,6 @@ TEST_F(ValueDescriptions, ArePairsOfNumberAndText) {
             {"", ""},
             {" 0;", ""},
         });
-}
-
-TEST_F(ValueDescriptions, JoinTheTextsOfAValueThatStandsTwice) {
-    CheckRows("VAL_ 5 S 0 \"a\" 0 \"b\" 0 \"c\";\n",
-              {
-                  {"", "0:'a - b - c'"},
-                  {"VAL_ 5 S 1 \"x\" 0 \"\";", "0:'a - b - c - ',1:'x'"},
-                  {"VAL_ 5 S 1 \"x\" 0 \"\";\nVAL_ 5 S 0 \"d\";", "0:'a - b - c -  - d',1:'x'"},
-              });
-}
-
-TEST_F(ValueDescriptions, AreSortedAndJoinedWhateverTheirOrder) {
-    std::mt19937 random(1);
-    std::map<std::int32_t, std::string> expected;
-    std::string statement = "VAL_ 5 S";
-    for (int number = 0; number < 2000; ++number) {
-        const std::int32_t value = static_cast<std::int32_t>(random() % 500) - 250;
-        const std::string text = std::to_string(number);
-        statement += Concat(" ", std::to_string(value), " \"", text, "\"");
-        const auto [entry, isNew] = expected.emplace(value, text);
-        if (!isNew) {
-            entry->second += Concat(" - ", text);
-        }
-    }
-    std::string enums;
-    for (const auto& [value, text] : expected) {
-        enums += Concat(enums.empty() ? "" : ",", std::to_string(value), ":'", text, "'");
-    }
-    CheckRows(statement, {{";", enums}});
 }
 
 TEST_F(ValueDescriptions, ShiftByOneQuoteBehindABadNumber) {

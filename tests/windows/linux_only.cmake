@@ -24,7 +24,6 @@ set(linux_only_golden_tests
     Topics/Golden.HasItsRecords/crlf                            # has carriage returns in texts
     Topics/Golden.HasItsErrors/crlf)                            # likewise
 set(linux_only_read_tests
-    ReadDbcFile.ReadsLinesThatEndInCarriageReturnAndLineFeed    # keeps the carriage return
     ReadDbcFile.ReturnsAStreamErrorWhenReadingFails)            # reads a folder
 set(linux_only_text_tests
     FullDeviceTest.*                                            # writes to /dev/full

@@ -1,8 +1,5 @@
 // Tests of write/unique_names.cpp.
 // SPDX-License-Identifier: MIT
-#include <random>
-
-#include "support/unique_names_twin.h"
 #include "write/model.h"
 
 namespace vexil {
@@ -81,15 +78,6 @@ TEST_F(AddUniqueSuffix, ReplacesASuffixThatItGave) {
     EXPECT_EQ(plain.name, "S_0007_0012");
 }
 
-TEST_F(AddUniqueSuffix, ChangesNothingButTheName) {
-    CANSignal& signal = Signal("S");
-    signal.longName = "Long";
-    signal.rawName = "Raw";
-    AddSuffix(signal, 0);
-    EXPECT_EQ(signal.longName, "Long");
-    EXPECT_EQ(signal.rawName, "Raw");
-}
-
 TEST_F(BaseName, IsTheNameWithoutTheSuffixThatItWasGiven) {
     EXPECT_EQ(Signal("S_0007", true).BaseName(), "S");
     EXPECT_EQ(Signal("S_0007", false).BaseName(), "S_0007");
@@ -128,11 +116,6 @@ TEST_F(MakeSignalNamesUnique, LeavesUniqueNames) {
     ExpectPasses({"A", "B", ""}, {{false, {"A", "B", ""}}, {false, {"A", "B", ""}}});
 }
 
-TEST_F(MakeSignalNamesUnique, LeavesALongUniqueNameAtItsLength) {
-    const std::string name(40, 'x');
-    ExpectPasses({name, "A"}, {{false, {name, "A"}}});
-}
-
 TEST_F(MakeSignalNamesUnique, NumbersEqualNamesInTheirOrder) {
     const Names once = {"A_0000", "B", "A_0001", "A_0002"};
     ExpectPasses({"A", "B", "A", "A"}, {{true, once}, {true, once}, {true, once}});
@@ -143,31 +126,12 @@ TEST_F(MakeSignalNamesUnique, NumbersEachGroupOnItsOwn) {
     ExpectPasses({"A", "B", "A", "B", "C"}, {{true, once}, {true, once}});
 }
 
-TEST_F(MakeSignalNamesUnique, NumbersNamesWithoutCharacters) {
-    ExpectPasses({"", "A", ""}, {{true, {"_0000", "A", "_0001"}}});
-}
-
-TEST_F(MakeSignalNamesUnique, ComparesEveryByteAndTheCase) {
-    ExpectPasses({"Abc", "abc", "ABC", "Abc_"}, {{false, {"Abc", "abc", "ABC", "Abc_"}}});
-}
-
 TEST_F(MakeSignalNamesUnique, TakesASuffixOfTheFileForPartOfTheName) {
     ExpectPasses({"A_0000", "A_0000", "A_0000"},
                  {{true, {"A_0000_0000", "A_0000_0001", "A_0000_0002"}}});
     // So a name that looks like one of the suffixed ones stands twice for good.
     ExpectPasses({"A", "A", "A_0000"},
                  {{true, {"A_0000", "A_0001", "A_0000"}}, {true, {"A_0000", "A_0001", "A_0000"}}});
-}
-
-TEST_F(MakeSignalNamesUnique, LeavesTheNamesOfOtherMessages) {
-    CANMessage& first = AddMessage(1, "M");
-    CANMessage& second = AddMessage(1, "M");
-    AddSignal(first, "A");
-    AddSignal(second, "A");
-    EXPECT_FALSE(first.MakeSignalNamesUnique(database.arena));
-    EXPECT_FALSE(second.MakeSignalNamesUnique(database.arena));
-    EXPECT_EQ(SignalNames(first), (Names{"A"}));
-    EXPECT_EQ(SignalNames(second), (Names{"A"}));
 }
 
 TEST_F(MakeSignalNamesUnique, KeepsLongNamesAndMarksTheSuffix) {
@@ -178,15 +142,6 @@ TEST_F(MakeSignalNamesUnique, KeepsLongNamesAndMarksTheSuffix) {
     EXPECT_TRUE(message.signals[0]->hasNameSuffix);
     EXPECT_TRUE(message.signals[1]->hasNameSuffix);
     EXPECT_FALSE(message.signals[2]->hasNameSuffix);
-}
-
-TEST_F(MakeSignalNamesUnique, KeepsNamesOf27To32CharactersWithin32) {
-    const std::string letters = Base27 + "12345";
-    for (std::size_t size = 27; size <= 32; ++size) {
-        const std::string name = letters.substr(0, size);
-        ExpectPasses({name, name}, {{true, {Base27 + "_0000", Base27 + "_0001"}},
-                                    {true, {Base27 + "_0000", Base27 + "_0001"}}});
-    }
 }
 
 TEST_F(MakeSignalNamesUnique, MixesGroupsThatDifferOnlyBehindThe27thCharacter) {
@@ -238,13 +193,6 @@ TEST_F(MakeSignalNamesUnique, NumbersAfreshWhenASignalCameInBetween) {
     EXPECT_TRUE(message.signals[0]->hasNameSuffix);
 }
 
-TEST_F(MakeSignalNamesUnique, NumbersAFullMessage) {
-    CANMessage& message = MessageWith(Names(MaxSignalsPerMessage, "A"));
-    EXPECT_TRUE(message.MakeSignalNamesUnique(database.arena));
-    EXPECT_EQ(message.signals[0]->name, "A_0000");
-    EXPECT_EQ(message.signals[9999]->name, "A_9999");
-}
-
 TEST_F(MakeSignalNamesUnique, HasNoSuffixForMoreThan10000Signals) {
     CANMessage& message = MessageWith(Names(MaxSignalsPerMessage + 2, "A"));
     EXPECT_TRUE(message.MakeSignalNamesUnique(database.arena));
@@ -252,76 +200,6 @@ TEST_F(MakeSignalNamesUnique, HasNoSuffixForMoreThan10000Signals) {
     EXPECT_EQ(message.signals[10000]->name, "A");
     EXPECT_EQ(message.signals[10001]->name, "A");
     EXPECT_FALSE(message.signals[10001]->hasNameSuffix);
-}
-
-// -- Against the plain steps, on names that are made to meet --
-
-class RandomNames {
-  public:
-    explicit RandomNames(unsigned seed) : random(seed) {}
-
-    unsigned Below(unsigned limit) { return static_cast<unsigned>(random() % limit); }
-
-    // 24 to 32 characters of which at most the last eight are not fixed; now and then a short one.
-    std::string Name() {
-        if (Below(12) == 0) {
-            return std::string(Below(4), 'A') + (Below(2) == 0 ? "_0000" : "");
-        }
-        std::string name = Below(8) == 0 ? std::string(24, 'Y') : std::string(24, 'X');
-        for (unsigned more = Below(9); more != 0; --more) {
-            name += "A_0"[Below(4) == 0 ? Below(3) : 0];
-        }
-        if (name.size() <= 27 && Below(4) == 0) {
-            name += Below(2) == 0 ? "_0000" : "_0001";
-        }
-        return name;
-    }
-
-    test::TwinSignal Signal() {
-        test::TwinSignal signal{Name(), false};
-        if (Below(3) == 0) {
-            signal.name = signal.name.substr(0, 27) + "_000" + static_cast<char>('0' + Below(4));
-            signal.hasNameSuffix = true;
-        }
-        return signal;
-    }
-
-  private:
-    std::mt19937 random;
-};
-
-TEST_F(MakeSignalNamesUnique, IsThePlainStepsOnRandomNames) {
-    constexpr unsigned Seed = 20240;
-    constexpr int Rounds = 4000;
-    RandomNames random(Seed);
-    int duplicates = 0;
-    int unsettled = 0;
-    for (int round = 0; round < Rounds; ++round) {
-        std::vector<test::TwinSignal> twins(random.Below(14));
-        CANMessage message;
-        for (test::TwinSignal& twin : twins) {
-            twin = random.Signal();
-            AddSignal(message, twin.name).hasNameSuffix = twin.hasNameSuffix;
-        }
-        for (int pass = 0; pass < 4; ++pass) {
-            const std::vector<test::TwinSignal> before = twins;
-            const bool twinFound = TwinMakeSignalNamesUnique(twins);
-            ASSERT_EQ(message.MakeSignalNamesUnique(database.arena), twinFound)
-                << "seed " << Seed << ", round " << round << ", pass " << pass;
-            for (std::size_t at = 0; at < twins.size(); ++at) {
-                const CANSignal& signal = *message.signals[at];
-                ASSERT_EQ(signal.name, twins[at].name)
-                    << "seed " << Seed << ", round " << round << ", pass " << pass;
-                ASSERT_EQ(signal.hasNameSuffix, twins[at].hasNameSuffix)
-                    << "seed " << Seed << ", round " << round << ", pass " << pass;
-            }
-            duplicates += twinFound ? 1 : 0;
-            unsettled += pass > 0 && before != twins ? 1 : 0;
-        }
-    }
-    // The names would prove nothing if they never met, or only within a group.
-    EXPECT_GT(duplicates, Rounds);
-    EXPECT_GT(unsettled, Rounds / 50);
 }
 
 }  // namespace
