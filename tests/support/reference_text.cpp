@@ -1,4 +1,4 @@
-// Slow twins of the text functions: UTF-8, tokens, identifiers and numbers.
+// Plain forms of the text functions: UTF-8, tokens, identifiers and numbers.
 // SPDX-License-Identifier: MIT
 #include "support/reference_text.h"
 
@@ -131,6 +131,15 @@ bool IsValidUtf8(const std::string& text) {
     return true;
 }
 
+std::string CleanLine(std::string line) {
+    ReplaceInvalidUtf8(line);
+    std::erase_if(line, [](char ch) {
+        const auto byte = static_cast<unsigned char>(ch);
+        return (byte < 32 || byte == 127) && !IsSpace(ch);
+    });
+    return line;
+}
+
 bool MatchKeyword(const std::string& text, const std::string& keyword, std::uint64_t& end,
                   std::uint64_t from) {
     end = npos;
@@ -145,46 +154,25 @@ bool MatchKeyword(const std::string& text, const std::string& keyword, std::uint
     return text.compare(start, keyword.size(), keyword) == 0;
 }
 
+// A text that ends inside a character is cut before it: the lead byte of a character of two, three
+// or four bytes is among the last one, two or three bytes. Of an invalid text of at most three
+// bytes that cannot be cut so, nothing is left.
 bool Utf8FitLength(const std::string& text, std::uint64_t bufferSize, std::uint64_t& length) {
+    length = bufferSize < 2 ? 0 : bufferSize - 1;
+    if (bufferSize < 2 || text.size() < length || IsValidUtf8(text.substr(0, length))) {
+        return bufferSize >= 2;
+    }
+    const std::string start = text.substr(0, length);
+    constexpr std::array<unsigned, 3> Leads = {0xC0, 0xE0, 0xF0};
     length = 0;
-    if (bufferSize < 2) {
-        return false;
+    for (std::size_t cut = 1; cut <= Leads.size() && cut < start.size(); ++cut) {
+        const std::string front = start.substr(0, start.size() - cut);
+        if (Byte(start, front.size()) >= Leads[cut - 1] && IsValidUtf8(front)) {
+            length = front.size();
+            return true;
+        }
     }
-    const std::uint64_t n = bufferSize - 1;
-    length = n;
-    if (text.size() < n) {
-        return true;
-    }
-    const std::string span = text.substr(0, n);
-    if (IsValidUtf8(span)) {
-        return true;
-    }
-    length = 0;
-    if (n == 1) {
-        return true;
-    }
-    if (Byte(span, n - 1) >= 0xC0 && IsValidUtf8(span.substr(0, n - 1))) {
-        length = n - 1;
-        return true;
-    }
-    if (n == 2) {
-        return true;
-    }
-    if (Byte(span, n - 2) >= 0xE0 && IsValidUtf8(span.substr(0, n - 2))) {
-        length = n - 2;
-        return true;
-    }
-    if (n == 3) {
-        return true;
-    }
-    if (Byte(span, n - 3) < 0xF0) {
-        return false;
-    }
-    if (IsValidUtf8(span.substr(0, n - 3))) {
-        length = n - 3;
-        return true;
-    }
-    return false;
+    return start.size() <= Leads.size();
 }
 
 bool CopyUtf8Text(std::string& out, const char* buffer, std::uint64_t bufferSize) {

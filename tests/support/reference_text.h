@@ -1,13 +1,11 @@
-// Slow twins of the text functions, for tests that compare the library with them over random text.
-// They are written to be read: step after step, byte after byte, with a UTF-8 decoder, a keyword
-// table and strings of their own, and nothing of the library.
+// Plain forms of the text functions, for tests that compare the library with them over random text.
+// They have a UTF-8 decoder and a keyword table of their own, and use nothing of the library.
 // SPDX-License-Identifier: MIT
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 namespace vexil::test::reference {
 
@@ -44,19 +42,7 @@ bool TryParseI32(const std::string& text, std::int32_t& value);
 bool TryParseI64(const std::string& text, std::int64_t& value);
 bool TryParseDouble(const std::string& text, double& value);
 
-// A line as a reader keeps it: without broken UTF-8 and control characters.
+// The text with an underscore for each invalid byte, and without control characters.
 std::string CleanLine(std::string line);
-
-// What a reader of statements sees at one of them.
-struct Statement {
-    std::string text;
-    std::uint32_t lineNumber = 0;
-    std::uint32_t parseState = 0;
-
-    bool operator==(const Statement&) const = default;
-};
-
-// The statements of a file with these bytes, in their order.
-std::vector<Statement> CutIntoStatements(const std::string& file);
 
 }  // namespace vexil::test::reference

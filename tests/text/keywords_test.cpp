@@ -4,54 +4,19 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
+
+#include "support/reference_text.h"
 
 namespace vexil {
 namespace {
 
 TEST(KeywordTable, HasThirtyFiveRowsInThisOrder) {
-    const std::array<KeywordRow, 35> expected = {{
-        {"SG_", false},
-        {"CM_", true},
-        {"BO_", false},
-        {"VAL_", false},
-        {"BA_", true},
-        {"BA_DEF_", true},
-        {"SIG_VALTYPE_", false},
-        {"BU_", false},
-        {"BS_", false},
-        {"VERSION", false},
-        {"NS_", false},
-        {"EV_", false},
-        {"NS_DESC_", false},
-        {"CAT_DEF_", false},
-        {"CAT_", false},
-        {"FILTER", false},
-        {"BA_DEF_DEF_", false},
-        {"EV_DATA_", false},
-        {"ENVVAR_DATA_", false},
-        {"SGTYPE_", false},
-        {"SGTYPE_VAL_", false},
-        {"BA_DEF_SGTYPE_", false},
-        {"BA_SGTYPE_", false},
-        {"SIG_TYPE_REF_", false},
-        {"VAL_TABLE_", false},
-        {"SIG_GROUP_", false},
-        {"SIGTYPE_VALTYPE_", false},
-        {"BO_TX_BU_", false},
-        {"BA_DEF_REL_", false},
-        {"BA_REL_", false},
-        {"BA_DEF_DEF_REL_", false},
-        {"BU_SG_REL_", false},
-        {"BU_EV_REL_", false},
-        {"BU_BO_REL_", false},
-        {"SG_MUL_VAL_", false},
-    }};
-    ASSERT_EQ(keywordTable.size(), expected.size());
-    for (std::size_t row = 0; row < expected.size(); ++row) {
-        EXPECT_EQ(keywordTable[row].keyword, expected[row].keyword) << "row " << row;
-        EXPECT_EQ(keywordTable[row].needsSemicolon, expected[row].needsSemicolon) << "row " << row;
+    ASSERT_EQ(keywordTable.size(), test::reference::Keywords.size());
+    for (std::size_t row = 0; row < keywordTable.size(); ++row) {
+        const test::reference::Keyword& expected = test::reference::Keywords[row];
+        EXPECT_EQ(keywordTable[row].keyword, expected.text) << "row " << row;
+        EXPECT_EQ(keywordTable[row].needsSemicolon, expected.needsSemicolon) << "row " << row;
     }
 }
 
