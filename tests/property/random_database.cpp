@@ -14,61 +14,14 @@
 namespace vexil::test {
 namespace {
 
-constexpr std::string_view Pieces[] = {"a",
-                                       "b",
-                                       "Speed",
-                                       "Temp",
-                                       "rpm",
-                                       "km/h",
-                                       " ",
-                                       " ",
-                                       " ",
-                                       "  ",
-                                       ",",
-                                       ";",
-                                       ";\n",
-                                       "\"",
-                                       "\"",
-                                       "\\",
-                                       "\\\"",
-                                       "\n",
-                                       "\n ",
-                                       "\t",
-                                       "\r",
-                                       "\v",
-                                       "\f",
-                                       "\x01",
-                                       "\x1B",
-                                       "\x7F",
-                                       "\xC2\xB0",
-                                       "\xC3\xA4",
-                                       "\xE2\x82\xAC",
-                                       "\xF0\x9F\x99\x82",
-                                       "0",
-                                       "7",
-                                       "12",
-                                       "-",
-                                       ":",
-                                       "|",
-                                       "@",
-                                       "(",
-                                       ")",
-                                       "[",
-                                       "]",
-                                       "m",
-                                       "M",
-                                       "m1",
-                                       "BO_",
-                                       "SG_ ",
-                                       " VAL_ ",
-                                       " CM_\n",
-                                       "BA_DEF_ ",
-                                       "B\x01O_ ",
-                                       "_0000",
-                                       "x",
-                                       "abcdefgh"};
+constexpr auto Pieces =
+    Texts("a", "b", "Speed", "Temp", "rpm", "km/h", " ", " ", " ", "  ", ",", ";", ";\n", "\"",
+          "\"", "\\", "\\\"", "\n", "\n ", "\t", "\r", "\v", "\f", "\x01", "\x1B", "\x7F",
+          "\xC2\xB0", "\xC3\xA4", "\xE2\x82\xAC", "\xF0\x9F\x99\x82", "0", "7", "12", "-", ":", "|",
+          "@", "(", ")", "[", "]", "m", "M", "m1", "BO_", "SG_ ", " VAL_ ", " CM_\n", "BA_DEF_ ",
+          "B\x01O_ ", "_0000", "x", "abcdefgh");
 
-constexpr std::string_view NamePieces[] = {"A", "B", "a", "M", "m", "m1", "m3", "m1a", "Mode", "T"};
+constexpr auto NamePieces = Texts("A", "B", "a", "M", "m", "m1", "m3", "m1a", "Mode", "T");
 
 constexpr std::string_view LongNameEnds[] = {"", "x", "y", "_0000", "_0001", "xxxxx", "xxxxxxxx"};
 

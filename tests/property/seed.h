@@ -3,9 +3,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <cstdlib>
 #include <random>
+#include <string_view>
 
 namespace vexil::test {
 
@@ -13,6 +15,12 @@ inline std::uint32_t Seed() {
     const char* chosen = std::getenv("VEXIL64_TEST_SEED");
     return chosen == nullptr ? 640064
                              : static_cast<std::uint32_t>(std::strtoul(chosen, nullptr, 10));
+}
+
+// A list of texts to choose from.
+template <typename... Text>
+constexpr std::array<std::string_view, sizeof...(Text)> Texts(Text... texts) {
+    return {std::string_view(texts)...};
 }
 
 // Numbers that the standard fixes for a seed, so that a failure repeats on every platform.

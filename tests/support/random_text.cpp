@@ -10,80 +10,35 @@
 namespace vexil::test {
 namespace {
 
-using namespace std::string_view_literals;
+template <typename... Text>
+constexpr std::array<std::string_view, sizeof...(Text)> Texts(Text... texts) {
+    return {std::string_view(texts)...};
+}
 
 // The first and the last code point of each length, and what is odd beside the gaps.
-constexpr std::array validCharacters = {
-    "\x7e"sv,
-    "\xc2\x80"sv,
-    "\xc3\xa9"sv,
-    "\xdf\xbf"sv,
-    "\xe0\xa0\x80"sv,
-    "\xe2\x82\xac"sv,
-    "\xed\x9f\xbf"sv,
-    "\xee\x80\x80"sv,
-    "\xef\xbb\xbf"sv,
-    "\xef\xbf\xbe"sv,
-    "\xef\xbf\xbf"sv,
-    "\xf0\x90\x80\x80"sv,
-    "\xf0\x9f\x9a\x97"sv,
-    "\xf4\x8f\xbf\xbf"sv,
-};
+constexpr auto validCharacters =
+    Texts("\x7e", "\xc2\x80", "\xc3\xa9", "\xdf\xbf", "\xe0\xa0\x80", "\xe2\x82\xac",
+          "\xed\x9f\xbf", "\xee\x80\x80", "\xef\xbb\xbf", "\xef\xbf\xbe", "\xef\xbf\xbf",
+          "\xf0\x90\x80\x80", "\xf0\x9f\x9a\x97", "\xf4\x8f\xbf\xbf");
 
 // Lone leads and continuations, cut characters, overlong forms, surrogates, beyond the last code
 // point, bytes that never occur.
-constexpr std::array brokenUtf8 = {
-    "\x80"sv,
-    "\xbf"sv,
-    "\xc2"sv,
-    "\xdf"sv,
-    "\xe2"sv,
-    "\xe2\x82"sv,
-    "\xf0"sv,
-    "\xf0\x9f"sv,
-    "\xf0\x9f\x9a"sv,
-    "\xc0\x80"sv,
-    "\xc1\xbf"sv,
-    "\xe0\x80\x80"sv,
-    "\xe0\x9f\xbf"sv,
-    "\xf0\x80\x80\x80"sv,
-    "\xf0\x8f\xbf\xbf"sv,
-    "\xed\xa0\x80"sv,
-    "\xed\xbf\xbf"sv,
-    "\xf4\x90\x80\x80"sv,
-    "\xf5\x80\x80\x80"sv,
-    "\xf8\x88\x80\x80\x80"sv,
-    "\xfe"sv,
-    "\xff"sv,
-};
+constexpr auto brokenUtf8 =
+    Texts("\x80", "\xbf", "\xc2", "\xdf", "\xe2", "\xe2\x82", "\xf0", "\xf0\x9f", "\xf0\x9f\x9a",
+          "\xc0\x80", "\xc1\xbf", "\xe0\x80\x80", "\xe0\x9f\xbf", "\xf0\x80\x80\x80",
+          "\xf0\x8f\xbf\xbf", "\xed\xa0\x80", "\xed\xbf\xbf", "\xf4\x90\x80\x80",
+          "\xf5\x80\x80\x80", "\xf8\x88\x80\x80\x80", "\xfe", "\xff");
 
-constexpr std::array separators = {";"sv, ":"sv, ","sv, "|"sv,  "@"sv,  "("sv,
-                                   ")"sv, "["sv, "]"sv, "\""sv, "\\"sv, "_"sv};
+constexpr auto separators = Texts(";", ":", ",", "|", "@", "(", ")", "[", "]", "\"", "\\", "_");
 
-constexpr std::array words = {"Engine"sv,     "x1"sv,   "7"sv,  "007"sv, "-1"sv,
-                              "4294967295"sv, "8@1+"sv, "SG"sv, "BO"sv,  "_"sv};
+constexpr auto words =
+    Texts("Engine", "x1", "7", "007", "-1", "4294967295", "8@1+", "SG", "BO", "_");
 
-constexpr std::array numbers = {"0"sv,
-                                "1"sv,
-                                "7"sv,
-                                "007"sv,
-                                "255"sv,
-                                "2147483647"sv,
-                                "2147483648"sv,
-                                "2147483649"sv,
-                                "4294967294"sv,
-                                "4294967295"sv,
-                                "4294967296"sv,
-                                "4294967297"sv,
-                                "9223372036854775807"sv,
-                                "9223372036854775808"sv,
-                                "9223372036854775809"sv,
-                                "18446744073709551615"sv,
-                                "18446744073709551616"sv,
-                                "99999999999999999999999"sv,
-                                "000000001"sv,
-                                "999999999"sv,
-                                "294967297"sv};
+constexpr auto numbers =
+    Texts("0", "1", "7", "007", "255", "2147483647", "2147483648", "2147483649", "4294967294",
+          "4294967295", "4294967296", "4294967297", "9223372036854775807", "9223372036854775808",
+          "9223372036854775809", "18446744073709551615", "18446744073709551616",
+          "99999999999999999999999", "000000001", "999999999", "294967297");
 
 }  // namespace
 
