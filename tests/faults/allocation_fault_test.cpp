@@ -2,7 +2,6 @@
 // call, nothing stays behind, and what follows a clear is as good as ever.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <filesystem>
 #include <functional>
 #include <locale>
 #include <memory>
@@ -146,23 +145,6 @@ TEST_F(AllocationFaultTest, EndsARead) {
     }
 }
 
-TEST_F(AllocationFaultTest, EndsAReadOverAFullDatabase) {
-    EXPECT_GT(SweepRead(Exhaustion::Once, [this] { Refill(); }), 30U);
-}
-
-TEST_F(AllocationFaultTest, EndsAReadOfEachSmallFile) {
-    std::size_t files = 0;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(VEXIL64_INPUTS)) {
-        if (entry.path().filename() == "input.dbc") {
-            SCOPED_TRACE(entry.path());
-            UseInput(test::ReadBytes(entry.path()));
-            EXPECT_GT(SweepRead(Exhaustion::Once, Clear), 3U);
-            ++files;
-        }
-    }
-    EXPECT_GT(files, 10U);
-}
-
 TEST_F(AllocationFaultTest, EndsAWriteInEachOrder) {
     for (const std::uint32_t order : {OrderByIdDescending, OrderByNameAscending, OrderAsStored}) {
         EXPECT_GT(SweepWrite(
@@ -281,28 +263,6 @@ TEST_F(AllocationFaultTest, ChangesNothingInAnAppendThatFails) {
     }
     Clear();
     EXPECT_EQ(LiveBlocks(), blocks);
-}
-
-// The list of messages grows in large steps.
-TEST_F(AllocationFaultTest, LosesNoMessageInAnAppendThatFails) {
-    Clear();
-    for (std::uint32_t id = 0; id < 300 && !HasFailure(); ++id) {
-        const CanMessageRecord record = test::RecordOf(test::MessageFields{.id = id});
-        std::size_t thrown = 1;
-        for (std::size_t n = 1; thrown != 0; ++n) {
-            EXPECT_EQ(VexilGetNumCanMessages(), id);
-            const FailingAllocations failing(n, Exhaustion::Once);
-            try {
-                VexilAppendCanMessage(&record);
-            } catch (const std::bad_alloc&) {
-            }
-            thrown = failing.Thrown();
-        }
-    }
-    ASSERT_EQ(VexilGetNumCanMessages(), 300U);
-    for (std::uint32_t index = 0; index < 300; ++index) {
-        ExpectMessage(index, {.id = index});
-    }
 }
 
 // A fetch may have to sort and to join what came out of order.

@@ -33,7 +33,6 @@ struct State {
     int closed = NoDescriptor;      // of the file that was closed last
     std::size_t sizeLimit = std::numeric_limits<std::size_t>::max();
     std::size_t endsOfFile = 0;
-    std::size_t inherited = 0;
     std::vector<std::string> writes;
 };
 
@@ -122,10 +121,6 @@ const std::vector<std::string>& WatchedFileCalls::Writes() const {
     return state.writes;
 }
 
-std::size_t WatchedFileCalls::Inherited() const {
-    return state.inherited;
-}
-
 }  // namespace vexil::faults
 
 using namespace vexil::faults;
@@ -148,7 +143,6 @@ int open(const char* path, int flags, ...) {
     if (isWatching && descriptor >= 0) {
         state.descriptor = descriptor;
         state.closed = NoDescriptor;
-        state.inherited += (fcntl(descriptor, F_GETFD) & FD_CLOEXEC) == 0 ? 1 : 0;
     }
     return descriptor;
 }

@@ -41,9 +41,6 @@ class WatchedFileCalls {
 
     // What each call of Write was given.
     const std::vector<std::string>& Writes() const;
-
-    // How many files a program that the process starts would have inherited.
-    std::size_t Inherited() const;
 };
 
 }  // namespace vexil::faults

@@ -2,7 +2,6 @@
 // what was read or written until then stays, and no file stays open.
 // SPDX-License-Identifier: MIT
 #include <sys/resource.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -164,32 +163,11 @@ TEST_F(FileFaultTest, AProcessWithoutADescriptorLeftOpensNoFile) {
     EXPECT_EQ(Read(input), Success);
 }
 
-TEST_F(FileFaultTest, ProgramsThatTheHostStartsInheritNoFile) {
-    const WatchedFileCalls calls;
-    EXPECT_EQ(Read(input), Success);
-    EXPECT_EQ(Write(output), Success);
-    EXPECT_EQ(calls.Count(FileCall::Open), 2U);
-    EXPECT_EQ(calls.Inherited(), 0U);
-}
-
-TEST_F(FileFaultTest, ANewFileHasAllPermissionsThatTheProcessDoesNotMask) {
-    ASSERT_EQ(Read(input), Success);
-    const mode_t before = umask(026);
-    EXPECT_EQ(Write(output), Success);
-    umask(before);
-    EXPECT_EQ(std::filesystem::status(output).permissions(), std::filesystem::perms{0640});
-}
-
 // -- Reading ----------------------------------------------------------------------------------
 
 TEST_F(FileFaultTest, EachReadThatFailsLeavesTheLinesInFrontOfIt) {
     EXPECT_GT(FailEachRead(text, 97), 100U);
     EXPECT_EQ(FailEachRead("BO_ 1 A: 8 N\nBO_ 2 B: 8 N\n", 1), 27U);
-}
-
-TEST_F(FileFaultTest, EachReadOfALargeFileThatFailsLeavesTheLinesInFrontOfIt) {
-    EXPECT_GT(FailEachRead(LargeText(), Always), 3U);
-    EXPECT_GT(FailEachRead(LargeText(), 30'011), 8U);
 }
 
 // The line that the failure falls into is lost, also when it is the last and has no end.

@@ -20,7 +20,6 @@ using test::Outcome;
 using test::Success;
 
 constexpr Outcome NotOpened{0, StateOpenFailed};
-constexpr Outcome NotAPath{0, StatePathInvalid};
 constexpr Outcome StreamError{0, StateStreamError};
 
 constexpr const char* Text = "BO_ 1 A: 8 N\n SG_ S : 0|8@1+ (1,0) [0|1] \"\" R\n";
@@ -206,47 +205,6 @@ TEST_F(HostilePathTest, ANameMayHave255Bytes) {
         ExpectNotRead(tooLong, NotOpened);
         ExpectNotWritten(tooLong, NotOpened);
     }
-    fs::current_path(before);
-}
-
-// An invalid byte makes a path invalid, unless it is one of the last three and may begin a
-// character that is cut off by the end: that is dropped, and whatever stands behind it.
-TEST_F(HostilePathTest, AnInvalidByteRefusesOrEndsThePathByItsPlace) {
-    const fs::path before = fs::current_path();
-    fs::current_path(folder.File(""));
-    const std::string name = "network.dbc";
-    for (const unsigned invalid : {0x80U, 0xbfU, 0xc0U, 0xdfU, 0xe0U, 0xefU, 0xf0U, 0xffU}) {
-        for (std::size_t at = 0; at < name.size(); ++at) {
-            std::string damaged = name;
-            damaged[at] = static_cast<char>(invalid);
-            SCOPED_TRACE(testing::PrintToString(damaged));
-            const std::size_t cut = name.size() - at;
-            const bool isCutOff = (cut == 1 && invalid >= 0xc0) || (cut == 2 && invalid >= 0xe0) ||
-                                  (cut == 3 && invalid >= 0xf0);
-            if (isCutOff) {
-                EXPECT_EQ(Write(damaged), Success);
-                EXPECT_TRUE(fs::remove(name.substr(0, at)));
-            } else {
-                ExpectNotRead(damaged, NotAPath);
-                ExpectNotWritten(damaged, NotAPath);
-            }
-            EXPECT_TRUE(fs::is_empty("."));
-        }
-    }
-    fs::current_path(before);
-}
-
-TEST_F(HostilePathTest, ANulEndsThePathWhateverStandsBehindIt) {
-    const fs::path before = fs::current_path();
-    fs::current_path(folder.File(""));
-    const std::string name = "network.db\xff";
-    for (std::size_t at = 1; at + 1 < name.size(); ++at) {
-        std::string damaged = name;
-        damaged[at] = '\0';
-        EXPECT_EQ(Write(damaged.data(), SizeOf(damaged)), Success);
-        EXPECT_TRUE(fs::remove(name.substr(0, at)));
-    }
-    EXPECT_TRUE(fs::is_empty("."));
     fs::current_path(before);
 }
 

@@ -39,10 +39,7 @@ TEST_F(MessageStatement, TakesAllInFrontOfTheFirstColonAsTheName) {
         {"BO_ 1 Two Words: 8 N", "1 'Two_Words' 8 'N' long='Two Words'"},
         {"BO_ 1 \tTwo \n\t Words\r: 8 N", R"(1 'Two____Words' 8 'N' long='Two    Words')"},
         {"BO_ 1 3rd: 8 N", "1 '_rd' 8 'N' long='3rd'"},
-        {"BO_ 1 Gr\xC3\xB6\xC3\x9F"
-         "e: 8 N",
-         "1 'Gr__e' 8 'N' long='Gr\xC3\xB6\xC3\x9F"
-         "e'"},
+        {"BO_ 1 Gr\xC3\xB6\xC3\x9Fr: 8 N", "1 'Gr__r' 8 'N' long='Gr\xC3\xB6\xC3\x9Fr'"},
         {"BO_ 1 abcdefghijklmnopqrstuvwxyz012345: 8 N",
          "1 'abcdefghijklmnopqrstuvwxyz012345' 8 'N'"},
         {"BO_ 1 abcdefghijklmnopqrstuvwxyz0123456: 8 N",
