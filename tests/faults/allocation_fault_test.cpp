@@ -289,45 +289,6 @@ TEST_F(AllocationFaultTest, EndsAFetch) {
     EXPECT_EQ(fetch(), (Outcome{0, 0}));
 }
 
-// What a fetch puts in order, takes apart and puts together stays as it was when it fails.
-TEST_F(AllocationFaultTest, LosesNothingInAFetch) {
-    UseInput(
-        "BO_ 1 M: 8 N\n"
-        " SG_ A : 0|8@1+ (1,0) [0|0] \"\" N\n"
-        " SG_ A 5 : 0|8@1+ (1,0) [0|0] \"\" N\n"
-        " SG_ B : 0|8@1+ (1,0) [0|0] \"\" N\n"
-        "VAL_ 1 A 5 3 \"the first of the descriptions\" 1 \"the second of the descriptions\" ;\n"
-        "VAL_ 1 A 5 3 \"the third of the descriptions\" 2 \"the fourth of the descriptions\" ;\n");
-    const Step prepare = [this] {
-        Refill();
-        for (const std::int32_t value : {5, 6, 7, 2, 2, 3, 3}) {
-            AppendEnum(0, 2, {value, "A description that comes out of order"});
-        }
-    };
-    prepare();
-    const std::string expected = Dump();
-    for (const Exhaustion exhaustion : BothKinds) {
-        std::size_t failures = 1;
-        std::size_t n = 1;
-        for (; failures != 0; ++n) {
-            prepare();
-            {
-                const FailingAllocations failing(n, exhaustion);
-                for (std::uint32_t signal = 0; signal < 3; ++signal) {
-                    auto description = test::Filled<CanEnumRecord>(test::Pattern);
-                    try {
-                        VexilGetCanSignalEnumData(0, signal, 0, &description);
-                    } catch (const std::bad_alloc&) {
-                    }
-                }
-                failures = failing.Thrown() + failing.Refused();
-            }
-            EXPECT_TRUE(Dump() == expected) << "allocation " << n;
-        }
-        EXPECT_GT(n, 4U);
-    }
-}
-
 // The fetch that fails is the first of the signal, or the first after an append.
 TEST_F(AllocationFaultTest, JoinsInOrderWhatIsAppendedAfterAFetchThatFailed) {
     UseInput(

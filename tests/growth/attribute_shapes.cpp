@@ -4,7 +4,6 @@
 #include <array>
 #include <utility>
 
-#include "colliding_names.h"
 #include "shape_text.h"
 #include "shapes.h"
 #include "vexil64.h"
@@ -132,28 +131,6 @@ Input SignalsAndValues(std::size_t size) {
     return input;
 }
 
-// Values of signals whose names make keys of one hash, where the key is composed with "$$" between
-// name, owner and type.
-Input ValuesOfOneHash(std::size_t size) {
-    static const std::vector<std::string> names =
-        CollidingNames(30000, "GenSigStartValue$$Sig$$1$$", 5);
-    Input input{std::string(StartValue)};
-    FillUpTo(input.text, size, [](std::size_t index) {
-        return "BA_ \"GenSigStartValue\" SG_ 1 " + names[index % names.size()] + " 5;\n";
-    });
-    return input;
-}
-
-// The same, where the name alone is hashed.
-Input ValuesOfNamesOfOneHash(std::size_t size) {
-    static const std::vector<std::string> names = CollidingNames(30000, std::string_view(), 0);
-    Input input{std::string(StartValue)};
-    FillUpTo(input.text, size, [](std::size_t index) {
-        return "BA_ \"GenSigStartValue\" SG_ 1 " + names[index % names.size()] + " 5;\n";
-    });
-    return input;
-}
-
 // Messages of id 1 with a signal of one name each, and a long name for all messages and one for all
 // signals.
 Input LongNamesOfManyOwners(std::size_t size) {
@@ -197,8 +174,6 @@ std::vector<Shape> AttributeShapes() {
         {"LongNameOfSignalsOfOneName",
          LongNameOfSignalsOfOneName,
          {{Phase::Write, Unit::WrittenByte, 10, 4, 64 * KiB}}},
-        {"ValuesOfOneHash", ValuesOfOneHash},
-        {"ValuesOfNamesOfOneHash", ValuesOfNamesOfOneHash},
         Statements("DefinitionsOfOneName", "", std::string(CycleTime)),
         Statements("EnumsOfOneName", "",
                    "BA_DEF_ BO_ \"GenMsgSendType\" ENUM \"a%\",\"b\",\"c\",\"d\",\"e\";\n"),

@@ -1,10 +1,8 @@
 // Comments, value types and value descriptions for few and for many owners.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <unordered_set>
 #include <utility>
 
-#include "colliding_names.h"
 #include "shape_text.h"
 #include "shapes.h"
 #include "vexil64.h"
@@ -73,12 +71,6 @@ std::string LongBeginning(std::size_t index) {
 // As many prefixes that could be names as words.
 std::string NameOfManyWords(std::size_t index) {
     return Repeated("a ", 100) + std::to_string(index);
-}
-
-std::string NameOfOneHash(std::size_t index) {
-    static const std::vector<std::string> names =
-        CollidingNames(MaxSignalsPerMessage, std::string_view(), 0);
-    return names[index];
 }
 
 // One message of up to MaxSignalsPerMessage signals, then statements that name one after the other.
@@ -275,23 +267,6 @@ Input LongCommentOfOneId(std::size_t size) {
     return input;
 }
 
-// Messages of ids that share one bucket of a table that has grown to take so many of them.
-Input CollidingIds(std::size_t size) {
-    constexpr std::size_t MessageSize = 50;  // bytes that a message and its comment take, about
-    std::unordered_set<std::uint32_t> table;
-    for (std::uint32_t number = 0; number < size / MessageSize; ++number) {
-        table.insert(number);
-    }
-    const std::uint64_t buckets = table.bucket_count();
-    const std::uint64_t ids = 0xFFFFFFFFU / buckets;
-    Input input;
-    input.messages = FillUpTo(input.text, size, [&](std::size_t index) {
-        const std::uint64_t id = buckets * (index % ids);
-        return MessageLine(id) + Numbered("CM_ BO_ ", id) + " \"t\";\n";
-    });
-    return input;
-}
-
 Shape Bounded(Shape shape, std::vector<Bound> bounds) {
     shape.bounds = std::move(bounds);
     return shape;
@@ -335,7 +310,6 @@ std::vector<Shape> OwnerShapes() {
         Statements("StatementsForLateDifferences", LateDifference, AllThree, true),
         Statements("StatementsForLongBeginnings", LongBeginning, AllThree, true),
         Statements("StatementsForNamesOfManyWords", NameOfManyWords, AllThree, true),
-        Statements("StatementsForNamesOfOneHash", NameOfOneHash, AllThree, true),
         Statements(
             "EmptyCommentsForOneName", [](std::size_t) { return "S"; }, EmptyComment),
         Statements(
@@ -386,7 +360,6 @@ std::vector<Shape> OwnerShapes() {
           {Phase::Write, Unit::WrittenByte, 20, 0, 64 * KiB}}},
         {"ManyIdsAndTheirStatements", ManyIdsAndTheirStatements},
         {"LongBeginningsOfAllNames", LongBeginningsOfAllNames},
-        {"CollidingIds", CollidingIds},
     };
 }
 

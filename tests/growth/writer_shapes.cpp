@@ -4,7 +4,6 @@
 #include <iterator>
 #include <utility>
 
-#include "colliding_names.h"
 #include "shape_text.h"
 #include "shapes.h"
 #include "vexil64.h"
@@ -74,25 +73,10 @@ std::string NameToBeChanged(std::size_t index) {
     return Numbered("S ", index) + "\xc2\xb5";
 }
 
-std::string NameOfOneHash(std::size_t index) {
-    static const std::vector<std::string> names =
-        CollidingNames(MaxSignalsPerMessage, std::string_view(), 0);
-    return names[index];
-}
-
 Input Transmitters(std::size_t size) {
     Input input;
     input.messages = FillUpTo(input.text, size, [](std::size_t index) {
         return MessageLine(index, "M", Numbered("N", index));
-    });
-    return input;
-}
-
-Input TransmittersOfOneHash(std::size_t size) {
-    static const std::vector<std::string> names = CollidingNames(50000, std::string_view(), 0);
-    Input input;
-    input.messages = FillUpTo(input.text, size, [](std::size_t index) {
-        return MessageLine(index, "M", names[index % names.size()]);
     });
     return input;
 }
@@ -141,11 +125,9 @@ std::vector<Shape> WriterShapes() {
         FullMessages("SignalsInGroups", NameOfHundredGroups),
         FullMessages("SignalsWithLongNames", LongName),
         FullMessages("SignalsToRename", NameToBeChanged),
-        FullMessages("SignalsOfOneHash", NameOfOneHash),
         {"ShortestSignals", ShortestSignals},
         {"ShortestMessagesWithASignal", ShortestMessagesWithASignal},
         {"Transmitters", Transmitters},
-        {"TransmittersOfOneHash", TransmittersOfOneHash},
         {"Receivers", Receivers},
         {"MessagesOfOneName", MessagesOfOneName},
         {"DescendingMessages", DescendingMessages},

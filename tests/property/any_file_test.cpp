@@ -144,25 +144,5 @@ TEST_F(AnyFile, MayBeAWrittenFileWithAnythingChanged) {
     });
 }
 
-// Without a unit the receivers begin one byte behind the range, which may be inside a character.
-TEST_F(AnyFile, MayHaveAnyCharacterInPlaceOfAUnit) {
-    Random random(Seed());
-    for (const std::string_view character :
-         {" ", "N", "\xC2\xB0", "\xE2\x82\xAC", "\xF0\x9F\x99\x82"}) {
-        ExpectSound(random, "BO_ 1 A: 8 B\n SG_ S : 0|8@1+ (1,0) [0|1]" + std::string(character) +
-                                " C,D\n SG_ T : 8|8@1+ (1,0) [0|1]" + std::string(character));
-    }
-}
-
-// A read ends with a stream error, and keeps what it has got, when the file is no file to be read.
-TEST_F(AnyFile, MayBeAFolder) {
-    const std::string noFile = folder.File("");
-    std::uint32_t code = 99;
-    EXPECT_EQ(
-        VexilReadDbcFile(noFile.c_str(), static_cast<std::uint32_t>(noFile.size() + 1), &code), 0);
-    EXPECT_TRUE(code == StateStreamError || code == StateOpenFailed) << code;
-    EXPECT_EQ(RecordText(FetchDatabase()), RecordText({}));
-}
-
 }  // namespace
 }  // namespace vexil::test

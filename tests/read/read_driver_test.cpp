@@ -45,35 +45,6 @@ TEST_F(ReadDbcFile, HandlesTheStatementThatTheEndOfTheFileCuts) {
 
 // -- Opening --
 
-TEST_F(ReadDbcFile, ReturnsTheCodeOfAPathThatCannotBeOpened) {
-    const test::TempFolder folder;
-    const std::string missing = folder.File("missing.dbc");
-    const std::string invalid =
-        "a\xFF"
-        "bcd";
-    struct Row {
-        std::string path;
-        std::uint32_t size;
-        std::uint32_t code;
-    };
-    const std::vector<Row> rows = {
-        {missing, static_cast<std::uint32_t>(missing.size() + 1), StateOpenFailed},
-        {missing, 261, StatePathTooLong},
-        {missing, 0, StatePathEmpty},
-        {"", 1, StatePathEmpty},
-        {invalid, 6, StatePathInvalid},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.path);
-        ReadText("BO_ 1 A: 8 N\nBO_ x\n");
-        database.info = {ProtocolNmea, BusCanFd};
-        std::uint32_t code = 99;
-        EXPECT_FALSE(vexil::ReadDbcFile(row.path.c_str(), row.size, code));
-        EXPECT_EQ(code, row.code);
-        EXPECT_EQ(DumpDatabase(), "info 0/1\n");
-    }
-}
-
 TEST_F(ReadDbcFile, ReturnsAStreamErrorWhenReadingFails) {
     const test::TempFolder folder;
     EXPECT_EQ(ReadPath(folder.File("")), (ReadResult{false, StateStreamError}));
@@ -220,15 +191,6 @@ TEST_F(ReadDbcFile, TakesAttributesWhereverTheyStandAmongTheMessages) {
 }
 
 // -- What a read leaves --
-
-// The dump tells what is left in them.
-TEST_F(ReadDbcFile, EmptiesTheTablesThatOnlyItNeeds) {
-    ReadText(
-        "BA_DEF_ BO_ \"GenMsgCycleTime\" INT 0 1000;\n"
-        "BO_ 1 A: 8 N\n"
-        "BA_ \"GenMsgCycleTime\" BO_ 1 100;\n");
-    EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N' cycle=100\n");
-}
 
 // Such a read empties no tables.
 TEST_F(ReadDbcFile, StartsWithoutTheTablesOfAReadThatRanOutOfMemory) {

@@ -263,14 +263,5 @@ TEST_F(ValueDescriptions, AreOfferedToEverySignalWhoseNameBeginsThem) {
     }
 }
 
-TEST_F(ValueDescriptions, ReachEachOfManyNamesThatBeginOneAnother) {
-    Read(Concat(Signal("A 1 2"), Signal("A"), Signal("A 1 2 3"), Signal("A 1"),
-                "VAL_ 5 A 1 2 3 \"x\" 0 \"y\" ;"));
-    EXPECT_EQ(Enums(0), "0:'y',3:'x'");
-    EXPECT_EQ(Enums(1), "0:'y',1:'x'");
-    EXPECT_EQ(Enums(2), "0:'y'");
-    EXPECT_EQ(Enums(3), "0:'y',2:'x'");
-}
-
 }  // namespace
 }  // namespace vexil

@@ -123,31 +123,6 @@ TEST(Utf8FitLength, RefusesWhatIsNoCharacter) {
                 {"\xf4\x8f\xbf\xbf abc", 9, true, 8}});
 }
 
-// A character across the cut goes whole, wherever in it the cut falls.
-TEST(Utf8FitLength, NeverCutsACharacter) {
-    for (const std::string_view character : {"e"sv, twoBytes, threeBytes, fourBytes}) {
-        for (std::size_t start = 0; start <= 32; ++start) {
-            std::string text(start, 'a');
-            text += character;
-            text.resize(100, 'b');
-            const std::size_t expected =
-                start < 32 && start + character.size() > 32 ? start : std::size_t{32};
-            std::uint64_t length = 99;
-            EXPECT_TRUE(Utf8FitLength(text, 33, length));
-            EXPECT_EQ(length, expected) << character.size() << " bytes at " << start;
-        }
-    }
-}
-
-TEST(Utf8FitLength, GivesAllOfATextThatFillsItsRoom) {
-    for (const std::string_view character : {"e"sv, twoBytes, threeBytes, fourBytes}) {
-        const std::string text = "abc" + std::string(character);
-        std::uint64_t length = 99;
-        EXPECT_TRUE(Utf8FitLength(text, text.size() + 1, length));
-        EXPECT_EQ(length, text.size());
-    }
-}
-
 TEST(Utf8FitLength, LooksAtNoByteBehindTheCut) {
     std::uint64_t length = 99;
     EXPECT_TRUE(Utf8FitLength("abcd\xff\xff\xff\xff", 5, length));
