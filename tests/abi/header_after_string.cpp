@@ -1,4 +1,4 @@
-// The public header behind standard ones, and twice: it minds neither. Compiling this is the test.
+// The public header after standard ones, and twice. Compiling this is the test.
 // SPDX-License-Identifier: MIT
 #include <string>
 #include <type_traits>

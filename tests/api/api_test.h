@@ -25,7 +25,7 @@ inline void PrintTo(const DatabaseInfo& info, std::ostream* out) {
 
 namespace vexil::test {
 
-// What a read or a write gives back.
+// The result and code of a read or write.
 struct Outcome {
     int result = -1;
     std::uint32_t code = 99;
@@ -61,7 +61,7 @@ class ApiTest : public testing::Test {
         return outcome;
     }
 
-    // With the NUL behind the path counted in.
+    // The size of the buffer includes the NUL.
     static Outcome Read(const std::string& name) { return Read(name.c_str(), SizeOf(name)); }
     static Outcome Write(const std::string& name, std::uint32_t order = OrderAsStored) {
         return Write(name.c_str(), SizeOf(name), order);

@@ -11,7 +11,7 @@ namespace {
 class FileFunctionsTest : public ApiTest {
   protected:
     // Expects that neither a read nor a write opens the file: a read empties the database but for
-    // the bus type, a write changes nothing, not even names that stand twice.
+    // the bus type, a write changes nothing, not even duplicate names.
     static void ExpectRefusal(const char* name, std::uint32_t size, std::uint32_t code) {
         VexilClearData();
         AppendMessageOf(1, {"A", "A"});
@@ -59,7 +59,7 @@ TEST_F(FileFunctionsTest, ReadFillsTheDatabaseFromTheFile) {
     ExpectEnum(0, 0, 1, {1, "On"});
 }
 
-TEST_F(FileFunctionsTest, WritePassesTheOrderOn) {
+TEST_F(FileFunctionsTest, WriteUsesTheGivenOrder) {
     const std::string b = "BO_ 5 b: 0 Marrowby\n\n";
     const std::string c = "BO_ 100 c: 0 Marrowby\n\n";
     const std::string a = "BO_ 7 a: 0 Marrowby\n\n";

@@ -24,16 +24,16 @@ class LocaleTest : public ApiTest {
         std::setlocale(LC_ALL, "C");
     }
 
-    // Sets a C locale with a decimal comma and leaves the C++ locale alone. Returns whether there
-    // is one.
+    // Sets a C locale with a decimal comma and does not change the C++ locale. Returns whether
+    // there is one.
     static bool SetDecimalComma() {
         return std::setlocale(LC_ALL, "de_DE.UTF-8") != nullptr ||
                std::setlocale(LC_ALL, "de_DE.utf8") != nullptr ||
                std::setlocale(LC_ALL, "German") != nullptr;  // the name of Windows
     }
 
-    // Sets a C++ locale with a decimal comma and groups of three and leaves the C locale alone: it
-    // has no name.
+    // Sets a C++ locale with a decimal comma and groups of three and does not change the C locale:
+    // it has no name.
     static void SetGroups() {
         std::locale::global(std::locale(std::locale::classic(), new CommaAndGroups));
     }
@@ -52,7 +52,7 @@ constexpr const char* Numbers =
     "BO_ 1000000 A: 1000 N\n"
     " SG_ S : 1234|5678@1+ (0.5,-1.5) [-1234567.25|0.1234567890123456] \"\" N\n";
 
-TEST_F(LocaleTest, ReadingTakesThePointOfTheCLocale) {
+TEST_F(LocaleTest, ReadUsesTheDecimalPointOfTheCLocale) {
     if (!SetDecimalComma()) {
         GTEST_SKIP() << "no locale with a decimal comma is installed";
     }
@@ -61,7 +61,7 @@ TEST_F(LocaleTest, ReadingTakesThePointOfTheCLocale) {
                        " SG_ S : 0|8@1+ (0.5,1.75) [-12.5|0.1234567890123456] \"\" N\n"
                        " SG_ T : 0|8@1+ (2,1,5) [-12,5|0,1234567890123456] \"\" N\n"),
               Success);
-    // What stands behind the point is no part of the number.
+    // The digits after the point are not part of the number.
     ExpectSignal(0, 0,
                  {.name = "S",
                   .longName = "S",
@@ -84,7 +84,7 @@ TEST_F(LocaleTest, ReadingTakesThePointOfTheCLocale) {
     EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), name.c_str());
 }
 
-TEST_F(LocaleTest, WritingTakesNothingOfTheCLocale) {
+TEST_F(LocaleTest, WriteIgnoresTheCLocale) {
     ASSERT_EQ(ReadText(Numbers), Success);
     const std::string line = "SG_ S : 1234|5678@1+ (0.5,-1.5) [-1234567.25|0.123456789] \"\" N";
     EXPECT_EQ(SignalLine(), line);
@@ -94,7 +94,7 @@ TEST_F(LocaleTest, WritingTakesNothingOfTheCLocale) {
     EXPECT_EQ(SignalLine(), line);
 }
 
-TEST_F(LocaleTest, WritingTakesPointAndGroupsOfTheCppLocale) {
+TEST_F(LocaleTest, WriteUsesPointAndGroupsOfTheCppLocale) {
     ASSERT_EQ(ReadText(Numbers), Success);
     SetGroups();
     const std::locale set;
@@ -104,7 +104,7 @@ TEST_F(LocaleTest, WritingTakesPointAndGroupsOfTheCppLocale) {
     EXPECT_EQ(std::locale(), set);
 }
 
-TEST_F(LocaleTest, ReadingTakesNothingOfTheCppLocale) {
+TEST_F(LocaleTest, ReadIgnoresTheCppLocale) {
     SetGroups();
     ASSERT_EQ(ReadText("BO_ 1 A: 8 N\n"
                        " SG_ S : 0|8@1+ (0.5,-1.5) [-12.5|0.1234567890123456] \"\" N\n"),

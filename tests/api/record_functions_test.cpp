@@ -146,7 +146,7 @@ TEST_F(RecordFunctionsTest, GetCanSignalEnumDataCutsTheTextAtACharacter) {
 
 TEST_F(RecordFunctionsTest, GetErrorDataFetchesTheErrorsOfTheReadInTheirOrder) {
     EXPECT_EQ(ReadText("BO_ x\nBO_ 1 A: 8 N\nSG_ bad\n"), Success);
-    // Appends and writes leave the errors alone.
+    // Appends and writes do not change the errors.
     AppendMessage({.id = 2});
     EXPECT_EQ(Write(folder.File("out.dbc")), Success);
     EXPECT_EQ(VexilGetNumCanErrors(), 2U);

@@ -1,4 +1,4 @@
-// Attributes of tests: made in one line, and told in one line that leaves out what is a default.
+// Attributes for tests: made in one line, and described in one line without their defaults.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -17,7 +17,7 @@ namespace vexil::test {
 
 using Lines = std::vector<std::string>;
 
-// Texts are views: those that are given must outlive what is made of them.
+// Texts are views: they must outlive the attributes and values.
 
 inline Attribute MakeAttribute(AttributeObjectKind kind, std::string_view name,
                                AttributeValueType type) {
@@ -153,7 +153,7 @@ class ReadTable : public AttributeTable {
     }
 
     void Read(std::string_view statement) {
-        // From memory that goes away, as that of a file does.
+        // From memory that is freed, like that of a file.
         const std::string text(statement);
         if (text.starts_with("BA_DEF_DEF_")) {
             ParseDefaultStatement(*this, arena, text);

@@ -1,4 +1,4 @@
-// Tests of attributes/attribute_section.h: a model in, lines out.
+// Tests of attributes/attribute_section.h: from a model to lines.
 // SPDX-License-Identifier: MIT
 #include "attributes/attribute_section.h"
 
@@ -40,7 +40,7 @@ TEST_F(WriteAttributeSection, WritesTenLinesForEverythingAtOnce) {
                          }));
 }
 
-TEST_F(WriteAttributeSection, WritesTheBusTypeOfCanFdAlone) {
+TEST_F(WriteAttributeSection, WritesTheBusTypeOnlyForCanFd) {
     AddMessage(1, "A");
     for (const std::uint32_t busType : {0U, 2U, 4294967295U}) {
         database.info.busType = busType;
@@ -51,7 +51,7 @@ TEST_F(WriteAttributeSection, WritesTheBusTypeOfCanFdAlone) {
                                "BA_DEF_DEF_ \"BusType\" \"CAN FD\";"}));
 }
 
-TEST_F(WriteAttributeSection, WritesTheProtocolThatThereIs) {
+TEST_F(WriteAttributeSection, WritesTheProtocol) {
     AddMessage(1, "A");
     for (const std::uint32_t protocol : {0U, 3U, 4294967295U}) {
         database.info.protocolType = protocol;
@@ -128,7 +128,7 @@ TEST_F(WriteAttributeSection, WritesNoneOfTheAttributesThatAreOnlyRead) {
     EXPECT_EQ(Section(), "");
 }
 
-TEST_F(WriteAttributeSection, LeavesTheTableOfTheDatabaseAlone) {
+TEST_F(WriteAttributeSection, LeavesTheAttributesOfTheDatabaseUnchanged) {
     Attribute left;
     left.name = "J1939PGN";
     database.attributes.AddDefinition(left);

@@ -123,7 +123,7 @@ TEST(AttributeTable, FindsEachOfManyValues) {
     EXPECT_EQ(table.values.Size(), 998U);
 }
 
-TEST(AttributeTable, StartsAfreshWhenCleared) {
+TEST(AttributeTable, IsEmptyAfterClear) {
     AttributeTable table;
     for (const int number : {1, 2}) {
         const Attribute& definition = Defined(table, Gen, "A", Int);

@@ -16,14 +16,14 @@ using test::Line;
 using test::MakeValue;
 using test::StrContent;
 
-// Entries at positions 0 to 4; one of them is a digit, one stands twice.
+// Entries at positions 0 to 4; one of them is a digit, one is there twice.
 Attribute EnumAttribute() {
     Attribute attribute = test::MakeAttribute(AttributeObjectKind::Msg, "E", Enum);
     attribute.enumValues = {"Cyclic", "Event", "1", "Event", "a b"};
     return attribute;
 }
 
-// The content told with its attribute.
+// The content described with its attribute.
 std::string Line(const Attribute& attribute, const AttributeContent& content) {
     return Line(MakeValue(attribute, 0, {}, content));
 }
@@ -51,7 +51,7 @@ TEST(Attribute, HoldsItsKindsAndTypesAsNumbers) {
     EXPECT_EQ(static_cast<std::uint32_t>(Str), 3U);
 }
 
-TEST(EnumText, IsTheEntryAtTheIndexOrNothing) {
+TEST(EnumText, ReturnsTheEntryAtTheIndexOrNothing) {
     const Attribute attribute = EnumAttribute();
     EXPECT_EQ(*attribute.EnumText(EnumContent(0)), "Cyclic");
     EXPECT_EQ(*attribute.EnumText(EnumContent(4)), "a b");
@@ -163,7 +163,7 @@ TEST(SetValueFromText, FindsAnEmptyEntryOfAnEnum) {
     EXPECT_EQ(content.enumIndex, 1);
 }
 
-TEST(SetValueFromText, SetsNothingInAnEnumWithoutEntries) {
+TEST(SetValueFromText, FailsForAnEnumWithoutEntries) {
     const Attribute attribute = test::MakeAttribute(AttributeObjectKind::Msg, "E", Enum);
     AttributeContent content;
     EXPECT_FALSE(attribute.SetValueFromText(content, "0"));
@@ -171,7 +171,7 @@ TEST(SetValueFromText, SetsNothingInAnEnumWithoutEntries) {
     EXPECT_EQ(Line(attribute, content), "Msg E Enum");
 }
 
-TEST(SetValueFromText, TakesWhatStandsBetweenTheQuotesOfAStr) {
+TEST(SetValueFromText, TakesTheTextBetweenTheQuotesOfAString) {
     const std::pair<std::string_view, std::string_view> cases[] = {
         {"\"CAN FD\"", "CAN FD"},
         {"\"\"", ""},
@@ -191,7 +191,7 @@ TEST(SetValueFromText, TakesWhatStandsBetweenTheQuotesOfAStr) {
     }
 }
 
-TEST(SetValueFromText, SetsNothingInAnAttributeOfNoKnownType) {
+TEST(SetValueFromText, IgnoresAnUnknownType) {
     for (const auto type : {Unsup, static_cast<AttributeValueType>(4)}) {
         const Attribute attribute = test::MakeAttribute(AttributeObjectKind::Gen, "U", type);
         AttributeContent content = IntContent(77);

@@ -67,7 +67,7 @@ std::string ValueLine(const Attribute& attribute, std::uint32_t messageId,
     return Appended(AppendValue, value);
 }
 
-TEST(AppendDefinition, IsTheLineOfEachKindAndType) {
+TEST(AppendDefinition, FormatsEachKindAndType) {
     EXPECT_EQ(DefinitionLine(IntAttribute(Gen, 0, 1, 1)), "BA_DEF_ \"A\" INT 0 1;");
     EXPECT_EQ(DefinitionLine(IntAttribute(Msg, -5, 65535, 9)), "BA_DEF_ BO_ \"A\" INT -5 65535;");
     EXPECT_EQ(DefinitionLine(MakeAttribute(Sig, "A", Int)),
@@ -79,11 +79,11 @@ TEST(AppendDefinition, IsTheLineOfEachKindAndType) {
               "BA_DEF_ SG_ \"A\" ENUM \"x\",\"\",\"y z\";");
 }
 
-TEST(AppendDefinition, OfAnEnumWithoutEntriesHasNothingBehindTheType) {
+TEST(AppendDefinition, FormatsAnEnumWithoutEntries) {
     EXPECT_EQ(DefinitionLine(MakeAttribute(Msg, "A", Enum)), "BA_DEF_ BO_ \"A\" ENUM;");
 }
 
-TEST(AppendDefault, IsTheLineOfEachTypeWithoutAKind) {
+TEST(AppendDefault, FormatsEachTypeWithoutItsKind) {
     for (const AttributeObjectKind kind : Kinds) {
         EXPECT_EQ(DefaultLine(IntAttribute(kind, 0, 1, -7)), "BA_DEF_DEF_ \"A\" -7;");
         EXPECT_EQ(DefaultLine(StrAttribute(kind, "CAN FD")), "BA_DEF_DEF_ \"A\" \"CAN FD\";");
@@ -93,7 +93,7 @@ TEST(AppendDefault, IsTheLineOfEachTypeWithoutAKind) {
     }
 }
 
-TEST(AppendValue, IsTheLineOfEachKindAndType) {
+TEST(AppendValue, FormatsEachKindAndType) {
     EXPECT_EQ(ValueLine(IntAttribute(Msg, 0, 1, -7), 256, ""), "BA_ \"A\" BO_ 256 -7;");
     EXPECT_EQ(ValueLine(StrAttribute(Msg, "Eng data"), 4294967295U, ""),
               "BA_ \"A\" BO_ 4294967295 \"Eng data\";");
@@ -104,15 +104,15 @@ TEST(AppendValue, IsTheLineOfEachKindAndType) {
     EXPECT_EQ(ValueLine(EnumAttribute(Sig, {"x", "y"}, 0), 5, "Rpm"), "BA_ \"A\" SG_ 5 Rpm 0;");
 }
 
-TEST(AppendValue, OfAMessageLeavesTheSignalOut) {
+TEST(AppendValue, IgnoresTheSignalNameOfAMessageAttribute) {
     EXPECT_EQ(ValueLine(IntAttribute(Msg, 0, 1, 1), 5, "Rpm"), "BA_ \"A\" BO_ 5 1;");
 }
 
-TEST(AppendValue, OfASignalWithoutANameKeepsBothBlanks) {
+TEST(AppendValue, KeepsTwoBlanksForAnEmptySignalName) {
     EXPECT_EQ(ValueLine(IntAttribute(Sig, 0, 1, 1), 5, ""), "BA_ \"A\" SG_ 5  1;");
 }
 
-TEST(AppendValue, OfTheNetworkIsEmptyForEveryType) {
+TEST(AppendValue, WritesNoValueOfANetworkAttribute) {
     EXPECT_EQ(ValueLine(IntAttribute(Gen, 0, 1, 1), 0, ""), "");
     EXPECT_EQ(ValueLine(StrAttribute(Gen, "x"), 0, ""), "");
     EXPECT_EQ(ValueLine(EnumAttribute(Gen, {"x"}, 0), 0, ""), "");
@@ -129,7 +129,7 @@ TEST(AttributeLines, AreEmptyWithoutAnEntryAtTheIndexOfAnEnum) {
     EXPECT_EQ(DefinitionLine(beyond), "BA_DEF_ BO_ \"A\" ENUM \"x\";");
 }
 
-TEST(AttributeLines, AreEmptyForATypeThatHasNone) {
+TEST(AttributeLines, AreEmptyForAnUnsupportedType) {
     for (const AttributeObjectKind kind : Kinds) {
         const Attribute attribute = MakeAttribute(kind, "A", Unsup);
         EXPECT_EQ(DefinitionLine(attribute), "");

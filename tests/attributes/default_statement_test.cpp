@@ -1,4 +1,4 @@
-// Tests of attributes/default_statement.cpp: statements in, definitions with their defaults out.
+// Tests of attributes/default_statement.cpp: statements to definitions with defaults.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -53,7 +53,7 @@ TEST(ParseDefaultStatement, SetsTheValueOfTheDefinition) {
     }
 }
 
-TEST(ParseDefaultStatement, DoesNothingWithAnotherShapeOrName) {
+TEST(ParseDefaultStatement, IgnoresOtherTokensAndNames) {
     for (const std::string_view statement : {
              "BA_DEF_DEF_",
              "BA_DEF_DEF_ \"GenMsgCycleTime\";",
@@ -104,12 +104,12 @@ TEST(ParseDefaultStatement, SetsEveryDefinitionOfTheNameByItsOwnType) {
                "Sig BusType Int [0,5] = 1", "Msg J1939PGN Int [0,5]"}));
 }
 
-TEST(ParseDefaultStatement, IsLostInFrontOfItsDefinition) {
+TEST(ParseDefaultStatement, IsDroppedBeforeItsDefinition) {
     const ReadTable table({"BA_DEF_DEF_ \"GenMsgCycleTime\" 5;", CycleTime});
     EXPECT_EQ(LinesOf(table.definitions), (Lines{"Msg GenMsgCycleTime Int [0,50]"}));
 }
 
-TEST(ParseDefaultStatement, LeavesStoredValuesAsTheyAre) {
+TEST(ParseDefaultStatement, LeavesStoredValuesUnchanged) {
     const ReadTable table(
         {CycleTime, "BA_ \"GenMsgCycleTime\" BO_ 256 3;", "BA_DEF_DEF_ \"GenMsgCycleTime\" 5;"});
     EXPECT_EQ(LinesOf(table.definitions), (Lines{"Msg GenMsgCycleTime Int [0,50] = 5"}));

@@ -1,4 +1,4 @@
-// Tests of attributes/definition_statement.cpp: statements in, definitions out.
+// Tests of attributes/definition_statement.cpp: statements to definitions.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -81,7 +81,7 @@ TEST(ParseDefinitionStatement, RefusesOtherTypes) {
     });
 }
 
-TEST(ParseDefinitionStatement, RefusesOtherShapes) {
+TEST(ParseDefinitionStatement, RefusesOtherTokens) {
     ExpectNothingStored({
         "BA_DEF_",
         "BA_DEF_ \"BusType\";",
@@ -106,7 +106,7 @@ TEST(ParseDefinitionStatement, RefusesNamesThatAreNotReserved) {
     });
 }
 
-TEST(ParseDefinitionStatement, WantsExactlyTwoBoundsOfAnInt) {
+TEST(ParseDefinitionStatement, NeedsTwoBoundsForAnInt) {
     ExpectNothingStored({
         "BA_DEF_ BO_ \"GenMsgCycleTime\" INT ;",
         "BA_DEF_ BO_ \"GenMsgCycleTime\" INT 0;",
@@ -116,7 +116,7 @@ TEST(ParseDefinitionStatement, WantsExactlyTwoBoundsOfAnInt) {
     });
 }
 
-TEST(ParseDefinitionStatement, WantsOneBoundToBeANumber) {
+TEST(ParseDefinitionStatement, NeedsANumberAsOneOfTheBounds) {
     ExpectStored({
         {"BA_DEF_ BO_ \"GenMsgCycleTime\" INT low 100;", "Msg GenMsgCycleTime Int [0,100]"},
         {"BA_DEF_ BO_ \"GenMsgCycleTime\" INT 100 high;", "Msg GenMsgCycleTime Int [100,0]"},
@@ -131,7 +131,7 @@ TEST(ParseDefinitionStatement, WantsOneBoundToBeANumber) {
     });
 }
 
-TEST(ParseDefinitionStatement, TakesBoundsAsTheyStand) {
+TEST(ParseDefinitionStatement, AcceptsAnyBounds) {
     ExpectStored({
         {"BA_DEF_ BO_ \"GenMsgCycleTime\" INT 9 -9;", "Msg GenMsgCycleTime Int [9,-9]"},
         {"BA_DEF_ BO_ \"GenMsgCycleTime\" INT 1.9 0x20;", "Msg GenMsgCycleTime Int [1,0]"},
@@ -145,7 +145,7 @@ TEST(ParseDefinitionStatement, TakesBoundsAsTheyStand) {
     });
 }
 
-TEST(ParseDefinitionStatement, WantsOnlyQuotedTextsInAnEnum) {
+TEST(ParseDefinitionStatement, NeedsQuotedTextsForAnEnum) {
     ExpectStored({
         {"BA_DEF_ BO_ \"GenMsgSendType\" ENUM \"A,B\",\"C D\";",
          "Msg GenMsgSendType Enum of 'A B','C D'"},
@@ -161,7 +161,7 @@ TEST(ParseDefinitionStatement, WantsOnlyQuotedTextsInAnEnum) {
     });
 }
 
-TEST(ParseDefinitionStatement, WantsNothingBehindAStr) {
+TEST(ParseDefinitionStatement, AcceptsNoTokenAfterString) {
     ExpectNothingStored({
         "BA_DEF_ \"BusType\" STRING \"x\";",
         "BA_DEF_ \"BusType\" STRING 0;",

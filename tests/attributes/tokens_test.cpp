@@ -28,7 +28,7 @@ struct SplitCase {
     Tokens tokens;
 };
 
-TEST(StatementTokens, CutsAtDelimitersAndJoinsWhatQuotesHold) {
+TEST(StatementTokens, SplitsAtDelimitersOutsideQuotes) {
     const SplitCase cases[] = {
         {"", {}},
         {" \f\n\r\t\v;,", {}},
@@ -59,7 +59,7 @@ TEST(StatementTokens, CutsAtDelimitersAndJoinsWhatQuotesHold) {
         // A quote inside a word opens nothing, nor does one that ends a word.
         {"a\"b c\"", {"a\"b", "c\""}},
         {"a\" b", {"a\"", "b"}},
-        // Only the last character of a word closes, whatever stands in front of it.
+        // Only the last character of a word closes, whatever comes before it.
         {"\"a\"b c", {"\"a\"b c"}},
         {"\"\"a b\"", {"\"\"a b\""}},
         {"\"\" a", {"\"\"", "a"}},
@@ -72,7 +72,7 @@ TEST(StatementTokens, CutsAtDelimitersAndJoinsWhatQuotesHold) {
 }
 
 // More than an ordinary statement has.
-TEST(StatementTokens, TakesAnyNumberOfTokens) {
+TEST(StatementTokens, HoldsAnyNumberOfTokens) {
     std::string text;
     Tokens expected;
     for (int number = 0; number < 1000; ++number) {
@@ -82,7 +82,7 @@ TEST(StatementTokens, TakesAnyNumberOfTokens) {
     }
 }
 
-TEST(QuotedContent, IsWhatStandsBetweenTheFirstAndTheLastQuote) {
+TEST(QuotedContent, IsTheTextBetweenTheFirstAndTheLastQuote) {
     const std::pair<std::string_view, std::string_view> cases[] = {
         {"", ""},
         {"abc", ""},
@@ -109,7 +109,7 @@ TEST(QuotedContent, IsAViewIntoTheToken) {
     EXPECT_EQ(QuotedContent(token).data(), token.data() + 1);
 }
 
-TEST(ClassifyToken, TellsTheClass) {
+TEST(ClassifyToken, ReturnsTheClassOfAToken) {
     const std::pair<std::string_view, TokenClass> cases[] = {
         {"BA_", Other},
         {"\"a\"", QuotedString},
@@ -145,7 +145,7 @@ TEST(ClassifyToken, TellsTheClass) {
     }
 }
 
-TEST(BeginWith, ComparesTheFrontOfTheTokens) {
+TEST(BeginWith, ComparesTheFirstTokens) {
     const StatementTokens tokens("BA_ \"a\" 1");
     EXPECT_TRUE(tokens.BeginWith({}));
     EXPECT_TRUE(tokens.BeginWith({Other, QuotedString}));

@@ -1,4 +1,4 @@
-// Tests of attributes/value_statement.cpp: statements in, values out.
+// Tests of attributes/value_statement.cpp: statements to values.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -66,7 +66,7 @@ TEST(ParseValueStatement, StoresTheValueWithItsOwner) {
     }
 }
 
-TEST(ParseValueStatement, TakesTheIdLeniently) {
+TEST(ParseValueStatement, AcceptsAnyLeadingNumberAsTheId) {
     const StoredCase cases[] = {
         {"BA_ \"GenMsgCycleTime\" BO_ 4294967295 9;",
          "Msg GenMsgCycleTime message 4294967295 Int [0,65535] = 9"},
@@ -83,7 +83,7 @@ TEST(ParseValueStatement, TakesTheIdLeniently) {
     }
 }
 
-TEST(ParseValueStatement, DropsWhatDoesNotFitTheDefinition) {
+TEST(ParseValueStatement, DropsStatementsThatDoNotFitTheDefinition) {
     for (const std::string_view statement : {
              // Values.
              "BA_ \"GenMsgCycleTime\" BO_ 256 5000000000;",
@@ -157,7 +157,7 @@ TEST(ParseValueStatement, KeepsTheFirstValueOfAnOwner) {
                      "Sig GenSigStartValue message 256 signal s Int [0,100] = 3"}));
 }
 
-TEST(ParseValueStatement, IsLostInFrontOfItsDefinition) {
+TEST(ParseValueStatement, IsDroppedBeforeItsDefinition) {
     const TableWithDefinitions table(
         {"BA_ \"GenSigInactiveValue\" SG_ 5 S 1;", "BA_DEF_ SG_ \"GenSigInactiveValue\" INT 0 9;"});
     EXPECT_EQ(LinesOf(table.values), Lines{});
@@ -176,7 +176,7 @@ TEST(ParseValueStatement, StartsFromTheDefaultOfTheDefinition) {
 
 // The definition is searched kind by kind and in each type by type; the owner of the statement
 // plays no part in that.
-TEST(ParseValueStatement, TakesTheFirstDefinitionOfTheNameAndNoOther) {
+TEST(ParseValueStatement, UsesOnlyTheFirstDefinitionOfTheName) {
     const std::string_view message = "BA_DEF_ BO_ \"BusType\" INT 0 1;";
     const std::string_view signal = "BA_DEF_ SG_ \"BusType\" INT 0 2;";
     const std::string_view network = "BA_DEF_ \"BusType\" INT 0 3;";
@@ -207,17 +207,17 @@ TEST(ParseValueStatement, TakesTheFirstDefinitionOfTheNameAndNoOther) {
     };
     for (const Case& row : cases) {
         ReadTable table({});
-        std::string told;
+        std::string statements;
         for (const std::string_view statement : row.statements) {
             table.Read(statement);
-            told.append(statement).append("\n");
+            statements.append(statement).append("\n");
         }
-        EXPECT_EQ(LinesOf(table.values), row.values) << told;
+        EXPECT_EQ(LinesOf(table.values), row.values) << statements;
     }
 }
 
 // No statement defines an attribute of no type; whoever fills a table can.
-TEST(ParseValueStatement, TakesADefinitionWithoutATypeLast) {
+TEST(ParseValueStatement, UsesADefinitionWithoutATypeLast) {
     Attribute untyped;
     untyped.name = "BusType";
     untyped.valueType = AttributeValueType::Unsup;

@@ -126,7 +126,7 @@ TEST_F(Corpus, MakesAMessageOrAnErrorOfEachMessageStatement) {
     }
 }
 
-// A refused statement costs the signals behind it, so only files without one are compared.
+// A refused statement costs the signals after it, so only files without one are compared.
 TEST_F(Corpus, HasTheMessagesAndSignalsThatAPlainSearchFinds) {
     for (const std::string& file : files) {
         SCOPED_TRACE(file);
@@ -156,7 +156,7 @@ TEST_F(Corpus, HasTheMessagesAndSignalsThatAPlainSearchFinds) {
     }
 }
 
-TEST_F(Corpus, ComesBackFromAWrittenFileButForWhatATripChanges) {
+TEST_F(Corpus, IsEqualAfterARoundTripExceptForListedFields) {
     for (const std::string& file : files) {
         for (const std::uint32_t order :
              {OrderByIdDescending, OrderByNameAscending, OrderAsStored}) {
@@ -175,7 +175,7 @@ TEST_F(Corpus, ComesBackFromAWrittenFileButForWhatATripChanges) {
     }
 }
 
-TEST_F(Corpus, GivesTheSameBytesWhenWrittenTwiceAndAgainAfterATrip) {
+TEST_F(Corpus, IsWrittenWithTheSameBytesTwiceAndAfterARoundTrip) {
     for (const std::string& file : files) {
         for (const std::uint32_t order :
              {OrderByIdDescending, OrderByNameAscending, OrderAsStored}) {

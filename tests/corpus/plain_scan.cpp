@@ -18,7 +18,7 @@ std::string Stripped(const std::string& line) {
                : line.substr(first, line.find_last_not_of(" \t\r") - first + 1);
 }
 
-// The words in front of the first quote.
+// The words before the first quote.
 std::vector<std::string> WordsBeforeQuote(const std::string& line) {
     std::istringstream stream(line.substr(0, line.find('"')));
     std::vector<std::string> words;
@@ -62,7 +62,7 @@ std::uint32_t Id(const std::string& word) {
     return static_cast<std::uint32_t>(std::strtoull(word.c_str(), nullptr, 10));
 }
 
-// Whether the line leaves a quoted text open, with inside telling whether it starts in one.
+// Whether the line leaves a quoted text open, where inside is whether it starts in one.
 bool EndsInsideQuotes(const std::string& line, bool inside) {
     for (std::size_t at = 0; at < line.size(); ++at) {
         if (line[at] == '"' && (at == 0 || line[at - 1] != '\\')) {

@@ -31,12 +31,12 @@ struct PlainValues {
 };
 
 struct PlainScan {
-    // Lines that begin with the word BO_. Not among them are the words BO_ behind CM_, BA_DEF_ and
+    // Lines that begin with the word BO_. Not among them are the words BO_ after CM_, BA_DEF_ and
     // BA_, which name an owner, and those inside quotes, a quoted text of several lines included.
     std::size_t messageStatements = 0;
 
     // Those lines, each as "id name: size", and the lines that begin with the word SG_, each as its
-    // name, with the multiplex indicator in <> if it has one, behind two blanks.
+    // name, with the multiplex indicator in <> if it has one, after two blanks.
     std::vector<std::string> outline;
 
     std::map<Owner, PlainComment> comments;

@@ -1,14 +1,14 @@
 // The examples of docs/format.md, each read by the library and compared with what the document
 // says.
 //
-// A fenced block of the document is marked by the words behind its three backticks:
+// A fenced block of the document is marked by the words after its three backticks:
 //
 //   dbc          a file that is read
 //   text         what a host then fetches, in the form of support/record_dump.h
 //   dbc written  what is written, from the line that begins with BU_ on
 //   text again   what a host fetches when the written file is read
 //
-// All but the first belong to the last file in front of them.
+// All but the first belong to the last file before them.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ namespace vexil::test {
 namespace {
 
 struct Block {
-    std::string words;  // behind the backticks
+    std::string words;  // after the backticks
     std::string text;
     int line = 0;
 };
@@ -63,7 +63,7 @@ void Fill(char (&array)[Size], std::string_view text) {
 
 class FormatDocument : public testing::Test {
   protected:
-    // Reads a file into a library that knows nothing from before.
+    // Reads a file without the info of an earlier one.
     static void Read(const std::string& file) {
         const DatabaseInfo none = {};
         VexilSetDatabaseInfo(&none, sizeof none);
@@ -95,7 +95,7 @@ class FormatDocument : public testing::Test {
     std::string written = folder.File("written.dbc");
 };
 
-TEST_F(FormatDocument, HasExamplesThatAreTrue) {
+TEST_F(FormatDocument, ExamplesHaveTheirResults) {
     int files = 0;
     bool hasResult = true;
     for (const Block& block : Blocks()) {
@@ -129,7 +129,7 @@ TEST_F(FormatDocument, ShowsEachParseError) {
 }
 
 // What the table of changes says of a trip, beyond the examples.
-TEST_F(FormatDocument, IsRightAboutWhatATripChanges) {
+TEST_F(FormatDocument, DescribesTheChangesOfARoundTrip) {
     struct Row {
         std::string_view text;
         std::string_view again;
@@ -155,7 +155,7 @@ TEST_F(FormatDocument, IsRightAboutWhatATripChanges) {
     }
 }
 
-TEST_F(FormatDocument, IsRightAboutTextsFromAHost) {
+TEST_F(FormatDocument, DescribesTextsOfAppendedRecords) {
     VexilClearData();
     CanMessageRecord message = {};
     CanSignalRecord signal = {};
@@ -179,7 +179,7 @@ TEST_F(FormatDocument, IsRightAboutTextsFromAHost) {
               "error 0 at line 42: \"BO_ 3\";\"\n");
 }
 
-TEST_F(FormatDocument, IsRightAboutTheBusType) {
+TEST_F(FormatDocument, DescribesTheBusType) {
     Load({"dbc", "BO_ 1 A: 8 N\n", 0});
     ASSERT_EQ(WriteFile(written, OrderAsStored), GoodCall);
     const DatabaseInfo canFd = {ProtocolPlainCan, BusCanFd};

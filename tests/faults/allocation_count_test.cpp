@@ -52,7 +52,7 @@ class AllocationCountTest : public test::ApiTest {
     }
 };
 
-TEST_F(AllocationCountTest, OfTenMegabytesIsWhatTheDocumentStates) {
+TEST_F(AllocationCountTest, ReadingTenMegabytesTakesTheNumberThatTheDocumentStates) {
 #ifndef __GLIBCXX__
     GTEST_SKIP() << "other standard libraries let a text grow in other steps";
 #endif

@@ -1,5 +1,5 @@
-// Tests of exhausted memory: each allocation of a call fails in its turn. std::bad_alloc leaves the
-// call, nothing stays behind, and what follows a clear is as good as ever.
+// Out-of-memory tests: each allocation of a call fails in its turn. std::bad_alloc leaves the
+// call, nothing leaks, and after a clear everything works as before.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <functional>
@@ -51,7 +51,7 @@ class AllocationFaultTest : public test::ApiTest {
         VexilClearData();
     }
 
-    // A clear and a read; the info is told by the file or is that of a new database.
+    // A clear and a read; the info comes from the file or is that of a new database.
     void Refill() {
         VexilClearData();
         SetInfo({0, 0});
@@ -71,7 +71,7 @@ class AllocationFaultTest : public test::ApiTest {
     // Lets each allocation of a call fail, until one call runs to its end without a failure.
     //   prepare  brings the database into the state in which the call is made.
     //   call     is to have the same outcome as without a failure when it does without the memory.
-    //   result   tells what the call has made.
+    //   result   describes the result of the call.
     // Returns how many allocations the call makes.
     std::size_t Sweep(Exhaustion exhaustion, const Step& prepare, const Call& call,
                       const std::function<std::string()>& result) {
@@ -139,13 +139,13 @@ class AllocationFaultTest : public test::ApiTest {
 
 constexpr Exhaustion BothKinds[] = {Exhaustion::Once, Exhaustion::FromThere};
 
-TEST_F(AllocationFaultTest, EndsARead) {
+TEST_F(AllocationFaultTest, ReadThrowsBadAllocAndLeaksNothing) {
     for (const Exhaustion exhaustion : BothKinds) {
         EXPECT_GT(SweepRead(exhaustion, Clear), 30U);
     }
 }
 
-TEST_F(AllocationFaultTest, EndsAWriteInEachOrder) {
+TEST_F(AllocationFaultTest, WriteInEachOrderThrowsBadAllocAndLeaksNothing) {
     for (const std::uint32_t order : {OrderByIdDescending, OrderByNameAscending, OrderAsStored}) {
         EXPECT_GT(SweepWrite(
                       Exhaustion::Once, [this] { Refill(); }, order),
@@ -158,7 +158,7 @@ TEST_F(AllocationFaultTest, EndsAWriteInEachOrder) {
 
 // In a locale of its own the numbers go through a stream, which must not keep the failure to
 // itself.
-TEST_F(AllocationFaultTest, EndsAWriteInALocaleOfTheHost) {
+TEST_F(AllocationFaultTest, WriteUnderAnotherLocaleThrowsBadAllocAndLeaksNothing) {
     UseInput(
         "BO_ 1 A: 8 N\n"
         " SG_ S : 0|8@1+ (0.000123456789,-1234567.125) [-123456.789|1234567890] \"\" N\n");
@@ -172,7 +172,7 @@ TEST_F(AllocationFaultTest, EndsAWriteInALocaleOfTheHost) {
 }
 
 // What a read has stored until then can be fetched, added to and written.
-TEST_F(AllocationFaultTest, LeavesASoundDatabaseInAReadThatFails) {
+TEST_F(AllocationFaultTest, DatabaseIsUsableAfterAFailedRead) {
     std::size_t thrown = 1;
     for (std::size_t n = 1; thrown != 0; ++n) {
         SCOPED_TRACE("allocation " + std::to_string(n));
@@ -197,8 +197,8 @@ TEST_F(AllocationFaultTest, LeavesASoundDatabaseInAReadThatFails) {
     ExpectAllIsWell();
 }
 
-// Memory ends at each step of an append, as the room that is left shrinks.
-TEST_F(AllocationFaultTest, ChangesNothingInAnAppendThatFails) {
+// Memory runs out at each step of an append, since the room in the arena shrinks.
+TEST_F(AllocationFaultTest, FailedAppendChangesNothing) {
     const CanMessageRecord message = test::RecordOf(
         test::MessageFields{.id = 7,
                             .longName = "A message with a name for display that is long",
@@ -265,8 +265,8 @@ TEST_F(AllocationFaultTest, ChangesNothingInAnAppendThatFails) {
     EXPECT_EQ(LiveBlocks(), blocks);
 }
 
-// A fetch may have to sort and to join what came out of order.
-TEST_F(AllocationFaultTest, EndsAFetch) {
+// A fetch may have to sort and join descriptions.
+TEST_F(AllocationFaultTest, FetchThrowsBadAllocAndLeaksNothing) {
     const Step prepare = [this] {
         Refill();
         for (const std::int32_t value : {9, 8, 8}) {
@@ -290,7 +290,7 @@ TEST_F(AllocationFaultTest, EndsAFetch) {
 }
 
 // The fetch that fails is the first of the signal, or the first after an append.
-TEST_F(AllocationFaultTest, JoinsInOrderWhatIsAppendedAfterAFetchThatFailed) {
+TEST_F(AllocationFaultTest, AppendAfterAFailedFetchKeepsTheOrder) {
     UseInput(
         "BO_ 1 M: 8 N\n"
         " SG_ S : 0|8@1+ (1,0) [0|0] \"\" N\n"
@@ -332,7 +332,7 @@ TEST_F(AllocationFaultTest, JoinsInOrderWhatIsAppendedAfterAFetchThatFailed) {
 }
 
 // A sort asks for memory that it can do without.
-TEST_F(AllocationFaultTest, SortsNoDescriptionsThatAreInOrder) {
+TEST_F(AllocationFaultTest, DescriptionsInOrderAreNotSorted) {
     UseInput(
         "BO_ 1 M: 8 N\n"
         " SG_ Ordered : 0|8@1+ (1,0) [0|0] \"\" N\n"
@@ -369,7 +369,7 @@ TEST_F(AllocationFaultTest, SortsNoDescriptionsThatAreInOrder) {
     EXPECT_FALSE(isSorted(1, &last));
 }
 
-TEST_F(AllocationFaultTest, NeverMeetsAClear) {
+TEST_F(AllocationFaultTest, ClearAllocatesNothing) {
     for (const Step& prepare : {Step([this] { Refill(); }), Step(Clear)}) {
         prepare();
         const FailingAllocations failing(1, Exhaustion::FromThere);
@@ -379,7 +379,7 @@ TEST_F(AllocationFaultTest, NeverMeetsAClear) {
 }
 
 // A line that never ends fills the memory, and no more.
-TEST_F(AllocationFaultTest, EndsAReadOfADeviceWithoutEnd) {
+TEST_F(AllocationFaultTest, ReadOfAnEndlessDeviceThrowsBadAlloc) {
     const std::ptrdiff_t descriptors = OpenDescriptors();
     {
         const LargestAllocation limit(std::size_t{1} << 24U);

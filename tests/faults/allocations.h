@@ -8,13 +8,13 @@
 
 namespace vexil::faults {
 
-// How many blocks are allocated and not yet given back.
+// How many blocks are allocated and not yet freed.
 long LiveBlocks();
 
 // Which allocations fail.
 enum class Exhaustion {
-    Once,      // the n-th alone
-    FromThere  // the n-th and all behind it
+    Once,      // the n-th only
+    FromThere  // the n-th and all later ones
 };
 
 // While it lives, allocations are counted from 1, and the n-th fails. There is one at a time.

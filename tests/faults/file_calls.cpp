@@ -70,7 +70,7 @@ ssize_t CountBytes(FileCall call, ssize_t size) {
     return size;
 }
 
-// The function of the name behind those of this program.
+// The function of that name in the libraries of this program.
 template <typename Function>
 Function* Next(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));

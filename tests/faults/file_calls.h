@@ -13,7 +13,7 @@ namespace vexil::faults {
 enum class FileCall : std::size_t { Open, Read, Write, Close };
 
 // While it lives, the calls for files that are opened with open(2) are counted and some may fail.
-// The file streams of the tests open their files in another way, so they are left alone. There is
+// The file streams of the tests open their files in another way, so they are not affected. There is
 // one at a time, and one file open at a time.
 class WatchedFileCalls {
   public:

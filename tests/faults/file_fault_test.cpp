@@ -1,5 +1,5 @@
 // Tests of files that fail: each call to the system fails in its turn. The result code reports it,
-// what was read or written until then stays, and no file stays open.
+// data read or written before stays, and no file stays open.
 // SPDX-License-Identifier: MIT
 #include <sys/resource.h>
 
@@ -61,8 +61,8 @@ class FileFaultTest : public test::ApiTest {
         return large + "CM_ BO_ 256 \"" + std::string(150'000, 'z') + "\";\n" + text + text;
     }
 
-    // Lets each read of a text fail in its turn. Expects the database of the lines in front of it,
-    // and no read behind it.
+    // Lets each read of a text fail in its turn. Expects the database of the lines before it,
+    // and no read after it.
     //   size  the most that a call reads.
     // Returns how many reads a good one takes.
     std::size_t FailEachRead(const std::string& bytes, std::size_t size) {
@@ -96,7 +96,7 @@ class FileFaultTest : public test::ApiTest {
         return 0;
     }
 
-    // Reads the input and returns the lines that a good write puts out, one for each call.
+    // Reads the input and returns the lines that a successful write writes, one for each call.
     std::vector<std::string> WrittenLines() {
         EXPECT_EQ(Read(input), Success);
         const WatchedFileCalls calls;
@@ -123,7 +123,7 @@ class FileFaultTest : public test::ApiTest {
 
 // -- Opening ----------------------------------------------------------------------------------
 
-TEST_F(FileFaultTest, AFileThatCannotBeOpenedIsNeitherReadNorWritten) {
+TEST_F(FileFaultTest, FailedOpenReadsAndWritesNothing) {
     for (const int error : {EACCES, EIO, EMFILE, ENFILE, ENOMEM, ENOSPC, EROFS}) {
         ASSERT_EQ(ReadText("BO_ 1 A: 8 N\n"), Success);
         WatchedFileCalls calls;
@@ -138,7 +138,7 @@ TEST_F(FileFaultTest, AFileThatCannotBeOpenedIsNeitherReadNorWritten) {
     EXPECT_FALSE(std::filesystem::exists(output));
 }
 
-TEST_F(FileFaultTest, AnInterruptedOpeningIsTriedAgain) {
+TEST_F(FileFaultTest, InterruptedOpenIsRetried) {
     WatchedFileCalls calls;
     calls.Fail(FileCall::Open, 1, 3, EINTR);
     EXPECT_EQ(Read(input), Success);
@@ -148,7 +148,7 @@ TEST_F(FileFaultTest, AnInterruptedOpeningIsTriedAgain) {
     EXPECT_EQ(calls.Count(FileCall::Open), 8U);
 }
 
-TEST_F(FileFaultTest, AProcessWithoutADescriptorLeftOpensNoFile) {
+TEST_F(FileFaultTest, OpenFailsWithoutAFreeDescriptor) {
     ASSERT_EQ(ReadText("BO_ 1 A: 8 N\n"), Success);
     rlimit before{};
     ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
@@ -165,18 +165,18 @@ TEST_F(FileFaultTest, AProcessWithoutADescriptorLeftOpensNoFile) {
 
 // -- Reading ----------------------------------------------------------------------------------
 
-TEST_F(FileFaultTest, EachReadThatFailsLeavesTheLinesInFrontOfIt) {
+TEST_F(FileFaultTest, FailedReadKeepsTheLinesBeforeIt) {
     EXPECT_GT(FailEachRead(text, 97), 100U);
     EXPECT_EQ(FailEachRead("BO_ 1 A: 8 N\nBO_ 2 B: 8 N\n", 1), 27U);
 }
 
 // The line that the failure falls into is lost, also when it is the last and has no end.
-TEST_F(FileFaultTest, AReadThatFailsAtTheEndLosesALineWithoutAnEnd) {
+TEST_F(FileFaultTest, FailedReadDropsTheUnfinishedLine) {
     EXPECT_EQ(FailEachRead("BO_ 1 A: 8 N\nBO_ 2 B: 8 N", Always), 2U);
     EXPECT_GT(FailEachRead(LargeText() + "BO_ 2 B: 8 N", 30'011), 8U);
 }
 
-TEST_F(FileFaultTest, NothingIsReadBehindTheEndOfAFile) {
+TEST_F(FileFaultTest, NothingIsReadAfterTheEndOfAFile) {
     for (const std::string& bytes :
          {std::string(), std::string("\n"), std::string("BO_ 1 A: 8 N\n"),
           std::string("BO_ 1 A: 8 N"), text, LargeText(), LargeText() + "BO_ 2 B: 8 N"}) {
@@ -190,7 +190,7 @@ TEST_F(FileFaultTest, NothingIsReadBehindTheEndOfAFile) {
     }
 }
 
-TEST_F(FileFaultTest, EachErrorOfAReadIsAStreamErrorButAnInterruption) {
+TEST_F(FileFaultTest, EveryReadErrorButEintrIsAStreamError) {
     for (const int error : {EIO, EAGAIN, EBADF, EISDIR, ENOMEM, ESTALE}) {
         WatchedFileCalls calls;
         calls.Fail(FileCall::Read, 2, 2, error);
@@ -211,7 +211,7 @@ TEST_F(FileFaultTest, EachErrorOfAReadIsAStreamErrorButAnInterruption) {
 // -- Writing ----------------------------------------------------------------------------------
 
 // Each line is complete before the next one begins.
-TEST_F(FileFaultTest, EachLineIsWrittenAtOnceWhateverTheSystemTakesOfIt) {
+TEST_F(FileFaultTest, EachLineIsOneWriteAndShortWritesAreContinued) {
     test::WriteBytes(input,
                      "BU_: N M\nBO_ 1 A: 8 N\n SG_ S : 0|8@1+ (1,0) [0|0] \"\" M\n"
                      "CM_ BO_ 1 \"comment\";\nVAL_ 1 S 1 \"On\" ;\nBO_ 2 B: 8 N\n");
@@ -248,7 +248,7 @@ TEST_F(FileFaultTest, InterruptedWritesAreContinued) {
 
 // A call that fails once shows at the next line. The line itself is written when the file is
 // closed.
-TEST_F(FileFaultTest, EachWriteThatFailsOnceShowsAtTheNextLine) {
+TEST_F(FileFaultTest, SingleWriteFailureIsReportedAtTheNextLine) {
     const std::vector<std::string> lines = WrittenLines();
     ASSERT_GT(lines.size(), 100U);
     for (std::size_t n = 1; n <= lines.size() && !HasFailure(); ++n) {
@@ -263,7 +263,7 @@ TEST_F(FileFaultTest, EachWriteThatFailsOnceShowsAtTheNextLine) {
 }
 
 // From there on no byte more reaches the file.
-TEST_F(FileFaultTest, EachWriteThatFailsForGoodLeavesTheLinesInFrontOfIt) {
+TEST_F(FileFaultTest, PermanentWriteFailureKeepsTheLinesBeforeIt) {
     const std::vector<std::string> lines = WrittenLines();
     for (const int error : {ENOSPC, EIO, EDQUOT, EPIPE}) {
         for (std::size_t n = 1; n <= lines.size() && !HasFailure(); ++n) {
@@ -279,7 +279,7 @@ TEST_F(FileFaultTest, EachWriteThatFailsForGoodLeavesTheLinesInFrontOfIt) {
 }
 
 // A short write that then fails leaves a part of a line, and closing the file tries the rest.
-TEST_F(FileFaultTest, EachWriteMayFailInsideALine) {
+TEST_F(FileFaultTest, WriteCanFailInsideALine) {
     test::WriteBytes(input, "BO_ 1 A: 8 N\nCM_ BO_ 1 \"the last line\";\n");
     const std::vector<std::string> lines = WrittenLines();
     const std::string whole = test::ReadBytes(output);
@@ -300,7 +300,7 @@ TEST_F(FileFaultTest, EachWriteMayFailInsideALine) {
 
 // It comes when all is settled. It is not tried again, since the system has given up the
 // descriptor.
-TEST_F(FileFaultTest, AFileThatCannotBeClosedCountsAsReadAndWritten) {
+TEST_F(FileFaultTest, ErrorsOnCloseAreNotReported) {
     for (const int error : {EIO, EINTR, ENOSPC, EDQUOT}) {
         WatchedFileCalls calls;
         calls.Fail(FileCall::Close, 1, Always, error);

@@ -83,7 +83,7 @@ class HostilePathTest : public test::ApiTest {
 
 // -- Links ------------------------------------------------------------------------------------
 
-TEST_F(HostilePathTest, ALinkThatLeadsInACircleIsNotOpened) {
+TEST_F(HostilePathTest, CircularLinkIsNotOpened) {
     fs::create_symlink("other.dbc", folder.File("one.dbc"));
     fs::create_symlink("one.dbc", folder.File("other.dbc"));
     fs::create_symlink("itself.dbc", folder.File("itself.dbc"));
@@ -93,7 +93,7 @@ TEST_F(HostilePathTest, ALinkThatLeadsInACircleIsNotOpened) {
     }
 }
 
-TEST_F(HostilePathTest, ALinkToNothingIsNotReadButWrittenThrough) {
+TEST_F(HostilePathTest, DanglingLinkIsNotReadButItsTargetIsWritten) {
     const std::string link = folder.File("link.dbc");
     fs::create_symlink("target.dbc", link);
     ExpectNotRead(link, NotOpened);
@@ -113,7 +113,7 @@ TEST_F(HostilePathTest, ALinkToNothingIsNotReadButWrittenThrough) {
 // -- Rights -----------------------------------------------------------------------------------
 
 // In a child, since nobody gets lost rights back.
-TEST_F(HostilePathTest, WhatTheHostMayNotOpenIsNotOpened) {
+TEST_F(HostilePathTest, FileWithoutPermissionIsNotOpened) {
     const std::string file = folder.File("file.dbc");
     const std::string inside = folder.File("closed/file.dbc");
     test::WriteBytes(file, Text);
@@ -147,7 +147,7 @@ TEST_F(HostilePathTest, WhatTheHostMayNotOpenIsNotOpened) {
 // -- Pipes ------------------------------------------------------------------------------------
 
 // Opening a pipe waits for its other end, as everywhere; what comes through it is a file.
-TEST_F(HostilePathTest, APipeIsReadUntilItsWriterCloses) {
+TEST_F(HostilePathTest, PipeIsReadUntilItsWriterCloses) {
     const std::string pipe = folder.File("pipe");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     for (const std::string bytes : {"", "BO_ 1 A: 8 N", Text}) {
@@ -164,7 +164,7 @@ TEST_F(HostilePathTest, APipeIsReadUntilItsWriterCloses) {
     }
 }
 
-TEST_F(HostilePathTest, APipeIsWritten) {
+TEST_F(HostilePathTest, PipeIsWritten) {
     const std::string pipe = folder.File("pipe");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(Write(path), Success);
@@ -181,7 +181,7 @@ TEST_F(HostilePathTest, APipeIsWritten) {
 
 // -- Devices ----------------------------------------------------------------------------------
 
-TEST_F(HostilePathTest, ADeviceIsReadAndWrittenAsItAnswers) {
+TEST_F(HostilePathTest, DevicesAreReadAndWritten) {
     EXPECT_EQ(Write("/dev/null"), Success);
     EXPECT_EQ(Read("/dev/null"), Success);
     ExpectEmptyDatabase();
@@ -192,7 +192,7 @@ TEST_F(HostilePathTest, ADeviceIsReadAndWrittenAsItAnswers) {
 
 // -- Names ------------------------------------------------------------------------------------
 
-TEST_F(HostilePathTest, ANameMayHave255Bytes) {
+TEST_F(HostilePathTest, NameMayHave255Bytes) {
     const fs::path before = fs::current_path();
     fs::current_path(folder.File(""));
     const std::string longest(255, 'n');

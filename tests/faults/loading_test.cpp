@@ -58,7 +58,7 @@ class LoadingTest : public testing::Test {
 
 // So that it loads whenever the system has room for it: an exception on the way in would end the
 // host.
-TEST_F(LoadingTest, NeedsNoMemoryOfItsOwn) {
+TEST_F(LoadingTest, LoadingAllocatesNothing) {
     void* handle = nullptr;
     {
         const FailingAllocations failing(1, Exhaustion::FromThere);
@@ -70,7 +70,7 @@ TEST_F(LoadingTest, NeedsNoMemoryOfItsOwn) {
 }
 
 // What a read leaves unfinished goes with the library.
-TEST_F(LoadingTest, IsFollowedByAFirstReadThatMayRunOutOfMemory) {
+TEST_F(LoadingTest, FirstReadMayRunOutOfMemory) {
     const std::ptrdiff_t descriptors = OpenDescriptors();
     std::size_t n = 0;
     for (bool isGood = false; !isGood && !HasFailure();) {
@@ -97,7 +97,7 @@ TEST_F(LoadingTest, IsFollowedByAFirstReadThatMayRunOutOfMemory) {
     EXPECT_GT(n, 30U);
 }
 
-TEST_F(LoadingTest, IsFollowedByAClearThatGivesAllMemoryBack) {
+TEST_F(LoadingTest, ClearReturnsAllMemory) {
     const long blocks = LiveBlocks();
     const LoadedLibrary library;
     for (int round = 0; round < 3; ++round) {
@@ -116,7 +116,7 @@ TEST_F(LoadingTest, IsFollowedByAClearThatGivesAllMemoryBack) {
 }
 
 // A host may replace the default resource, and destroy the one that was there at load time.
-TEST_F(LoadingTest, TakesNoMemoryFromTheDefaultResource) {
+TEST_F(LoadingTest, DefaultMemoryResourceIsNotUsed) {
     std::pmr::set_default_resource(std::pmr::null_memory_resource());
     ExpectAllIsWell();
 
@@ -134,7 +134,7 @@ TEST_F(LoadingTest, TakesNoMemoryFromTheDefaultResource) {
 }
 
 // A handler that was registered before the library was loaded runs after those of the library.
-TEST_F(LoadingTest, LeavesAnEmptyDatabaseToExitHandlers) {
+TEST_F(LoadingTest, ExitHandlersFindAnEmptyDatabase) {
     static const LoadedLibrary* library = nullptr;
     static std::string path;
     path = input;
@@ -164,8 +164,8 @@ std::ptrdiff_t MappedRegions() {
     return std::count(std::istreambuf_iterator<char>(maps), std::istreambuf_iterator<char>(), '\n');
 }
 
-TEST_F(LoadingTest, MayBeDoneAThousandTimes) {
-    constexpr int WarmRounds = 100;  // for what the system keeps for itself
+TEST_F(LoadingTest, ThousandLoadsLeakNothing) {
+    constexpr int WarmRounds = 100;  // for memory that the system keeps
     constexpr int Rounds = 1000;
     long blocks = 0;
     std::ptrdiff_t regions = 0;

@@ -10,7 +10,7 @@
 namespace vexil::faults {
 namespace {
 
-TEST(TwoCopies, KnowNothingOfEachOther) {
+TEST(TwoCopies, ShareNoState) {
     const test::TempFolder folder;
     const std::string one = folder.File("one.dbc");
     const std::string two = folder.File("two.dbc");

@@ -1,5 +1,4 @@
-// Tests of the memory that the process holds: what a read took goes back to the system with a
-// clear.
+// Tests of the memory that the process holds: a clear returns the memory of a read to the system.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// What a call may not leave behind.
+// Resources that a call must not leak.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -57,7 +57,7 @@ TEST(CANDatabase, IsEmptyWhenNew) {
     EXPECT_EQ(fresh.info.busType, 0U);
 }
 
-TEST(CANDatabase, KeepsOnlyTheBusTypeAtAReset) {
+TEST(CANDatabase, ResetKeepsOnlyTheBusType) {
     CANDatabase filled;
     for (int round = 0; round < 2; ++round) {
         filled.info = {2, 1};
@@ -111,7 +111,7 @@ class ManyLooks {
     std::array<CANSignal, Count> signals;
 };
 
-TEST(CANDatabase, KeepsTheDescriptionsOfFourSignals) {
+TEST(CANDatabase, CachesTheDescriptionsOfFourSignals) {
     CANDatabase filled;
     ManyLooks looks(filled);
     looks.ExpectAll({{1, "a"}});
@@ -129,7 +129,7 @@ TEST(CANDatabase, KeepsTheDescriptionsOfFourSignals) {
     looks.Expect(0, {{1, "b"}});
 }
 
-TEST(CANDatabase, AddsAppendedDescriptionsToThoseThatItKeeps) {
+TEST(CANDatabase, AddsAppendedDescriptionsToCachedOnes) {
     CANDatabase filled;
     ManyLooks looks(filled);
     looks.ExpectAll({{1, "a"}});
@@ -150,7 +150,7 @@ TEST(CANDatabase, AddsAppendedDescriptionsToThoseThatItKeeps) {
     looks.ExpectAll({{0, "e"}, {1, "a - b - c - d"}});
 }
 
-TEST(CANDatabase, ForgetsTheDescriptionsOfAllSignalsAtAReset) {
+TEST(CANDatabase, ResetDropsAllCachedDescriptions) {
     CANDatabase filled;
     ManyLooks looks(filled);
     looks.ExpectAll({{1, "a"}});
@@ -161,7 +161,7 @@ TEST(CANDatabase, ForgetsTheDescriptionsOfAllSignalsAtAReset) {
     }
 }
 
-TEST(CANDatabase, KeepsMessagesAndErrorsAtTheEndOfARead) {
+TEST(CANDatabase, EndReadKeepsMessagesAndErrors) {
     CANDatabase filled;
     filled.info = {2, 1};
     const CANSignal& signal = Fill(filled, "on");

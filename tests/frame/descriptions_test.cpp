@@ -36,7 +36,7 @@ class DescriptionsTest : public testing::Test {
         notes.added = arena.New<AddedDescription>(value, arena.Keep(text), notes.added);
     }
 
-    // What a look at the notes shows, after those before it.
+    // The descriptions after a look at the notes.
     EnumPairs Look(const Notes& notes) {
         descriptions.LookAt(notes);
         return EnumsOf(descriptions);
@@ -46,12 +46,12 @@ class DescriptionsTest : public testing::Test {
     Descriptions descriptions;
 };
 
-TEST_F(DescriptionsTest, AreNoneOfNotesThatAreNew) {
+TEST_F(DescriptionsTest, AreEmptyForNewNotes) {
     EXPECT_EQ(descriptions.Count(), 0U);
     EXPECT_EQ(Look(Notes()), EnumPairs{});
 }
 
-TEST_F(DescriptionsTest, AreInTheOrderOfTheSignedValues) {
+TEST_F(DescriptionsTest, AreSortedBySignedValue) {
     Notes notes;
     for (const std::int32_t value : {0, 2, largest, -1, smallest, 1}) {
         Append(notes, value, std::to_string(value));
@@ -64,7 +64,7 @@ TEST_F(DescriptionsTest, AreInTheOrderOfTheSignedValues) {
                                       {largest, "2147483647"}}));
 }
 
-TEST_F(DescriptionsTest, JoinTheTextsOfAValueInTheOrderInWhichTheyCame) {
+TEST_F(DescriptionsTest, JoinTheTextsOfAValueInTheirOrder) {
     Notes notes;
     AddStatement(notes, " 3 \"a\" 1 \"\" 3 \"b\"");
     AddStatement(notes, " 3 \"c\" 1 \"off\"");
@@ -74,7 +74,7 @@ TEST_F(DescriptionsTest, JoinTheTextsOfAValueInTheOrderInWhichTheyCame) {
     EXPECT_EQ(Look(notes), (EnumPairs{{1, " - off - say \"off\""}, {3, "a - b - c -  - d"}}));
 }
 
-TEST_F(DescriptionsTest, TakeWhatWasAppendedSinceTheLastLook) {
+TEST_F(DescriptionsTest, IncludeDescriptionsAppendedSinceTheLastLook) {
     Notes notes;
     AddStatement(notes, " 2 \"a\" 4 \"b\"");
     EXPECT_EQ(Look(notes), (EnumPairs{{2, "a"}, {4, "b"}}));
@@ -89,25 +89,25 @@ TEST_F(DescriptionsTest, TakeWhatWasAppendedSinceTheLastLook) {
     EXPECT_EQ(Look(notes), (EnumPairs{{1, "g"}, {2, "a - f"}, {4, "b - d"}, {5, "c - e"}}));
 }
 
-TEST_F(DescriptionsTest, AreThoseOfTheSignalThatIsLookedAt) {
+TEST_F(DescriptionsTest, BelongToTheSignalOfTheLastLook) {
     Notes first;
     AddStatement(first, " 1 \"a\"");
     AddStatement(first, " 1 \"b\"");
-    Notes late;  // has the second statement of the first alone
+    Notes late;  // has only the second statement of first
     late.statements = first.statements->next;
-    Notes twin = first;
+    Notes copy = first;
     Notes other;
     for (int round = 0; round < 3; ++round) {
-        Append(twin, 2, "t");
+        Append(copy, 2, "t");
         Append(other, 3, "o");
-        std::string twinText = "t";
+        std::string copyText = "t";
         std::string otherText = "o";
         for (int earlier = 0; earlier < round; ++earlier) {
-            twinText += " - t";
+            copyText += " - t";
             otherText += " - o";
         }
         EXPECT_EQ(Look(first), (EnumPairs{{1, "a - b"}}));
-        EXPECT_EQ(Look(twin), (EnumPairs{{1, "a - b"}, {2, twinText}}));
+        EXPECT_EQ(Look(copy), (EnumPairs{{1, "a - b"}, {2, copyText}}));
         EXPECT_EQ(Look(first), (EnumPairs{{1, "a - b"}}));
         EXPECT_EQ(Look(late), (EnumPairs{{1, "b"}}));
         EXPECT_EQ(Look(other), (EnumPairs{{3, otherText}}));
@@ -115,7 +115,7 @@ TEST_F(DescriptionsTest, AreThoseOfTheSignalThatIsLookedAt) {
     }
 }
 
-TEST_F(DescriptionsTest, StopBetweenTwoTextsThatAreEnough) {
+TEST_F(DescriptionsTest, StopJoiningWhenTheTextIsLongEnough) {
     Notes notes;
     AddStatement(notes, " 1 \"aa\" 1 \"bb\" 1 \"cc\"");
     descriptions.LookAt(notes);
@@ -127,7 +127,7 @@ TEST_F(DescriptionsTest, StopBetweenTwoTextsThatAreEnough) {
     EXPECT_EQ(descriptions.Text(0, scratch, 8), "aa - bb - cc");
 }
 
-TEST_F(DescriptionsTest, CopyNothingWhereAValueHasOneText) {
+TEST_F(DescriptionsTest, AreNotCopiedWhereAValueHasOneText) {
     Notes notes;
     Append(notes, 1, "a");
     Append(notes, 2, "b");
@@ -139,7 +139,7 @@ TEST_F(DescriptionsTest, CopyNothingWhereAValueHasOneText) {
 }
 
 // Which shows when the text changes, as it does when the memory of the notes goes to others.
-TEST_F(DescriptionsTest, AreKeptForTheNextLookUntilClear) {
+TEST_F(DescriptionsTest, AreCachedUntilClear) {
     Notes notes;
     AddStatement(notes, " 1 \"a\"");
     EXPECT_EQ(Look(notes), (EnumPairs{{1, "a"}}));
@@ -153,7 +153,7 @@ TEST_F(DescriptionsTest, AreKeptForTheNextLookUntilClear) {
 }
 
 // Against a map, with looks in between.
-TEST_F(DescriptionsTest, AreThoseOfAMapWhateverTheOrder) {
+TEST_F(DescriptionsTest, EqualASortedMapForAnyOrderOfAppends) {
     for (std::uint32_t seed = 1; seed <= 500 && !HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         std::mt19937 random(seed);

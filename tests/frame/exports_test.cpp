@@ -1,5 +1,5 @@
-// Tests of the exported functions with what no file and no record can bring into the model: texts
-// that are not valid. All else is tested through the library in tests/api.
+// Tests of the exported functions with invalid texts, which no file and no record can bring into
+// the model. All else is tested through the library in tests/api.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -31,7 +31,7 @@ class ExportsTest : public test::DatabaseTest {
     CANSignal* signal = nullptr;
 };
 
-TEST_F(ExportsTest, LeaveTheValueOfADescriptionThatCannotBeCut) {
+TEST_F(ExportsTest, GetCanSignalEnumDataLeavesTheValueWhenTheTextIsInvalid) {
     const AddedDescription on{1, "on"};
     const AddedDescription invalid{2, invalidText, &on};
     signal->notes.added = &invalid;
@@ -43,7 +43,7 @@ TEST_F(ExportsTest, LeaveTheValueOfADescriptionThatCannotBeCut) {
     EXPECT_EQ(VexilGetCanSignalEnumData(0, 0, 0, &record), 1);
 }
 
-TEST_F(ExportsTest, LeaveCodeAndLineOfAnErrorThatCannotBeCut) {
+TEST_F(ExportsTest, GetErrorDataLeavesCodeAndLineWhenTheTextIsInvalid) {
     database.parseErrors.Add(database.arena, {3, 4, invalidText});
     auto record = Filled<ParseError>(Pattern);
     EXPECT_EQ(VexilGetErrorData(0, &record), 0);

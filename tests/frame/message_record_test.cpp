@@ -1,4 +1,4 @@
-// Tests of a message out to its record and in from it.
+// Tests of a message copied to a record and filled from one.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -54,9 +54,9 @@ const MessageFields engineFields = {.id = 0x80000123U,
 class MessageCopyToRecord : public test::DatabaseTest {};
 class MessageFillFromRecord : public test::DatabaseTest {};
 
-// -- Out --------------------------------------------------------------------------------------
+// -- Fetching ---------------------------------------------------------------------------------
 
-TEST_F(MessageCopyToRecord, FillsEveryFieldAndNoGap) {
+TEST_F(MessageCopyToRecord, WritesEveryFieldAndNoPadding) {
     for (const unsigned char pattern : {Pattern, OtherPattern}) {
         auto record = Filled<CanMessageRecord>(pattern);
         EXPECT_TRUE(EngineMessage().CopyToRecord(&record));
@@ -64,11 +64,11 @@ TEST_F(MessageCopyToRecord, FillsEveryFieldAndNoGap) {
     }
 }
 
-TEST_F(MessageCopyToRecord, IsFalseForNull) {
+TEST_F(MessageCopyToRecord, FailsForNull) {
     EXPECT_FALSE(EngineMessage().CopyToRecord(nullptr));
 }
 
-TEST_F(MessageCopyToRecord, CutsTextsAtTheEndOfTheirArrays) {
+TEST_F(MessageCopyToRecord, TruncatesTextsToTheirArrays) {
     for (const std::size_t excess : {0U, 1U, 100U}) {
         const auto tooLong = [excess](std::size_t most, char ch) {
             return database.arena.Keep(std::string(most + excess, ch));
@@ -91,7 +91,7 @@ TEST_F(MessageCopyToRecord, CutsTextsAtTheEndOfTheirArrays) {
     }
 }
 
-TEST_F(MessageCopyToRecord, CutsACommentOfSeveralTexts) {
+TEST_F(MessageCopyToRecord, TruncatesAJoinedComment) {
     for (std::size_t front = 250; front <= 256; ++front) {
         const std::string text(front, 'c');
         Note third{"more text"};
@@ -110,7 +110,7 @@ TEST_F(MessageCopyToRecord, CutsACommentOfSeveralTexts) {
     }
 }
 
-TEST_F(MessageCopyToRecord, CutsNoCharacter) {
+TEST_F(MessageCopyToRecord, TruncatesAtACharacter) {
     for (const std::string character : {"e", "\xc3\xa9", "\xe2\x82\xac", "\xf0\x9f\x9a\x97"}) {
         for (std::size_t front = 250; front <= 256; ++front) {
             CANMessage message = EngineMessage();
@@ -129,9 +129,9 @@ TEST_F(MessageCopyToRecord, CutsNoCharacter) {
     }
 }
 
-// A text that cannot be cut ends the copy: its array is empty, what comes behind it in the order
-// of copying keeps what the record held.
-TEST_F(MessageCopyToRecord, StopsAtATextThatCannotBeCut) {
+// An invalid text ends the copy: its array becomes empty, and the fields after it in the order
+// of copying keep their values.
+TEST_F(MessageCopyToRecord, StopsAtAnInvalidText) {
     using SetText = void (*)(CANMessage&);
     const std::vector<SetText> invalidate = {
         [](CANMessage& message) { message.name = invalidText; },
@@ -156,7 +156,7 @@ TEST_F(MessageCopyToRecord, StopsAtATextThatCannotBeCut) {
         storeInOrder(expected.longName, engineFields.longName);
         storeInOrder(expected.transmitter, engineFields.transmitter);
         storeInOrder(expected.comment, engineFields.comment);
-        // Three numbers come in front of the last text, the other one behind it.
+        // Three numbers come before the last text, the other one after it.
         if (at <= failing) {
             expected.id = engineFields.id;
             expected.dlc = engineFields.dlc;
@@ -167,7 +167,7 @@ TEST_F(MessageCopyToRecord, StopsAtATextThatCannotBeCut) {
     }
 }
 
-// -- In ---------------------------------------------------------------------------------------
+// -- Appending --------------------------------------------------------------------------------
 
 CanMessageRecord EngineRecord() {
     MessageFields fields = engineFields;
@@ -184,7 +184,7 @@ CANMessage Taken(const CanMessageRecord& record) {
     return message;
 }
 
-TEST_F(MessageFillFromRecord, TakesItsFieldsAndNoOther) {
+TEST_F(MessageFillFromRecord, CopiesTheAppendedFieldsOnly) {
     CanMessageRecord record = EngineRecord();
     const CANMessage message = Taken(record);
     EXPECT_TRUE(SameBytes(record, EngineRecord()));
@@ -198,7 +198,7 @@ TEST_F(MessageFillFromRecord, TakesItsFieldsAndNoOther) {
     EXPECT_TRUE(SameBytes(out, RecordOf(fields)));
 }
 
-TEST_F(MessageFillFromRecord, KeepsNothingOfARecordThatItRefuses) {
+TEST_F(MessageFillFromRecord, FailsWithoutChangesForInvalidText) {
     CANMessage message;
     EXPECT_FALSE(message.FillFromRecord(database.arena, nullptr));
     for (const auto corrupt : {+[](CanMessageRecord& record) { record.longName[0] = '\x80'; },
@@ -213,7 +213,7 @@ TEST_F(MessageFillFromRecord, KeepsNothingOfARecordThatItRefuses) {
     }
 }
 
-TEST_F(MessageFillFromRecord, LooksAtNoTextThatIsIgnored) {
+TEST_F(MessageFillFromRecord, DoesNotValidateIgnoredTexts) {
     CanMessageRecord record = EngineRecord();
     test::StoreAll(record.name, std::string(33, '\x80'));
     test::StoreAll(record.sendType, std::string(33, '\x80'));
@@ -222,7 +222,7 @@ TEST_F(MessageFillFromRecord, LooksAtNoTextThatIsIgnored) {
     EXPECT_EQ(message.sendType, "");
 }
 
-TEST_F(MessageFillFromRecord, LosesTheLastByteOfAnArrayWithoutANul) {
+TEST_F(MessageFillFromRecord, DropsTheLastByteOfAnArrayWithoutANul) {
     CanMessageRecord record = EngineRecord();
     test::StoreAll(record.longName, std::string(256, 'l'));
     test::StoreAll(record.transmitter, std::string(33, 't'));
@@ -234,7 +234,7 @@ TEST_F(MessageFillFromRecord, LosesTheLastByteOfAnArrayWithoutANul) {
     EXPECT_EQ(CommentOf(message.notes), std::string(254, 'c'));
 }
 
-TEST_F(MessageFillFromRecord, BringsTextsIntoShape) {
+TEST_F(MessageFillFromRecord, NormalisesTexts) {
     CanMessageRecord record = EngineRecord();
     test::StoreText(record.longName, "1\tEngine\r\nspeed\v\f\x01");
     test::StoreText(record.transmitter, "2nd ECU");
@@ -246,7 +246,7 @@ TEST_F(MessageFillFromRecord, BringsTextsIntoShape) {
     EXPECT_EQ(CommentOf(message.notes), "\\\"a\\\"\tb\\\"");
 }
 
-TEST_F(MessageFillFromRecord, TakesEmptyTextsAndEveryNumber) {
+TEST_F(MessageFillFromRecord, AcceptsEmptyTextsAndAnyNumber) {
     const CanMessageRecord record =
         RecordOf(MessageFields{.id = std::numeric_limits<std::uint32_t>::max(),
                                .dlc = std::numeric_limits<std::uint32_t>::max()});

@@ -9,7 +9,7 @@
 namespace vexil {
 namespace {
 
-TEST(DisplayForm, ReplacesFiveCharactersByBlanks) {
+TEST(DisplayForm, ReplacesTabsAndLineEndsWithBlanks) {
     Arena arena;
     for (int code = 0; code < 256; ++code) {
         const char ch = static_cast<char>(code);
@@ -27,7 +27,7 @@ TEST(DisplayForm, KeepsTheLength) {
     EXPECT_EQ(DisplayForm(arena, " a\t\tb \n"), " a  b  ");
 }
 
-TEST(DisplayForm, CopiesATextOnlyToChangeIt) {
+TEST(DisplayForm, CopiesOnlyATextThatChanges) {
     Arena arena;
     const std::string plain = "plain text";
     EXPECT_EQ(DisplayForm(arena, plain).data(), plain.data());

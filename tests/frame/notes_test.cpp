@@ -53,7 +53,7 @@ TEST_F(NotesTest, KeepACopyOfTheCommentThatIsSet) {
     EXPECT_EQ(notes.Comment(scratch, 4), "text");
 }
 
-TEST_F(NotesTest, HaveNoCommentWhenAnEmptyTextIsSet) {
+TEST_F(NotesTest, HaveNoCommentAfterSettingAnEmptyText) {
     Notes notes;
     notes.SetComment(arena, "");
     EXPECT_FALSE(notes.HasComment());
@@ -80,7 +80,7 @@ TEST_F(NotesTest, PutABackslashBeforeEachQuoteThatHasNone) {
     }
 }
 
-TEST_F(NotesTest, JoinTheTextsWithNothingBetweenThem) {
+TEST_F(NotesTest, ConcatenateTheTexts) {
     EXPECT_EQ(CommentOf({"a", "", "b \"c\"", "d"}), "ab \\\"c\\\"d");
 }
 
@@ -111,7 +111,7 @@ TEST_F(NotesTest, StopWhenTheLineIsLongEnough) {
     EXPECT_EQ(line.Text(), "lineaa");
 }
 
-TEST_F(NotesTest, CopyNothingWhereOneTextIsTheComment) {
+TEST_F(NotesTest, AreNotCopiedWhereOneTextIsTheComment) {
     const std::string text(100, 'c');
     LineBuffer scratch;
     EXPECT_EQ(NotesOf({text}).Comment(scratch, 1).data(), text.data());

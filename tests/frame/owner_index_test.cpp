@@ -66,13 +66,13 @@ class OwnerIndexTest : public testing::Test {
     OwnerIndex index;
 };
 
-TEST_F(OwnerIndexTest, HasNobodyWhenNew) {
+TEST_F(OwnerIndexTest, IsEmptyWhenNew) {
     EXPECT_EQ(index.FindMessage(5), nullptr);
     EXPECT_EQ(index.FindSignal(5, "S"), nullptr);
     EXPECT_EQ(NamesAt(5, "S "), Texts{});
 }
 
-TEST_F(OwnerIndexTest, FindsTheNewestOfAKey) {
+TEST_F(OwnerIndexTest, FindsTheLatestOwnerOfAKey) {
     AddMessage(5);
     AddSignal(5, "S");
     const CANMessage& message = AddMessage(5);
@@ -87,7 +87,7 @@ TEST_F(OwnerIndexTest, FindsTheNewestOfAKey) {
     EXPECT_EQ(index.FindSignal(7, "S"), nullptr);
 }
 
-TEST_F(OwnerIndexTest, TellsAMessageFromANamelessSignal) {
+TEST_F(OwnerIndexTest, DistinguishesAMessageFromASignalWithoutAName) {
     for (const std::uint32_t id : {0U, 5U, 0xFFFFFFFFU}) {
         const CANMessage& message = AddMessage(id);
         EXPECT_EQ(index.FindSignal(id, ""), nullptr);
@@ -100,7 +100,7 @@ TEST_F(OwnerIndexTest, TellsAMessageFromANamelessSignal) {
     }
 }
 
-TEST_F(OwnerIndexTest, GivesAnOwnerTheNotesFromItsFirstOneOn) {
+TEST_F(OwnerIndexTest, OwnerHasTheNotesAddedAfterIt) {
     const CANSignal& first = AddSignal(5, "S");
     const CANSignal& second = AddSignal(5, "S");
     AddComment(5, "S", "a");
@@ -124,7 +124,7 @@ TEST_F(OwnerIndexTest, GivesAnOwnerTheNotesFromItsFirstOneOn) {
     EXPECT_EQ(TextsFrom(late.notes.statements), Texts{});
 }
 
-TEST_F(OwnerIndexTest, GivesNotesToNoOtherKey) {
+TEST_F(OwnerIndexTest, NotesReachOnlyOwnersOfTheirKey) {
     const CANMessage& message = AddMessage(5);
     const CANSignal& nameless = AddSignal(5, "");
     const CANSignal& signal = AddSignal(5, "S");
@@ -140,7 +140,7 @@ TEST_F(OwnerIndexTest, GivesNotesToNoOtherKey) {
     EXPECT_EQ(TextsFrom(other.notes.comments), Texts{});
 }
 
-TEST_F(OwnerIndexTest, VisitsEveryNameThatBeginsTheText) {
+TEST_F(OwnerIndexTest, VisitsEveryNameThatIsAPrefixOfTheText) {
     for (const char* const name : {"A", "A B", "A B C", "A  B", "A\tB", "AB", "B", "A B", ""}) {
         AddSignal(7, name);
     }
@@ -161,7 +161,7 @@ TEST_F(OwnerIndexTest, VisitsEveryNameThatBeginsTheText) {
     }
 }
 
-TEST_F(OwnerIndexTest, MakesFloatsOfSignalsOfTheSizeAlone) {
+TEST_F(OwnerIndexTest, MakeFloatChangesOnlySignalsOfTheSize) {
     const CANSignal& single = AddSignal(5, "S", 32);
     const CANSignal& other = AddSignal(5, "S", 31);
     const CANSignal& twice = AddSignal(5, "S", 64);
@@ -174,7 +174,7 @@ TEST_F(OwnerIndexTest, MakesFloatsOfSignalsOfTheSizeAlone) {
     EXPECT_EQ(twice.valueType, ValueFloat64);
 }
 
-TEST_F(OwnerIndexTest, MakesFloatsOfOwnersThatCameBeforeTheStatementAlone) {
+TEST_F(OwnerIndexTest, MakeFloatChangesOnlyOwnersBeforeTheStatement) {
     for (const auto& [bits, type] : {std::pair{32U, ValueFloat32}, std::pair{64U, ValueFloat64}}) {
         const std::string name = std::to_string(bits);
         const CANSignal& first = AddSignal(5, name, bits);
@@ -217,7 +217,7 @@ TEST_F(OwnerIndexTest, ReachesManyOwnersOfManyKeys) {
     }
 }
 
-TEST_F(OwnerIndexTest, HasNobodyAfterClear) {
+TEST_F(OwnerIndexTest, IsEmptyAfterClear) {
     AddMessage(5);
     const CANSignal& before = AddSignal(5, "A B");
     AddStatement(5, "A B", "1");

@@ -55,7 +55,7 @@ TEST_F(RecordParseErrorTest, KeepsAtMost254Bytes) {
     }
 }
 
-TEST_F(RecordParseErrorTest, CutsNoCharacter) {
+TEST_F(RecordParseErrorTest, TruncatesAtACharacter) {
     for (const std::string character : {"e", "\xc3\xa9", "\xe2\x82\xac", "\xf0\x9f\x9a\x97"}) {
         for (std::size_t front = 249; front <= 256; ++front) {
             const std::string statement = std::string(front, 'x') + character + "more\n";
@@ -72,7 +72,7 @@ TEST_F(RecordParseErrorTest, CutsNoCharacter) {
     EXPECT_EQ(TextOf("\xf0\x9f\x9a\x97"), "");
 }
 
-TEST_F(RecordParseErrorTest, KeepsNoTextThatCannotBeCut) {
+TEST_F(RecordParseErrorTest, StoresNoInvalidText) {
     EXPECT_EQ(TextOf("abc\x80xyz"), "");
 }
 

@@ -1,4 +1,4 @@
-// Tests of a signal out to its record and in from it, and of its value descriptions.
+// Tests of a signal copied to a record and filled from one, and of its value descriptions.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -83,9 +83,9 @@ class SignalCopyToRecord : public test::DatabaseTest {};
 class SignalFillFromRecord : public test::DatabaseTest {};
 class AddEnum : public test::DatabaseTest {};
 
-// -- Out --------------------------------------------------------------------------------------
+// -- Fetching ---------------------------------------------------------------------------------
 
-TEST_F(SignalCopyToRecord, FillsEveryFieldAndNoGap) {
+TEST_F(SignalCopyToRecord, WritesEveryFieldAndNoPadding) {
     for (const unsigned char pattern : {Pattern, OtherPattern}) {
         auto record = Filled<CanSignalRecord>(pattern);
         EXPECT_TRUE(SpeedSignal().CopyToRecord(&record));
@@ -99,11 +99,11 @@ TEST_F(SignalCopyToRecord, HasDefaultsForANewSignal) {
     EXPECT_TRUE(SameBytes(record, RecordOf(SignalFields{})));
 }
 
-TEST_F(SignalCopyToRecord, IsFalseForNull) {
+TEST_F(SignalCopyToRecord, FailsForNull) {
     EXPECT_FALSE(SpeedSignal().CopyToRecord(nullptr));
 }
 
-TEST_F(SignalCopyToRecord, CutsTextsAtTheEndOfTheirArrays) {
+TEST_F(SignalCopyToRecord, TruncatesTextsToTheirArrays) {
     for (const std::size_t excess : {0U, 1U, 100U}) {
         const auto tooLong = [excess](std::size_t most, char ch) {
             return database.arena.Keep(std::string(most + excess, ch));
@@ -126,7 +126,7 @@ TEST_F(SignalCopyToRecord, CutsTextsAtTheEndOfTheirArrays) {
     }
 }
 
-TEST_F(SignalCopyToRecord, CutsTheReceiverListWithinAName) {
+TEST_F(SignalCopyToRecord, TruncatesTheReceiverListInsideAName) {
     CANSignal signal = SpeedSignal();
     const std::string list = std::string(240, 'r') + ",ECU_1,ECU_2,ECU_3";
     signal.receivers = list;
@@ -137,9 +137,9 @@ TEST_F(SignalCopyToRecord, CutsTheReceiverListWithinAName) {
     EXPECT_TRUE(SameBytes(record, RecordOf(fields)));
 }
 
-// A text that cannot be cut ends the copy: its array is empty, what comes behind it in the order
-// of copying (the numbers come last) keeps what the record held.
-TEST_F(SignalCopyToRecord, StopsAtATextThatCannotBeCut) {
+// An invalid text ends the copy: its array becomes empty, and the fields after it in the order
+// of copying (the numbers come last) keep their values.
+TEST_F(SignalCopyToRecord, StopsAtAnInvalidText) {
     using SetText = void (*)(CANSignal&);
     const std::vector<SetText> invalidate = {
         [](CANSignal& signal) { signal.name = invalidText; },
@@ -171,7 +171,7 @@ TEST_F(SignalCopyToRecord, StopsAtATextThatCannotBeCut) {
     }
 }
 
-// -- In ---------------------------------------------------------------------------------------
+// -- Appending --------------------------------------------------------------------------------
 
 CanSignalRecord SpeedRecord() {
     SignalFields fields = speedFields;
@@ -190,7 +190,7 @@ CANSignal Taken(const CanSignalRecord& record) {
     return signal;
 }
 
-TEST_F(SignalFillFromRecord, TakesItsFieldsAndNoOther) {
+TEST_F(SignalFillFromRecord, CopiesTheAppendedFieldsOnly) {
     CanSignalRecord record = SpeedRecord();
     const CANSignal signal = Taken(record);
     EXPECT_TRUE(SameBytes(record, SpeedRecord()));
@@ -204,7 +204,7 @@ TEST_F(SignalFillFromRecord, TakesItsFieldsAndNoOther) {
     EXPECT_FALSE(signal.hasNameSuffix);
 }
 
-TEST_F(SignalFillFromRecord, KeepsNothingOfARecordThatItRefuses) {
+TEST_F(SignalFillFromRecord, FailsWithoutChangesForInvalidText) {
     CANSignal signal;
     EXPECT_FALSE(signal.FillFromRecord(database.arena, nullptr));
     for (const auto corrupt :
@@ -222,7 +222,7 @@ TEST_F(SignalFillFromRecord, KeepsNothingOfARecordThatItRefuses) {
     }
 }
 
-TEST_F(SignalFillFromRecord, LooksAtNoTextThatIsIgnored) {
+TEST_F(SignalFillFromRecord, DoesNotValidateIgnoredTexts) {
     CanSignalRecord record = SpeedRecord();
     test::StoreAll(record.name, std::string(33, '\x80'));
     test::StoreAll(record.unitUtf8, std::string(33, '\x80'));
@@ -231,7 +231,7 @@ TEST_F(SignalFillFromRecord, LooksAtNoTextThatIsIgnored) {
     EXPECT_EQ(signal.unitUtf8, "\xc2\xb0K");
 }
 
-TEST_F(SignalFillFromRecord, LosesTheLastByteOfAnArrayWithoutANul) {
+TEST_F(SignalFillFromRecord, DropsTheLastByteOfAnArrayWithoutANul) {
     CanSignalRecord record = SpeedRecord();
     test::StoreAll(record.longName, std::string(256, 'l'));
     test::StoreAll(record.unit, std::string(31, 'u') + "\xc3\xa9");
@@ -246,7 +246,7 @@ TEST_F(SignalFillFromRecord, LosesTheLastByteOfAnArrayWithoutANul) {
     EXPECT_EQ(CommentOf(signal.notes), std::string(255, 'c'));
 }
 
-TEST_F(SignalFillFromRecord, BringsTextsIntoShape) {
+TEST_F(SignalFillFromRecord, NormalisesTexts) {
     CanSignalRecord record = SpeedRecord();
     test::StoreText(record.longName, "1\tspeed\r\n\v\f");
     test::StoreText(record.unit, " \xf0\x9f\x9a\x97\t\"");
@@ -263,7 +263,7 @@ TEST_F(SignalFillFromRecord, BringsTextsIntoShape) {
     EXPECT_EQ(CommentOf(signal.notes), "\\\"a\\\"\tb\\\"");
 }
 
-TEST_F(SignalFillFromRecord, TakesEmptyTextsAndEveryNumber) {
+TEST_F(SignalFillFromRecord, AcceptsEmptyTextsAndAnyNumber) {
     const SignalFields fields = {.multiplexType = 77,
                                  .multiplexValue = 78,
                                  .startBit = 0xFFFFFFFFU,
@@ -283,7 +283,7 @@ TEST_F(SignalFillFromRecord, TakesEmptyTextsAndEveryNumber) {
     EXPECT_TRUE(SameBytes(out, record));
 }
 
-TEST_F(SignalFillFromRecord, MakesAFloatOfTheWrongSizeASignedInteger) {
+TEST_F(SignalFillFromRecord, StoresAFloatOfTheWrongSizeAsASignedInteger) {
     struct Row {
         std::uint32_t valueType;
         std::uint32_t bitLength;
@@ -305,7 +305,7 @@ TEST_F(SignalFillFromRecord, MakesAFloatOfTheWrongSizeASignedInteger) {
 
 // -- Value descriptions -----------------------------------------------------------------------
 
-TEST_F(AddEnum, AddsTheTextAsItIs) {
+TEST_F(AddEnum, StoresTheTextUnchanged) {
     CANSignal signal;
     const CanEnumRecord record = RecordOf(EnumFields{-7, "say \"on\"\tnow"});
     EXPECT_TRUE(signal.AddEnum(database.arena, &record));
@@ -324,7 +324,7 @@ TEST_F(AddEnum, RefusesInvalidText) {
     EXPECT_EQ(EnumsOf(signal.notes), (EnumPairs{{3, "on"}}));
 }
 
-TEST_F(AddEnum, CutsTextsAsEveryTextOfARecord) {
+TEST_F(AddEnum, CutsTextAtTheEndOfTheArrayAndAtACharacter) {
     CANSignal signal;
     auto record = Filled<CanEnumRecord>(Pattern);
     record.value = 1;

@@ -1,5 +1,6 @@
 // Reads the input of each topic and compares records, errors and the file written from them with
-// what stands in the topic's folder, byte for byte. README.md tells what to do when they differ.
+// the files in the folder of the topic, byte for byte. README.md describes what to do when they
+// differ.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 

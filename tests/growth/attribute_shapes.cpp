@@ -145,7 +145,7 @@ Input LongNamesOfManyOwners(std::size_t size) {
     return input;
 }
 
-// One message whose signals share a name and a long name. A write tells the names apart, so that
+// One message whose signals share a name and a long name. A write makes the names unique, so that
 // each signal has a value of its own for the long one.
 Input LongNameOfSignalsOfOneName(std::size_t size) {
     Input input{MessageLine(1), 1};

@@ -124,7 +124,7 @@ Input OneStatementForNestedNames(std::size_t size) {
     }
     name.resize(name.size() - 2);
     input.text += "VAL_ 1 " + name;
-    // Only the longest name sees the value 0. To the others it is text behind the number 1.
+    // Only the longest name sees the value 0. To the others it is text after the number 1.
     input.enums = input.signals * (AppendPairs(input.text, size) - 1) + 1;
     input.text += ";\n";
     return input;

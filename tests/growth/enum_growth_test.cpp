@@ -112,7 +112,7 @@ TEST_P(EnumGrowthInOrder, OfAppendingAndFetchingIsLinear) {
     });
 }
 
-// A fetch behind each append, so that nothing that a fetch prepares lasts.
+// A fetch after each append, so that nothing that a fetch prepares lasts.
 TEST_F(EnumGrowth, OfAscendingAppendsAndFetchesInTurnIsLinear) {
     ExpectLinearWork([](std::uint32_t count) {
         for (std::uint32_t index = 0; index < count; ++index) {

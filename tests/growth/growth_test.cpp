@@ -29,7 +29,7 @@
 
 namespace vexil::growth {
 
-// Tells the test framework how to show a shape.
+// Prints a shape in the messages of the test framework.
 void PrintTo(const Shape& shape, std::ostream* out);
 void PrintTo(const Shape& shape, std::ostream* out) {
     *out << shape.name;

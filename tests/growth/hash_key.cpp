@@ -1,4 +1,4 @@
-// Drawing the key under a clock that stands still, and finding it in the memory of the program.
+// Drawing the key under a stopped clock, and finding it in the memory of the program.
 // SPDX-License-Identifier: MIT
 #include "hash_key.h"
 

@@ -12,8 +12,8 @@ struct HashKey {
     std::uint64_t factor = 0;
 };
 
-// Returns the key of this process. The clock stands still when it is drawn, and the program has its
-// data at a fixed place, so that every run has the same key. Ends the program if the key is not
+// Returns the key of this process. The clock is stopped when the key is drawn, and the program has
+// its data at a fixed place, so that every run has the same key. Ends the program if the key is not
 // found, which means that src/text/keyed_hash.cpp draws it in another way.
 const HashKey& KnownHashKey();
 

@@ -41,7 +41,7 @@ TEST(NamesOfOneKeyedHash, HaveManyHashesUnderAnotherKey) {
     EXPECT_EQ(HashesOf(NamesOfOneKeyedHash(1000, Number, other)).size(), 1000U);
 }
 
-TEST(IdsOfOneSlot, HaveHashesThatEndInTheSameBits) {
+TEST(IdsOfOneSlot, HaveHashesWithTheSameLowBits) {
     const std::vector<std::uint32_t> ids = IdsOfOneSlot(100, 12, KnownHashKey());
     EXPECT_EQ(std::set<std::uint32_t>(ids.begin(), ids.end()).size(), 100U);
     for (const std::uint32_t id : ids) {
@@ -51,7 +51,7 @@ TEST(IdsOfOneSlot, HaveHashesThatEndInTheSameBits) {
 
 // No input can show it without the key: the tables compare the keys of entries whose hashes are
 // equal.
-TEST(NamesOfOneKeyedHash, AreToldApart) {
+TEST(NamesOfOneKeyedHash, AreDistinguished) {
     const std::vector<std::string> names = NamesOfOneKeyedHash(100, Number, KnownHashKey());
     std::string text = MessageLine(Number);
     for (const std::string& name : names) {

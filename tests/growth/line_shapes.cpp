@@ -53,12 +53,12 @@ Input StatementsInOneLine(std::size_t size) {
     return input;
 }
 
-// Comments in one line, behind as many blanks.
+// Comments in one line, after as many blanks.
 Input BlanksBeforeStatementsInOneLine(std::size_t size) {
     return {std::string(size / 2, ' ') + Repeated("CM_ ; ", size / 2) + "\n"};
 }
 
-// Keywords that end nothing, since no semicolon stands in front of them.
+// Keywords that end nothing, since no semicolon comes before them.
 Input StrayKeywordsInComments(std::size_t size) {
     return {Repeated("CM_ \"a\nBO_ BO_ BO_ BO_ \nCM_ b\";\n", size)};
 }
@@ -73,7 +73,7 @@ Shape Messages(std::string name, std::string piece) {
             }};
 }
 
-// Refused signals of four bytes, each behind a message, since only the first one is looked at.
+// Refused signals of four bytes, each after a message, since only the first one is parsed.
 Input ShortestRefusedSignals(std::size_t size) {
     Input input;
     input.messages = FillUpTo(input.text, size, [](std::size_t) { return "BO_ 0 M:8\nSG_\n"; });

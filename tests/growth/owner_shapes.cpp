@@ -115,7 +115,7 @@ Shape MessagesThenStatements(std::string name, std::string statement) {
             }};
 }
 
-// The same, with the statement behind each message.
+// The same, with the statement after each message.
 Shape MessagesAndStatements(std::string name, std::string statement) {
     return {std::move(name), [statement](std::size_t size) {
                 Input input;
@@ -138,7 +138,7 @@ Input MessagesWithTheirStatements(std::size_t size) {
     return input;
 }
 
-// Messages of id 1 with a signal of one name each, and behind each the statement.
+// Messages of id 1 with a signal of one name each, and after each the statement.
 Input MessagesOfOneNameAnd(const std::string& statement, std::size_t size) {
     Input input;
     input.messages = FillUpTo(input.text, size, [&](std::size_t) {

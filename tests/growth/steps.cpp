@@ -1,4 +1,4 @@
-// The counters behind Measure: the callback of the instrumented blocks, wrappers of the memory
+// The counters of Measure: the callback of the instrumented blocks, wrappers of the memory
 // functions and of write, which the linker puts in their place, and the operators new and delete.
 // SPDX-License-Identifier: MIT
 #include "steps.h"
@@ -51,7 +51,7 @@ void Free(void* memory) noexcept {
     }
 }
 
-// The bytes that a comparison looks at: up to the first difference.
+// The bytes that a comparison reads: up to the first difference.
 std::size_t ComparedBytes(const void* left, const void* right, std::size_t size) {
     const auto* a = static_cast<const unsigned char*>(left);
     const auto* b = static_cast<const unsigned char*>(right);

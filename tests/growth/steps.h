@@ -1,6 +1,6 @@
 // The cost of a piece of work in steps, which are the same on every run and on every machine: one
 // for each basic block that the instrumented sources pass, one for each byte that a memory function
-// touches and one for each allocation. The counters stand in steps.cpp, which must not be
+// touches and one for each allocation. The counters are in steps.cpp, which must not be
 // instrumented itself.
 // SPDX-License-Identifier: MIT
 #pragma once

@@ -1,4 +1,4 @@
-// Any bytes at all as a file: a read ends well, its records keep their rules, and what it gave can
+// Any bytes as a file: the read succeeds, its records keep their rules, and the database can
 // be written and read again.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
@@ -110,15 +110,15 @@ std::string RandomTokens(Random& random, std::uint32_t maxCount) {
     return tokens;
 }
 
-TEST_F(AnyFile, MayHoldAnyBytes) {
+TEST_F(AnyFile, OfRandomBytesIsReadAndWritten) {
     Repeat([](Random& random) { return RandomBytes(random, 600); });
 }
 
-TEST_F(AnyFile, MayHoldStatementsInPieces) {
+TEST_F(AnyFile, OfPiecesOfStatementsIsReadAndWritten) {
     Repeat([](Random& random) { return RandomTokens(random, random.OneIn(20) ? 2000 : 120); });
 }
 
-TEST_F(AnyFile, MayBeAWrittenFileWithAnythingChanged) {
+TEST_F(AnyFile, WithRandomChangesOfAWrittenFileIsReadAndWritten) {
     Repeat([this](Random& random) {
         std::string file = WrittenFile(random);
         for (std::uint32_t change = 1 + random.Below(12); change != 0 && !file.empty(); --change) {

@@ -1,4 +1,4 @@
-// What the library should hold, kept beside it: texts of any length, where a record has only what
+// The expected content of the library: texts of any length, where a record has only what
 // fits.
 // SPDX-License-Identifier: MIT
 #pragma once

@@ -94,7 +94,7 @@ class DatabaseMaker {
         }
     }
 
-    // Few names, so that they meet in one message: plain ones, texts, or long ones that differ only
+    // Few names, so that messages have duplicates: plain ones, texts, or long ones that differ only
     // where a suffix cuts them.
     std::string LongName() {
         if (random.OneIn(12)) {

@@ -9,15 +9,15 @@
 //   NamelessMessages     a message without a name is refused, and its signals are lost with it
 //   LostSignals          a number that leaves the range of a double when it is rounded to ten
 //   digits
-//                        refuses its signal, and the signals behind it in the message are lost
+//                        refuses its signal, and the signals after it in the message are lost
 //   TenDigits            a number keeps ten digits
 //   ReversedRanges       minimum and maximum change places when they are the wrong way round
 //   DefaultNodes         no transmitter and no receivers are "Marrowby" in a file
-//   IndicatorNames       a name such as M or m1 in front of the colon is a multiplex indicator
+//   IndicatorNames       a name such as M or m1 before the colon is a multiplex indicator
 //   OtherConstants       multiplex types above 2 are plain, a plain signal has no multiplex value,
 //                        byte orders are 0 or 1, and value types above 3 are signed
 //   UnitsInAscii         a unit has "_" for each character outside ASCII, also where it is UTF-8
-//   UnitEnds             a unit loses the blanks at its ends; behind a double quote inside it stand
+//   UnitEnds             a unit loses the blanks at its ends; after a double quote inside it come
 //                        the receivers
 //   ControlCharacters    a file has no control characters but white space
 //   SharedOwners         comments, value descriptions, value types and long names reach every
@@ -32,7 +32,7 @@
 //                        not CAN FD leaves the bus type of before
 //
 // Left out, since a keyword there ends the statement and what follows may be anything: keywords as
-// names of signals and nodes, inside units and value descriptions, and behind the first line of a
+// names of signals and nodes, inside units and value descriptions, and after the first line of a
 // comment; and value descriptions of several lines and more than 4096 bytes. The golden files show
 // what becomes of keywords.
 // SPDX-License-Identifier: MIT
@@ -45,13 +45,13 @@
 
 namespace vexil::test {
 
-// Makes the names of the model what a write makes them. Returns whether any has changed.
+// Changes the names of the model as a write does. Returns whether any has changed.
 bool SuffixedNames(Model& model);
 
 // Whether the file of the model has a keyword where it ends a statement.
 bool HoldsStrayKeyword(const Model& model);
 
-// The messages in the order in which they stand in a file that is written in the order of an Order
+// The messages in their order in a file that is written in the order of an Order
 // constant.
 std::vector<ModelMessage> InOrder(std::vector<ModelMessage> messages, std::uint32_t order);
 

@@ -67,7 +67,7 @@ class RoundTrip : public testing::Test {
     std::string path = folder.File("round_trip.dbc");
 };
 
-TEST_F(RoundTrip, GivesTheRecordsThatWereAppended) {
+TEST_F(RoundTrip, FetchesTheAppendedRecords) {
     Repeat([](Random& random) { ExpectHeld(AppendRandomDatabase(random)); });
 }
 
@@ -80,7 +80,7 @@ TEST_F(RoundTrip, ChangesNothingButNamesOnWriting) {
     });
 }
 
-TEST_F(RoundTrip, GivesTheRecordsOfTheModelBehindTheFile) {
+TEST_F(RoundTrip, ReadsBackTheRecordsThatTheRulesPredict) {
     int unsuffixed = 0;
     Repeat([&](Random& random) {
         Model model = AppendRandomDatabase(random);
@@ -112,7 +112,7 @@ TEST_F(RoundTrip, WritesTheSameBytesAgain) {
         const std::uint32_t order = random.Below(4);
         std::string former = Write(order);
         SuffixedNames(model);
-        // Only where groups of suffixes have met does another write number names afresh.
+        // Only where groups of suffixed names merge does another write renumber names.
         for (int again = 0; again < 2; ++again) {
             const bool isChanged = SuffixedNames(model);
             const std::string bytes = Write(order);

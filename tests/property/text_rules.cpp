@@ -24,7 +24,7 @@ bool IsControl(char ch) {
     return byte < 32 || byte == 127;
 }
 
-// Whether white space behind one of the tokens makes it a keyword.
+// Whether white space after one of the tokens makes it a keyword.
 bool HoldsKeywordToken(const std::string& text) {
     std::string token;
     for (const char ch : text) {

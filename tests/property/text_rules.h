@@ -25,13 +25,13 @@ std::string WithoutLineControls(std::string text);
 // The text without control characters that are no white space, which no line of a file keeps.
 std::string WithoutControls(std::string text);
 
-// The text with a backslash in front of each double quote that has none.
+// The text with a backslash before each double quote that has none.
 std::string WithEscapedQuotes(const std::string& text);
 
 bool IsKeyword(const std::string& token);
 
 // Whether a reader would see a keyword in a quoted text, which ends most statements; and whether it
-// would see one behind the first line, where it ends a comment.
+// would see one after the first line, where it ends a comment.
 bool HoldsKeyword(const std::string& text);
 bool HoldsKeywordBehindItsFirstLine(const std::string& text);
 
@@ -44,14 +44,14 @@ bool NumberByFile(double& number);
 bool AttributeText(const std::string& statement, std::size_t tokenAt, std::string& text);
 
 // Adds the value descriptions of a text: numbers and quoted texts in turn, each pair found by its
-// quotes alone.
+// quotes only.
 void AddDescriptions(const std::string& text, std::map<std::int32_t, std::string>& enums);
 
-// A multiplex indicator at the end of what stands in front of the colon.
+// A multiplex indicator at the end of the text before the colon.
 struct Indicator {
     std::uint32_t type = 0;
     std::uint32_t value = 0;
-    std::string name;  // what stands in front of it
+    std::string name;  // the text before it
 };
 
 Indicator IndicatorOf(const std::string& head);

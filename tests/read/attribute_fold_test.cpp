@@ -19,7 +19,7 @@ using test::ReadText;
 
 class FoldReservedAttributes : public test::DatabaseTest {
   protected:
-    // Reads the attribute statements behind three messages, two of them of one id.
+    // Reads the attribute statements after three messages, two of them of one id.
     static void ReadWithMessages(std::string_view attributes) {
         ReadText(
             Concat("BO_ 1 A: 8 N\n"
@@ -32,22 +32,22 @@ class FoldReservedAttributes : public test::DatabaseTest {
                    attributes));
     }
 
-    // What tell says of each message or signal, joined.
-    template <typename Tell>
-    static std::string OfMessages(Tell tell) {
+    // The results of describe for each message or signal, joined.
+    template <typename Describe>
+    static std::string OfMessages(Describe describe) {
         std::string text;
         for (std::size_t at = 0; at < database.messages.Size(); ++at) {
-            text += Concat(tell(database.messages[at]), " ");
+            text += Concat(describe(database.messages[at]), " ");
         }
         return text;
     }
 
-    template <typename Tell>
-    static std::string OfSignals(Tell tell) {
-        return OfMessages([tell](const CANMessage& message) {
+    template <typename Describe>
+    static std::string OfSignals(Describe describe) {
+        return OfMessages([describe](const CANMessage& message) {
             std::string text;
             for (const CANSignal* signal : message.signals) {
-                text += Concat(text.empty() ? "" : " ", tell(*signal));
+                text += Concat(text.empty() ? "" : " ", describe(*signal));
             }
             return text;
         });
@@ -136,7 +136,7 @@ TEST_F(FoldReservedAttributes, SetsTheBusTypeFromTheValueElseTheDefault) {
     EXPECT_EQ(database.info.busType, BusClassicCan);
 }
 
-TEST_F(FoldReservedAttributes, LooksForTheBusTypeAsATextOfTheNetworkAlone) {
+TEST_F(FoldReservedAttributes, TakesTheBusTypeOnlyFromATextAttributeOfTheNetwork) {
     for (const std::string_view definition :
          {"BA_DEF_ BO_ \"BusType\" STRING ;\n", "BA_DEF_ SG_ \"BusType\" STRING ;\n",
           "BA_DEF_ \"BusType\" ENUM \"CAN FD\",\"CAN\";\n", "BA_DEF_ \"BusType\" INT 0 1;\n",

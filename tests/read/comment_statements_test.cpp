@@ -1,4 +1,4 @@
-// Tests of CM_ statements: whose comment changes, and to what.
+// Tests of CM_ statements: whose comments change, and how.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ class CommentTest : public test::DatabaseTest {
         std::string_view comments;
     };
 
-    // Reads message 5 with the signal S, and the text behind it. Returns the comments of all
+    // Reads message 5 with the signal S, and the text after it. Returns the comments of all
     // messages and signals that have one: id='' and 'raw name of signal'=''.
     static std::string Comments(std::string_view text) {
         EXPECT_EQ(test::ReadText(Concat("BO_ 5 M: 8 N\n", Signal("S"), text, "\n")),
@@ -101,7 +101,7 @@ TEST_F(MessageComment, AppendsToAnEarlierComment) {
               "5='abcd' ");
 }
 
-TEST_F(MessageComment, KeepsWhatANextKeywordLooksLikePartOf) {
+TEST_F(MessageComment, MayContainAKeyword) {
     EXPECT_EQ(Comments("CM_ BO_ 5 \"see BO_ 6 and\nmore\";\n"
                        "BO_ 6 B: 8 N"),
               R"(5='see BO_ 6 and\nmore' )");
@@ -137,7 +137,7 @@ TEST_F(SignalComment, ReachesEverySignalOfTheNameInEveryMessageOfTheId) {
               "'S'='text' 'S'='text' 'S'='text' ");
 }
 
-TEST_F(SignalComment, ReachesOnlySignalsInFrontOfIt) {
+TEST_F(SignalComment, ReachesOnlySignalsBeforeIt) {
     EXPECT_EQ(Comments(Concat("CM_ SG_ 5 T \"early\";\n"
                               "CM_ SG_ 5 S \"early\";\n"
                               "BO_ 5 M: 8 N\n",
@@ -147,7 +147,7 @@ TEST_F(SignalComment, ReachesOnlySignalsInFrontOfIt) {
               "'S'='early late' 'S'=' late' 'T'='late' ");
 }
 
-TEST_F(SignalComment, ComparesTheNameAsItStandsInTheFile) {
+TEST_F(SignalComment, ComparesTheNameAsWrittenInTheFile) {
     struct Names {
         std::string_view name;   // in the SG_ statement
         std::string_view asked;  // in the CM_ statement

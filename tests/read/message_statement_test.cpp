@@ -7,7 +7,7 @@ namespace {
 
 using MessageStatement = test::ParseTest;
 
-TEST_F(MessageStatement, TakesIdNameSizeAndTransmitter) {
+TEST_F(MessageStatement, HasIdNameSizeAndTransmitter) {
     CheckRows({
         {"BO_ 291 Engine: 8 ECU1", "291 'Engine' 8 'ECU1'"},
         {" \n\tBO_\f\v291\r\nEngine:\n8\nECU1\n", "291 'Engine' 8 'ECU1'"},
@@ -16,7 +16,7 @@ TEST_F(MessageStatement, TakesIdNameSizeAndTransmitter) {
     });
 }
 
-TEST_F(MessageStatement, TakesAnyIdOf32BitsThatIsDigitsOnly) {
+TEST_F(MessageStatement, IdIsAnUnsignedNumberOf32Bits) {
     CheckRows({
         {"BO_ 0 M: 8 N", "0 'M' 8 'N'"},
         {"BO_ 007 M: 8 N", "7 'M' 8 'N'"},
@@ -34,7 +34,7 @@ TEST_F(MessageStatement, TakesAnyIdOf32BitsThatIsDigitsOnly) {
     });
 }
 
-TEST_F(MessageStatement, TakesAllInFrontOfTheFirstColonAsTheName) {
+TEST_F(MessageStatement, NameIsTheTextBeforeTheFirstColon) {
     CheckRows({
         {"BO_ 1 Two Words: 8 N", "1 'Two_Words' 8 'N' long='Two Words'"},
         {"BO_ 1 \tTwo \n\t Words\r: 8 N", R"(1 'Two____Words' 8 'N' long='Two    Words')"},
@@ -53,7 +53,7 @@ TEST_F(MessageStatement, TakesAllInFrontOfTheFirstColonAsTheName) {
     });
 }
 
-TEST_F(MessageStatement, TakesTheNumberDirectlyBehindTheColonAsTheSize) {
+TEST_F(MessageStatement, SizeIsTheNumberAfterTheColon) {
     CheckRows({
         {"BO_ 1 M: 0 N", "1 'M' 0 'N'"},
         {"BO_ 1 M: 300 N", "1 'M' 300 'N'"},
@@ -71,7 +71,7 @@ TEST_F(MessageStatement, TakesTheNumberDirectlyBehindTheColonAsTheSize) {
     });
 }
 
-TEST_F(MessageStatement, TakesAllBehindTheSizeAsTheTransmitter) {
+TEST_F(MessageStatement, TransmitterIsTheTextAfterTheSize) {
     CheckRows({
         {"BO_ 1 M: 8", "1 'M' 8 ''"},
         {"BO_ 1 M: 8 \t\n ", "1 'M' 8 ''"},
@@ -88,7 +88,7 @@ TEST_F(MessageStatement, TakesAllBehindTheSizeAsTheTransmitter) {
     });
 }
 
-TEST_F(MessageStatement, IsTakenFromEachBeginningForWhatItIs) {
+TEST_F(MessageStatement, IsParsedAtEachLength) {
     CheckBeginnings(3, {
                            {"BO_ ", "error 0"},
                            {"BO_ 291 Engine", "error 1"},
@@ -99,7 +99,7 @@ TEST_F(MessageStatement, IsTakenFromEachBeginningForWhatItIs) {
                        });
 }
 
-TEST_F(MessageStatement, IsRecordedWhenItIsRefusedAndNothingElseIsKeptOfIt) {
+TEST_F(MessageStatement, LeavesOnlyAnErrorWhenRefused) {
     test::ReadText("BO_ x M: 8 N\nBO_ 1 M 8 N\n\nBO_ 1 M:\nBU_ :\n");
     EXPECT_EQ(test::DumpDatabase(),
               "error 0 @1 'BO_ x M: 8 N'\n"
@@ -107,7 +107,7 @@ TEST_F(MessageStatement, IsRecordedWhenItIsRefusedAndNothingElseIsKeptOfIt) {
               "error 2 @4 'BO_ 1 M:'\n");
 }
 
-TEST_F(MessageStatement, OfAnIdThatIsThereMakesAnotherMessage) {
+TEST_F(MessageStatement, WithAKnownIdAddsAnotherMessage) {
     test::ReadText(
         "BO_ 5 A: 8 N\n"
         "BO_ 7 C: 8 N\n"

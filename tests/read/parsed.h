@@ -1,4 +1,4 @@
-// What a BO_ or SG_ statement makes of itself, told on one line.
+// The result of a BO_ or SG_ statement on one line.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -19,7 +19,7 @@ class ParseTest : public DatabaseTest {
         std::string_view outcome;
     };
 
-    // Reads the statement as a file, an SG_ statement behind a message. Returns the dump of what it
+    // Reads the statement as a file, an SG_ statement after a message. Returns the dump of what it
     // made, or "error" and the code with which it was refused.
     static std::string Parsed(std::string_view statement) {
         EXPECT_EQ(ReadText(Concat("BO_ 1 M: 8 N\n", statement, "\n")), GoodRead);
@@ -30,8 +30,8 @@ class ParseTest : public DatabaseTest {
         return message.signals.Size() == 0 ? Dump(message) : Dump(*message.signals[0]);
     }
 
-    // Checks what front, the part of a row and back make as one statement. The file puts a line
-    // feed behind it.
+    // Checks the statement that front, the part of a row and back make. The file puts a line
+    // feed after it.
     static void CheckRows(std::string_view front, std::string_view back,
                           const std::vector<Row>& rows) {
         for (const Row& row : rows) {
@@ -43,8 +43,8 @@ class ParseTest : public DatabaseTest {
     // Checks what whole statements make.
     static void CheckRows(const std::vector<Row>& rows) { CheckRows("", "", rows); }
 
-    // Checks each beginning of the whole statement, which is the part of the last row: a row tells
-    // the outcome from behind the part of the row before it up to its own part.
+    // Checks each beginning of the whole statement, which is the part of the last row: a row has
+    // the outcome of each beginning that is longer than the part of the row before it.
     //   length  of the first beginning.
     static void CheckBeginnings(std::size_t length, const std::vector<Row>& rows) {
         const std::string_view whole = rows.back().part;

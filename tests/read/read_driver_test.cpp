@@ -34,7 +34,7 @@ TEST_F(ReadDbcFile, ReadsAFileWithoutStatementsAsAnEmptyDatabase) {
     }
 }
 
-TEST_F(ReadDbcFile, HandlesTheStatementThatTheEndOfTheFileCuts) {
+TEST_F(ReadDbcFile, HandlesAStatementWithoutALineEnd) {
     EXPECT_EQ(ReadText("BO_ 1 A: 8 N"), GoodRead);
     EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N'\n");
     EXPECT_EQ(ReadText("BO_ 1 A: 8 N\n SG_ S : 0|8@1+ (1,0) [0|1] \"\" N"), GoodRead);
@@ -53,7 +53,7 @@ TEST_F(ReadDbcFile, ReturnsAStreamErrorWhenReadingFails) {
 
 // -- Signals and their message --
 
-// A signal behind the statement in hand tells whether that left the message open for signals.
+// A signal after a statement shows whether the statement left the message open for signals.
 constexpr std::string_view Probe = " SG_ Probe : 0|8@1+ (1,0) [0|1] \"\" N\n";
 constexpr std::string_view ProbeLine = "  'Probe' 0|8@1+ (1,0) [0|1] '' N\n";
 constexpr std::string_view Open = "BO_ 1 A: 8 N\n";
@@ -77,17 +77,17 @@ TEST_F(ReadDbcFile, ClosesTheMessageWithEachRefusedMessageStatement) {
     }
 }
 
-TEST_F(ReadDbcFile, KeepsTheMessageOpenBehindASignalThatParsed) {
+TEST_F(ReadDbcFile, KeepsTheMessageOpenAfterAValidSignal) {
     ReadText(Concat(Open, "SG_ S : 0|8@1+ (1,0) [0|1] \"\" N\n", Probe));
     EXPECT_EQ(DumpDatabase(), Concat("1 'A' 8 'N'\n  'S' 0|8@1+ (1,0) [0|1] '' N\n", ProbeLine));
 }
 
-TEST_F(ReadDbcFile, ClosesTheMessageBehindARefusedSignal) {
+TEST_F(ReadDbcFile, ClosesTheMessageAfterARefusedSignal) {
     ReadText(Concat(Open, "SG_ S\n", Probe));
     EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N'\nerror 3 @2 'SG_ S\\n'\n");
 }
 
-TEST_F(ReadDbcFile, DropsSignalsUnseenWhileNoMessageIsOpen) {
+TEST_F(ReadDbcFile, IgnoresSignalsWhileNoMessageIsOpen) {
     ReadText(Concat(Closed, "SG_ S : 0|8@1+ (1,0) [0|1] \"\" N\n", "SG_ bad\n", Probe));
     EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N'\n");
     ReadText(Concat("SG_ bad\n", Probe, Open));
@@ -121,8 +121,8 @@ TEST_F(ReadDbcFile, KeepsAFullMessageOpenUntilTheNextStatementOfAnotherKind) {
 
 // -- Handlers --
 
-TEST_F(ReadDbcFile, GivesEachKindOfStatementToItsHandlerOrDropsIt) {
-    // What stands behind the dumps of message 1 and its signals S and F.
+TEST_F(ReadDbcFile, PassesEachKindOfStatementToItsHandlerOrDropsIt) {
+    // The ends of the dumps of message 1 and its signals S and F.
     struct Row {
         std::string_view statement;
         std::string_view info;
@@ -161,7 +161,7 @@ TEST_F(ReadDbcFile, GivesEachKindOfStatementToItsHandlerOrDropsIt) {
     }
 }
 
-TEST_F(ReadDbcFile, LosesWhatRefersToAMessageThatStandsBehindIt) {
+TEST_F(ReadDbcFile, DropsStatementsBeforeTheirMessage) {
     ReadText(
         "CM_ BO_ 1 \"c\";\n"
         "VAL_ 1 F 0 \"off\";\n"
@@ -171,7 +171,7 @@ TEST_F(ReadDbcFile, LosesWhatRefersToAMessageThatStandsBehindIt) {
     EXPECT_EQ(DumpDatabase(), "1 'A' 8 'N'\n  'F' 8|32@1- (1,0) [0|1] '' N\n");
 }
 
-TEST_F(ReadDbcFile, TakesAttributesWhereverTheyStandAmongTheMessages) {
+TEST_F(ReadDbcFile, AppliesAttributesBeforeAndAfterMessages) {
     constexpr std::string_view Attributes =
         "BA_DEF_ BO_ \"GenMsgCycleTime\" INT 0 1000;\n"
         "BA_DEF_DEF_ \"GenMsgCycleTime\" 7;\n"
@@ -193,7 +193,7 @@ TEST_F(ReadDbcFile, TakesAttributesWhereverTheyStandAmongTheMessages) {
 // -- What a read leaves --
 
 // Such a read empties no tables.
-TEST_F(ReadDbcFile, StartsWithoutTheTablesOfAReadThatRanOutOfMemory) {
+TEST_F(ReadDbcFile, ClearsTablesLeftByAReadThatRanOutOfMemory) {
     CANMessage message;
     database.owners.AddMessage(message);
     database.attributes.AddDefinition({});
@@ -202,7 +202,7 @@ TEST_F(ReadDbcFile, StartsWithoutTheTablesOfAReadThatRanOutOfMemory) {
     EXPECT_TRUE(database.attributes.definitions.empty());
 }
 
-TEST_F(ReadDbcFile, StartsFromNothingButKeepsTheBusTypeThatAFileDoesNotTell) {
+TEST_F(ReadDbcFile, ReplacesTheDatabaseButKeepsTheBusType) {
     ReadText(
         "BO_ 1 A: 8 N\nBO_ x\n"
         "BA_DEF_ \"BusType\" STRING ;\nBA_DEF_DEF_ \"BusType\" \"CAN FD\";\n"
@@ -214,7 +214,7 @@ TEST_F(ReadDbcFile, StartsFromNothingButKeepsTheBusTypeThatAFileDoesNotTell) {
     EXPECT_EQ(DumpDatabase(), "");
 }
 
-TEST_F(ReadDbcFile, GivesARefusedStatementTheNumberOfTheLineAboveTheNextKeyword) {
+TEST_F(ReadDbcFile, LineOfAnErrorIsTheLineBeforeTheNextKeyword) {
     EXPECT_EQ(ReadText("\n\nBO_ a\n\n\nBO_ b\nstray\nBO_ c\nBO_ d\n\n"), GoodRead);
     EXPECT_EQ(DumpDatabase(),
               "error 0 @5 'BO_ a\\n\\n'\n"

@@ -1,5 +1,5 @@
-// Tests of SG_ statements as a whole: the order of the steps, what a failure leaves, and where the
-// signal goes. The steps themselves are in signal_steps_test.cpp.
+// Tests of SG_ statements as a whole: the order of the steps, the error of a refused statement, and
+// where the signal goes. The steps themselves are in signal_steps_test.cpp.
 // SPDX-License-Identifier: MIT
 #include "read/parsed.h"
 
@@ -8,7 +8,7 @@ namespace {
 
 using SignalStatement = test::ParseTest;
 
-TEST_F(SignalStatement, TakesTheWholeStatement) {
+TEST_F(SignalStatement, HasAllFields) {
     CheckRows({
         {R"(SG_ S : 0|8@1+ (1,0) [0|255] "" N)", "'S' 0|8@1+ (1,0) [0|255] '' N"},
         {R"(SG_ S M : 0|8@1+ (1,0) [0|255] "" N)", "'S' M 0|8@1+ (1,0) [0|255] '' N"},
@@ -31,7 +31,7 @@ TEST_F(SignalStatement, StopsAtTheFirstStepThatFails) {
     });
 }
 
-TEST_F(SignalStatement, IsTakenFromEachBeginningForWhatItIs) {
+TEST_F(SignalStatement, IsParsedAtEachLength) {
     CheckBeginnings(3, {
                            {"SG_ Speed m1 ", "error 3"},
                            {"SG_ Speed m1 : 8|", "error 4"},
@@ -62,7 +62,7 @@ TEST_F(SignalStatement, IsTakenFromEachBeginningForWhatItIs) {
                        });
 }
 
-TEST_F(SignalStatement, IsRecordedWhenItIsRefusedAndNothingElseIsKeptOfIt) {
+TEST_F(SignalStatement, LeavesOnlyAnErrorWhenRefused) {
     test::ReadText(
         "BO_ 1 A: 8 N\n"
         "SG_ S\n"
@@ -80,8 +80,8 @@ TEST_F(SignalStatement, IsRecordedWhenItIsRefusedAndNothingElseIsKeptOfIt) {
               "error 6 @6 'SG_ S m2 : 0|8@1+ (1,0) [0]'\n");
 }
 
-// A comment tells whether a signal that was dropped is found all the same.
-TEST_F(SignalStatement, IsDroppedWithoutARecordBeyondTheLimitOfAMessage) {
+// The comment statements show that a dropped signal is not found.
+TEST_F(SignalStatement, IsDroppedWithoutAnErrorWhenTheMessageIsFull) {
     std::string text = "BO_ 1 A: 8 N\n";
     for (int number = 0; number < 10002; ++number) {
         text += test::Concat("SG_ S", std::to_string(number), " : 0|8@1+ (1,0) [0|1] \"\" N\n");

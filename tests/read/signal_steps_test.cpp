@@ -14,8 +14,8 @@ using Unit = test::ParseTest;
 
 class HeadTest : public test::ParseTest {
   protected:
-    // The part in front of the colon, and what of the dump it decides: name with indicator, and the
-    // other forms of the name.
+    // The part before the colon, and the parts of the dump that depend on it: name with indicator,
+    // and the other forms of the name.
     struct HeadRow {
         std::string_view head;
         std::string_view name;
@@ -36,7 +36,7 @@ class HeadTest : public test::ParseTest {
 using SignalName = HeadTest;
 using MultiplexIndicator = HeadTest;
 
-TEST_F(SignalName, IsAllInFrontOfTheColon) {
+TEST_F(SignalName, IsTheTextBeforeTheColon) {
     CheckHeads({
         {" S ", "'S'", ""},
         {" S", "'S'", ""},
@@ -54,7 +54,7 @@ TEST_F(SignalName, IsAllInFrontOfTheColon) {
     });
 }
 
-TEST_F(SignalName, NeedsAColonThatSomethingFollows) {
+TEST_F(SignalName, NeedsAColonFollowedByText) {
     CheckRows("SG_", "",
               {
                   {" S :", "error 4"},
@@ -65,7 +65,7 @@ TEST_F(SignalName, NeedsAColonThatSomethingFollows) {
               });
 }
 
-TEST_F(MultiplexIndicator, IsALoneMBehindTheName) {
+TEST_F(MultiplexIndicator, IsASingleMAfterTheName) {
     CheckHeads({
         {" S M ", "'S' M", ""},
         {" S M", "'S' M", ""},
@@ -81,7 +81,7 @@ TEST_F(MultiplexIndicator, IsALoneMBehindTheName) {
     });
 }
 
-TEST_F(MultiplexIndicator, IsAnMWithANumberBehindTheName) {
+TEST_F(MultiplexIndicator, IsAnMWithANumberAfterTheName) {
     CheckHeads({
         {" S m12 ", "'S' m12", ""},
         {" S m12", "'S' m12", ""},
@@ -103,7 +103,7 @@ TEST_F(MultiplexIndicator, IsAnMWithANumberBehindTheName) {
     });
 }
 
-TEST_F(MultiplexIndicator, LetsHexadecimalLettersPassButReadsADecimalNumber) {
+TEST_F(MultiplexIndicator, AcceptsHexadecimalDigitsButReadsADecimalNumber) {
     CheckHeads({
         {" S m1a ", "'S' m1", ""},
         {" S m1F ", "'S' m1", ""},
@@ -113,7 +113,7 @@ TEST_F(MultiplexIndicator, LetsHexadecimalLettersPassButReadsADecimalNumber) {
     });
 }
 
-TEST_F(MultiplexIndicator, IsNotUnderstoodWhenCombined) {
+TEST_F(MultiplexIndicator, IsNotParsedWhenCombined) {
     CheckHeads({{" Sel m0M ", "'Sel_m0M'", " long='Sel m0M'"}});
 }
 
@@ -129,7 +129,7 @@ TEST_F(MultiplexIndicator, IsTakenFromANameThatLooksLikeOne) {
     });
 }
 
-TEST_F(BitLayout, TakesStartLengthOrderAndSign) {
+TEST_F(BitLayout, HasStartLengthByteOrderAndSign) {
     CheckRows("SG_ S :", "(1,0) [0|1] \"\" N",
               {
                   {" 0|8@1+ ", "'S' 0|8@1+ (1,0) [0|1] '' N"},
@@ -144,7 +144,7 @@ TEST_F(BitLayout, TakesStartLengthOrderAndSign) {
               });
 }
 
-TEST_F(BitLayout, ReadsTheNumberInFrontAndIgnoresWhatFollowsIt) {
+TEST_F(BitLayout, TakesTheLeadingNumberOfAField) {
     CheckRows("SG_ S :", "(1,0) [0|1] \"\" N",
               {
                   {" 7abc|8xyz@1+ ", "'S' 7|8@1+ (1,0) [0|1] '' N"},
@@ -161,7 +161,7 @@ TEST_F(BitLayout, ReadsTheNumberInFrontAndIgnoresWhatFollowsIt) {
               });
 }
 
-TEST_F(BitLayout, NeedsAnOrderOf0Or1ButNoSign) {
+TEST_F(BitLayout, NeedsAByteOrderOf0Or1ButNoSign) {
     CheckRows("SG_ S : 0|8@", "(1,0) [0|1] \"\" N",
               {
                   {"1 ", "'S' 0|8@1+ (1,0) [0|1] '' N"},
@@ -176,7 +176,7 @@ TEST_F(BitLayout, NeedsAnOrderOf0Or1ButNoSign) {
               });
 }
 
-TEST_F(BitLayout, NeedsSomethingBehindOrderAndSign) {
+TEST_F(BitLayout, NeedsTextAfterByteOrderAndSign) {
     CheckRows("SG_ S :", "",
               {
                   {" 0|", "error 4"},
@@ -200,9 +200,9 @@ TEST_F(BitLayout, WithoutAnAtIsUnsignedAndLittleEndian) {
               });
 }
 
-// What follows is searched from as many characters behind the bar as the length has digits in
+// The next field is searched from as many characters after the bar as the length has digits in
 // decimal, which are more than "-1" has in the text.
-TEST_F(BitLayout, WithoutAnAtSkipsTheDigitsOfTheLengthAndNotItsText) {
+TEST_F(BitLayout, WithoutAnAtSkipsAsManyCharactersAsTheLengthHasDigits) {
     CheckRows("SG_ S : 0|", "(1,0) [0|1] \"\" N",
               {
                   {"-1        ", "'S' 0|4294967295@1+ (1,0) [0|1] '' N"},
@@ -211,7 +211,7 @@ TEST_F(BitLayout, WithoutAnAtSkipsTheDigitsOfTheLengthAndNotItsText) {
               });
 }
 
-TEST_F(BitLayout, FindsItsSeparatorsInLaterFields) {
+TEST_F(BitLayout, FindsSeparatorsInLaterFields) {
     CheckRows("SG_ S :", "",
               {
                   {" 8@1+ (1,0) [0|1] \"\" N", "error 5"},
@@ -221,7 +221,7 @@ TEST_F(BitLayout, FindsItsSeparatorsInLaterFields) {
               });
 }
 
-TEST_F(Scaling, TakesFactorAndOffset) {
+TEST_F(Scaling, HasFactorAndOffset) {
     CheckRows("SG_ S : 0|8@1+ ", " [0|1] \"\" N",
               {
                   {"(0.5,-40)", "'S' 0|8@1+ (0.5,-40) [0|1] '' N"},
@@ -238,7 +238,7 @@ TEST_F(Scaling, TakesFactorAndOffset) {
               });
 }
 
-TEST_F(Scaling, FailsWithoutItsSeparatorsOrNumbers) {
+TEST_F(Scaling, IsRefusedWithoutSeparatorsOrNumbers) {
     CheckRows("SG_ S : 0|8@1+ ", "",
               {
                   {"", "error 5"},
@@ -259,7 +259,7 @@ TEST_F(Scaling, FailsWithoutItsSeparatorsOrNumbers) {
               });
 }
 
-TEST_F(Scaling, FindsItsSeparatorsInLaterFields) {
+TEST_F(Scaling, FindsSeparatorsInLaterFields) {
     CheckRows("SG_ S : 0|8@1+ ", "",
               {
                   {"(1 0) [0|1] \"\" A,B)", "error 5"},
@@ -269,7 +269,7 @@ TEST_F(Scaling, FindsItsSeparatorsInLaterFields) {
               });
 }
 
-TEST_F(Range, TakesMinimumAndMaximum) {
+TEST_F(Range, HasMinimumAndMaximum) {
     CheckRows("SG_ S : 0|8@1+ (1,0)", "\"\" N",
               {
                   {" [0|255] ", "'S' 0|8@1+ (1,0) [0|255] '' N"},
@@ -283,7 +283,7 @@ TEST_F(Range, TakesMinimumAndMaximum) {
               });
 }
 
-TEST_F(Range, ExchangesBoundsThatAreReversed) {
+TEST_F(Range, SwapsReversedBounds) {
     CheckRows("SG_ S : 0|8@1+ (1,0)", "\"\" N",
               {
                   {" [10|0] ", "'S' 0|8@1+ (1,0) [0|10] '' N"},
@@ -293,7 +293,7 @@ TEST_F(Range, ExchangesBoundsThatAreReversed) {
               });
 }
 
-TEST_F(Range, FailsWithoutItsSeparatorsOrNumbers) {
+TEST_F(Range, IsRefusedWithoutSeparatorsOrNumbers) {
     CheckRows("SG_ S : 0|8@1+ (1,0) ", "",
               {
                   {"", "error 6"},
@@ -312,7 +312,7 @@ TEST_F(Range, FailsWithoutItsSeparatorsOrNumbers) {
               });
 }
 
-TEST_F(Range, FindsItsSeparatorsInLaterFields) {
+TEST_F(Range, FindsSeparatorsInLaterFields) {
     CheckRows("SG_ S : 0|8@1+ (1,0) ", "",
               {
                   {"[0|1 \"]\" N", "'S' 0|8@1+ (1,0) [0|1] '' N"},
@@ -320,7 +320,7 @@ TEST_F(Range, FindsItsSeparatorsInLaterFields) {
               });
 }
 
-TEST_F(Unit, IsWhatStandsBetweenTheFirstTwoQuotes) {
+TEST_F(Unit, IsTheTextBetweenTheFirstTwoQuotes) {
     CheckRows("SG_ S : 0|8@1+ (1,0) [0|1]", "",
               {
                   {" \"km/h\" N", "'S' 0|8@1+ (1,0) [0|1] 'km/h' N"},
@@ -337,7 +337,7 @@ TEST_F(Unit, IsWhatStandsBetweenTheFirstTwoQuotes) {
               });
 }
 
-TEST_F(Unit, KeepsCharactersBeyondAsciiInUtf8Alone) {
+TEST_F(Unit, KeepsNonAsciiCharactersInUtf8Only) {
     CheckRows(
         "SG_ S : 0|8@1+ (1,0) [0|1] \"", "\" N",
         {
@@ -358,7 +358,7 @@ TEST_F(Unit, IsEmptyWithoutQuotesAndOneCharacterIsSkipped) {
               });
 }
 
-// The receivers then begin inside a character; what is left of it counts as invalid bytes do.
+// The receivers then begin inside a character; its other bytes count as invalid.
 TEST_F(Unit, MayBeMissingWhereACharacterOfSeveralBytesIsSkipped) {
     CheckRows("SG_ S : 0|8@1+ (1,0) [0|1]", "",
               {
@@ -379,7 +379,7 @@ TEST_F(Unit, IsEmptyWithTheOpeningQuoteOnly) {
               });
 }
 
-TEST_F(Receivers, AreSeparatedByCommasAlone) {
+TEST_F(Receivers, AreSeparatedByCommasOnly) {
     CheckRows("SG_ S : 0|8@1+ (1,0) [0|1] \"\"", "",
               {
                   {" A,B", "'S' 0|8@1+ (1,0) [0|1] '' A,B"},

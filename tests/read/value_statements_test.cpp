@@ -22,7 +22,7 @@ std::string Signal(std::string_view name, std::string_view layout = "0|8@1+") {
     return Concat(" SG_ ", name, " : ", layout, " (1,0) [0|1] \"\" N\n");
 }
 
-// The file behind a message 5.
+// Reads the text after a message 5.
 void Read(const std::string& text) {
     ASSERT_EQ(test::ReadText(Concat("BO_ 5 M: 8 N\n", text, "\n")), test::GoodRead);
 }
@@ -95,7 +95,7 @@ TEST_F(ValueType, IsTakenOrRefused) {
     }
 }
 
-TEST_F(ValueType, DoesNotTurnAFloatBack) {
+TEST_F(ValueType, NeverMakesAnIntegerOfAFloat) {
     Read(Concat(Signal("S", "0|32@1+"),
                 "SIG_VALTYPE_ 5 S : 1;\nSIG_VALTYPE_ 5 S : 0;\nSIG_VALTYPE_ 5 S : 2;"));
     EXPECT_EQ(Types()[0], ValueFloat32);
@@ -117,7 +117,7 @@ TEST_F(ValueType, ReachesSignalsThatCameAfterAnEarlierStatement) {
     EXPECT_EQ(Types(), (std::vector<std::uint32_t>{2, 3, 2, 3, 2, 3, 0, 3}));
 }
 
-TEST_F(ValueType, NeedsTheWholeNameBehindTheId) {
+TEST_F(ValueType, NeedsTheWholeNameAfterTheId) {
     struct Row {
         std::string_view name;
         std::string_view asked;
@@ -178,7 +178,7 @@ TEST_F(ValueDescriptions, ArePairsOfNumberAndText) {
         });
 }
 
-TEST_F(ValueDescriptions, ShiftByOneQuoteBehindABadNumber) {
+TEST_F(ValueDescriptions, ShiftByOneQuoteAfterAnInvalidNumber) {
     CheckRows("VAL_ 5 S ", {
                                {"x \"1\" 2 \"b\";", "1:' 2 '"},
                                {"x \"a\" 2 \"b\";", "2:'b'"},
@@ -229,12 +229,12 @@ TEST_F(ValueDescriptions, ReachEverySignalOfTheNameInEveryMessageOfTheId) {
               "  'S' 0|8@1+ (1,0) [0|1] '' N enums={0:'late'}\n");
 }
 
-// Two signals and one statement: what each gets when one name begins the other.
-TEST_F(ValueDescriptions, AreOfferedToEverySignalWhoseNameBeginsThem) {
+// Two signals and one statement: the descriptions of each when one name is a prefix of the other.
+TEST_F(ValueDescriptions, ReachEverySignalWhoseNameIsAPrefix) {
     struct Names {
         std::string_view first;
         std::string_view second;
-        std::string_view statement;  // behind the id
+        std::string_view statement;  // after the id
         std::string_view firstEnums;
         std::string_view secondEnums;
     };

@@ -1,4 +1,4 @@
-// A limit on the size of files, for tests of writes that fail on their way. Linux alone has one.
+// A limit on the size of files, for tests of writes that fail on their way. Only Linux has one.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -1,4 +1,4 @@
-// Files for tests: a folder that goes away with its owner, and whole files in and out. Paths are
+// Files for tests: a temporary folder, and functions that read and write whole files. Paths are
 // UTF-8 on every platform.
 // SPDX-License-Identifier: MIT
 #pragma once

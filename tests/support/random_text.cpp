@@ -157,7 +157,7 @@ std::string RandomText::File(std::size_t maxPieces) {
                 file += BrokenUtf8();
                 break;
             case 13:
-                // Long enough to meet the limit of a statement now and then.
+                // Long enough to reach the limit of a statement now and then.
                 file += Below(20) == 0 ? std::string(3900 + Below(400), 'x') : "x";
                 break;
             default:

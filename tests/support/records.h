@@ -27,7 +27,7 @@ Record Filled(unsigned char pattern) {
     return record;
 }
 
-// Stores text and its NUL in an array; what stands behind the NUL stays.
+// Stores text and its NUL in an array; the bytes after the NUL stay.
 template <std::size_t Size>
 void StoreText(char (&array)[Size], std::string_view text) {
     if (text.size() >= Size) {
@@ -37,7 +37,7 @@ void StoreText(char (&array)[Size], std::string_view text) {
     array[text.size()] = '\0';
 }
 
-// Stores exactly as many bytes as an array has, with no NUL behind them.
+// Stores exactly as many bytes as an array has, without a NUL.
 template <std::size_t Size>
 void StoreAll(char (&array)[Size], std::string_view bytes) {
     if (bytes.size() != Size) {
@@ -146,7 +146,7 @@ inline ParseError RecordOf(const ErrorFields& fields, unsigned char pattern = Pa
     return record;
 }
 
-// Whether two records hold the same bytes. On failure tells where the first of the others stands.
+// Whether two records hold the same bytes. A failure shows the first bytes that differ.
 template <typename Record>
 testing::AssertionResult SameBytes(const Record& actual, const Record& expected) {
     const auto* const actualBytes = reinterpret_cast<const char*>(&actual);

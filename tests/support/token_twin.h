@@ -27,7 +27,7 @@ inline std::vector<std::string> TwinRawTokens(std::string_view text, std::string
     return raw;
 }
 
-// Joins again what quotes hold together.
+// Joins the tokens between quotes again.
 inline std::vector<std::string> TwinJoinedTokens(const std::vector<std::string>& raw) {
     std::vector<std::string> tokens;
     bool open = false;

@@ -47,7 +47,7 @@ TEST_F(ArenaListTest, KeepsElementsInTheirOrderAsItGrows) {
 }
 
 // Room for eight, then for twice as many each time.
-TEST_F(ArenaListTest, TakesMemoryForWholePieces) {
+TEST_F(ArenaListTest, DoublesItsCapacityFromEight) {
     struct Large {
         char bytes[4096];
     };
@@ -63,12 +63,12 @@ TEST_F(ArenaListTest, TakesMemoryForWholePieces) {
     EXPECT_EQ(pieces, (std::vector<std::size_t>{1, 9, 17, 33}));
 }
 
-TEST_F(ArenaListTest, IsUnchangedWhenMemoryEnds) {
+TEST_F(ArenaListTest, IsUnchangedWhenOutOfMemory) {
     ArenaList<std::size_t> list;
     for (std::size_t number = 0; number < 8; ++number) {
         list.Add(arena, number);
     }
-    arena.Allocate(16384 - 16 - 64 - 8);  // what is left of the chunk is too small for sixteen
+    arena.Allocate(16384 - 16 - 64 - 8);  // the rest of the chunk is too small for sixteen
     resource.left = 0;
     EXPECT_THROW(list.Add(arena, 8), std::bad_alloc);
     EXPECT_EQ(list.Size(), 8U);
@@ -78,7 +78,7 @@ TEST_F(ArenaListTest, IsUnchangedWhenMemoryEnds) {
               (std::vector<std::size_t>{0, 1, 2, 3, 4, 5, 6, 7, 8}));
 }
 
-TEST_F(ArenaListTest, OfPagesKeepsElementsWhereTheyAre) {
+TEST_F(ArenaListTest, PagedListNeverMovesElements) {
     PagedList<Entry> list;
     for (std::size_t number = 0; number < 5000; ++number) {
         Entry& added = list.Add(arena, {number, nullptr});
@@ -91,11 +91,11 @@ TEST_F(ArenaListTest, OfPagesKeepsElementsWhereTheyAre) {
     }
 }
 
-TEST_F(ArenaListTest, OfPagesIsUnchangedWhenMemoryEnds) {
+TEST_F(ArenaListTest, PagedListIsUnchangedWhenOutOfMemory) {
     PagedList<Entry> list;
     std::size_t failures = 0;
     for (std::size_t number = 0; number < 5000; ++number) {
-        // Memory ends wherever a piece is wanted.
+        // Memory runs out at each new page.
         resource.left = 0;
         try {
             list.Add(arena, {number, nullptr});
@@ -112,7 +112,7 @@ TEST_F(ArenaListTest, OfPagesIsUnchangedWhenMemoryEnds) {
     }
 }
 
-TEST_F(ArenaListTest, OfPagesForgetsItsElements) {
+TEST_F(ArenaListTest, PagedListIsEmptyAfterClear) {
     PagedList<int> list;
     list.Add(arena, 1);
     list.Clear();

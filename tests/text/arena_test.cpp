@@ -24,7 +24,7 @@ class ArenaTest : public testing::Test {
     Arena arena{&resource};
 };
 
-TEST_F(ArenaTest, TakesNoMemoryBeforeItGivesSome) {
+TEST_F(ArenaTest, TakesNoMemoryBeforeTheFirstAllocation) {
     EXPECT_TRUE(arena.Keep("").empty());
     arena.Release();
     EXPECT_EQ(resource.sizes, std::vector<std::size_t>{});
@@ -48,7 +48,7 @@ TEST_F(ArenaTest, KeepsATextToBeOverwrittenInPlace) {
     EXPECT_EQ(kept, "axc");
 }
 
-TEST_F(ArenaTest, AlignsObjectsWhateverTextsPrecedeThem) {
+TEST_F(ArenaTest, AlignsObjectsAfterTextsOfAnyLength) {
     struct Pair {
         std::uint64_t first;
         std::uint8_t second;
@@ -92,14 +92,14 @@ TEST_F(ArenaTest, FillsAChunk) {
 }
 
 // Thirteen bytes are left, of which five come before the next aligned one.
-TEST_F(ArenaTest, CountsTheBytesInFrontOfAnAlignedPlace) {
+TEST_F(ArenaTest, CountsThePaddingBeforeAnAlignedAddress) {
     arena.Allocate(16 * Kilobyte - HeadSize - 16);
     arena.Keep("123");
     arena.Allocate(9);
     EXPECT_EQ(resource.sizes.size(), 2U);
 }
 
-TEST_F(ArenaTest, MakesAChunkForWhatIsTooLargeForOne) {
+TEST_F(ArenaTest, TakesALargerChunkForALargeText) {
     const std::string large(1000 * Kilobyte + 1, 'a');
     EXPECT_EQ(arena.Keep(large), large);
     auto* const bytes = arena.NewArray<char>(large.size());
@@ -110,7 +110,7 @@ TEST_F(ArenaTest, MakesAChunkForWhatIsTooLargeForOne) {
                                                         wholeWords + HeadSize, 64 * Kilobyte}));
 }
 
-TEST_F(ArenaTest, GivesAllMemoryBackAndStartsAfresh) {
+TEST_F(ArenaTest, ReleaseReturnsAllMemoryAndStartsAnew) {
     arena.Allocate(40 * Kilobyte);
     arena.Allocate(40 * Kilobyte);
     EXPECT_EQ(resource.inUse, 2U);
@@ -121,14 +121,14 @@ TEST_F(ArenaTest, GivesAllMemoryBackAndStartsAfresh) {
     EXPECT_EQ(resource.sizes, std::vector<std::size_t>{16 * Kilobyte});
 }
 
-TEST_F(ArenaTest, HandsOutNothingOfAReleasedChunk) {
+TEST_F(ArenaTest, UsesNoReleasedChunk) {
     EXPECT_EQ(arena.Allocate(0), nullptr);
     EXPECT_NE(arena.Allocate(8), nullptr);
     arena.Release();
     EXPECT_EQ(arena.Allocate(0), nullptr);
 }
 
-TEST_F(ArenaTest, GivesAllMemoryBackWhenItGoesAway) {
+TEST_F(ArenaTest, DestructorReturnsAllMemory) {
     {
         Arena other(&resource);
         other.Allocate(1);
@@ -138,7 +138,7 @@ TEST_F(ArenaTest, GivesAllMemoryBackWhenItGoesAway) {
     EXPECT_EQ(resource.inUse, 0U);
 }
 
-TEST_F(ArenaTest, IsUnchangedWhenMemoryEnds) {
+TEST_F(ArenaTest, IsUnchangedWhenOutOfMemory) {
     const std::string_view kept = arena.Keep("abc");
     resource.left = 0;
     EXPECT_THROW(arena.Allocate(16 * Kilobyte), std::bad_alloc);

@@ -9,7 +9,7 @@
 namespace vexil {
 namespace {
 
-TEST(CharClass, IsThatOfTheClassicLocaleForEveryByte) {
+TEST(CharClass, IsTheClassInTheClassicLocaleForEveryByte) {
     for (int code = 0; code < 256; ++code) {
         const char ch = static_cast<char>(code);
         const bool isDigit = code >= '0' && code <= '9';
@@ -21,7 +21,7 @@ TEST(CharClass, IsThatOfTheClassicLocaleForEveryByte) {
     }
 }
 
-TEST(FindSpace, GivesTheFirstAtOrBehindItsStart) {
+TEST(FindSpace, ReturnsTheFirstAtOrAfterItsStart) {
     constexpr std::string_view text = "ab \tc";
     EXPECT_EQ(FindSpace(text, 0), 2U);
     EXPECT_EQ(FindSpace(text, 2), 2U);
@@ -32,7 +32,7 @@ TEST(FindSpace, GivesTheFirstAtOrBehindItsStart) {
     EXPECT_EQ(FindSpace("", 0), npos);
 }
 
-TEST(FindNonSpace, GivesTheFirstAtOrBehindItsStart) {
+TEST(FindNonSpace, ReturnsTheFirstAtOrAfterItsStart) {
     constexpr std::string_view text = " \f\n\r\t\va ";
     EXPECT_EQ(FindNonSpace(text, 0), 6U);
     EXPECT_EQ(FindNonSpace(text, 6), 6U);

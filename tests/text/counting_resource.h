@@ -1,4 +1,4 @@
-// A memory resource for tests: it tells what was asked of it, and may run out.
+// A memory resource for tests: it records the allocations, and may run out.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -12,7 +12,7 @@ namespace vexil::test {
 class CountingResource : public std::pmr::memory_resource {
   public:
     std::vector<std::size_t> sizes;  // of each piece that it gave
-    std::size_t inUse = 0;           // pieces that were not given back
+    std::size_t inUse = 0;           // blocks that were not freed
     std::size_t left = ~std::size_t{0};
 
   private:

@@ -45,7 +45,7 @@ class Feed {
         }
     }
 
-    // Lets every read behind what was sent meet the end of the file.
+    // Makes every read after the sent bytes return the end of the file.
     void End() const { shutdown(ends[1], SHUT_WR); }
 
   private:

@@ -42,7 +42,7 @@ void ExpectPaths(std::initializer_list<PathCase> rows) {
     }
 }
 
-TEST(CheckedPath, TakesThePathInFrontOfTheNul) {
+TEST(CheckedPath, EndsAtTheNul) {
     ExpectPaths({{"net.dbc\0"sv, "net.dbc", untouched},
                  {"net.dbc\0rest\0"sv, "net.dbc", untouched},
                  {"net.dbc\0\xff\xff\xff\xff"sv, "net.dbc", untouched},
@@ -87,7 +87,7 @@ TEST(CheckedPath, TakesABufferOfAtMost260Bytes) {
     EXPECT_EQ(state, StatePathTooLong);
 }
 
-TEST(CheckedPath, LooksAtNoPathOfATooLongBuffer) {
+TEST(CheckedPath, DoesNotReadABufferThatIsTooLong) {
     const auto* const notAPath = reinterpret_cast<const char*>(std::uintptr_t{1});
     for (const std::uint32_t size : {261U, 4096U, 0xFFFFFFFFU}) {
         std::uint32_t state = untouched;
@@ -96,7 +96,7 @@ TEST(CheckedPath, LooksAtNoPathOfATooLongBuffer) {
     }
 }
 
-TEST(CheckedPath, CountsNoBufferAsAnEmptyPath) {
+TEST(CheckedPath, TreatsANullBufferAsAnEmptyPath) {
     const auto* const notAPath = reinterpret_cast<const char*>(std::uintptr_t{1});
     std::uint32_t state = untouched;
     EXPECT_EQ(CheckedPath(notAPath, 0, state), "");
@@ -137,13 +137,13 @@ TEST_F(FileTest, ReadsAFile) {
     EXPECT_EQ(ReadBytes(path), "one\ntwo");
 }
 
-TEST_F(FileTest, LeavesNoFileOnReadingWhatIsNotThere) {
+TEST_F(FileTest, OpenForReadingFailsForAMissingFile) {
     EXPECT_FALSE(file.Open(path, OpenMode::Read));
     EXPECT_FALSE(file.IsOpen());
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
-TEST_F(FileTest, MakesTheFileThatIsWritten) {
+TEST_F(FileTest, OpenForWritingCreatesTheFile) {
     ASSERT_TRUE(file.Open(path, OpenMode::Write));
     EXPECT_EQ(file.Write("some "), 5U);
     EXPECT_EQ(ReadBytes(path), "some ");
@@ -154,25 +154,25 @@ TEST_F(FileTest, MakesTheFileThatIsWritten) {
     EXPECT_EQ(file.Read(room), -1);
 }
 
-TEST_F(FileTest, EmptiesTheFileThatIsWritten) {
+TEST_F(FileTest, OpenForWritingTruncatesTheFile) {
     WriteBytes(path, "old text");
     EXPECT_TRUE(file.Open(path, OpenMode::Write));
     EXPECT_EQ(ReadBytes(path), "");
 }
 
-TEST_F(FileTest, LeavesNoFileOnWritingInAFolderThatIsNotThere) {
+TEST_F(FileTest, OpenForWritingFailsInAMissingFolder) {
     EXPECT_FALSE(file.Open(folder.File("missing/net.dbc"), OpenMode::Write));
     EXPECT_FALSE(file.IsOpen());
 }
 
-TEST_F(FileTest, TakesAPathInUtf8) {
+TEST_F(FileTest, OpensAUtf8Path) {
     path = folder.File("caf\xc3\xa9 \xf0\x9f\x9a\x97.dbc");
     WriteBytes(path, "text");
     ASSERT_TRUE(file.Open(path, OpenMode::Read));
     EXPECT_EQ(ReadOnce(), "text");
 }
 
-TEST_F(FileTest, LocksNobodyOut) {
+TEST_F(FileTest, OtherProcessesMayOpenTheFile) {
     ASSERT_TRUE(file.Open(path, OpenMode::Write));
     file.Write("text");
     File reader;
@@ -183,7 +183,7 @@ TEST_F(FileTest, LocksNobodyOut) {
     EXPECT_TRUE(writer.Open(path, OpenMode::Write));
 }
 
-TEST_F(FileTest, OpensTheNextFileWhenTheLastIsClosed) {
+TEST_F(FileTest, CanBeOpenedAgainAfterClose) {
     WriteBytes(path, "text");
     ASSERT_TRUE(file.Open(path, OpenMode::Read));
     file.Close();
@@ -194,7 +194,7 @@ TEST_F(FileTest, OpensTheNextFileWhenTheLastIsClosed) {
 
 #ifndef _WIN32
 
-TEST_F(FileTest, GivesItsDescriptorToNoOtherProgram) {
+TEST_F(FileTest, DescriptorIsNotInherited) {
     for (const OpenMode mode : {OpenMode::Write, OpenMode::Read}) {
         const int descriptor = test::NextDescriptor();
         ASSERT_TRUE(file.Open(path, mode));
@@ -204,7 +204,7 @@ TEST_F(FileTest, GivesItsDescriptorToNoOtherProgram) {
     }
 }
 
-TEST_F(FileTest, ClosesWhenItGoesAway) {
+TEST_F(FileTest, DestructorClosesTheFile) {
     const int descriptor = test::NextDescriptor();
     {
         File other;
@@ -214,14 +214,14 @@ TEST_F(FileTest, ClosesWhenItGoesAway) {
     EXPECT_EQ(fcntl(descriptor, F_GETFD), -1);
 }
 
-TEST_F(FileTest, MakesFilesThatTheMaskOfTheProcessAllows) {
+TEST_F(FileTest, NewFileHasThePermissionsThatTheUmaskAllows) {
     const mode_t before = umask(027);
     ASSERT_TRUE(file.Open(path, OpenMode::Write));
     umask(before);
     EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms{0640});
 }
 
-TEST_F(FileTest, GivesWhatThereIsWhenThatIsLessThanItsRoom) {
+TEST_F(FileTest, ShortReadReturnsTheAvailableBytes) {
     WriteBytes(path, "");
     const test::Feed feed;
     const int descriptor = test::NextDescriptor();
@@ -238,7 +238,7 @@ TEST_F(FileTest, GivesWhatThereIsWhenThatIsLessThanItsRoom) {
 }
 
 // Until nothing more fits: a pipe that nobody empties takes part of a text.
-TEST_F(FileTest, SaysHowMuchOfATextItWrote) {
+TEST_F(FileTest, WriteReturnsTheNumberOfBytesWritten) {
     std::array<int, 2> ends{};
     ASSERT_EQ(pipe2(ends.data(), O_NONBLOCK | O_CLOEXEC), 0);
     const int descriptor = test::NextDescriptor();

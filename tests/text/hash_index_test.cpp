@@ -61,15 +61,15 @@ TEST(HashIndex, FindsEachEntryAsItGrows) {
     ExpectFindsAll([](const std::string& entry) { return std::hash<std::string>()(entry); });
 }
 
-TEST(HashIndex, TellsEntriesOfOneHashApart) {
+TEST(HashIndex, DistinguishesEntriesOfOneHash) {
     ExpectFindsAll([](const std::string&) { return std::size_t{7}; });
 }
 
-TEST(HashIndex, GoesOnAtTheFrontBehindTheLastSlot) {
+TEST(HashIndex, WrapsAroundAfterTheLastSlot) {
     ExpectFindsAll([](const std::string&) { return ~std::size_t{0}; });
 }
 
-TEST(HashIndex, AsksOnlyForEntriesOfTheHash) {
+TEST(HashIndex, ComparesOnlyEntriesOfTheHash) {
     HashIndex index;
     index.Add(1, 10);
     index.Add(17, 11);  // in the next slot, as sixteen slots are the first
@@ -96,14 +96,14 @@ TEST(HashIndex, DoublesTheSlotsWhenThreeQuartersAreTaken) {
     }
 }
 
-TEST(HashIndex, LetsAPositionBeReplaced) {
+TEST(HashIndex, AllowsAPositionToBeReplaced) {
     HashIndex index;
     index.Add(1, 10);
     *index.Find(1, anyEntry) = 11;
     EXPECT_EQ(*index.Find(1, anyEntry), 11U);
 }
 
-TEST(HashIndex, RunsOutOfMemoryAtTheFirstPositionThatASlotCannotHold) {
+TEST(HashIndex, ThrowsBadAllocForAPositionThatDoesNotFit) {
     HashIndex index;
     EXPECT_THROW(index.Add(1, 0xFFFFFFFF), std::bad_alloc);
     EXPECT_EQ(index.Find(1, anyEntry), nullptr);

@@ -1,4 +1,4 @@
-// Tests of text/keyed_hash.h. The key is nobody's to know, so hashes are compared with each other.
+// Tests of text/keyed_hash.h. The key is secret, so the tests compare hashes with each other.
 // SPDX-License-Identifier: MIT
 #include "text/keyed_hash.h"
 
@@ -45,7 +45,7 @@ extern "C" [[gnu::visibility("default")]] int clock_gettime(clockid_t clock,
 namespace vexil {
 namespace {
 
-TEST(KeyedHash, IsTheSameForTheSame) {
+TEST(KeyedHash, IsEqualForEqualArguments) {
     const std::string text = "a name of 24 characters.";
     EXPECT_EQ(KeyedHash(7, text), KeyedHash(7, std::string(text)));
 }
@@ -87,7 +87,7 @@ TEST(KeyedHash, DependsOnTheOrderOfItsWords) {
     EXPECT_NE(KeyedHash(0, "firstwrdsecondwd"), KeyedHash(0, "secondwdfirstwrd"));
 }
 
-// Tables use the low bits alone.
+// Tables use only the low bits.
 TEST(KeyedHash, SpreadsItsLowBits) {
     std::set<std::size_t> ofNumbers;
     std::set<std::size_t> ofTexts;
@@ -113,7 +113,7 @@ TEST(PrefixHash, IsTheHashOfThePrefixAlone) {
     }
 }
 
-TEST(PrefixHash, GoesOverTheTextInManySteps) {
+TEST(PrefixHash, CanBeComputedInManySteps) {
     const std::string text(100, 'a');
     PrefixHash hash(7, text);
     for (std::size_t size = 0; size <= text.size(); ++size) {
@@ -124,7 +124,7 @@ TEST(PrefixHash, GoesOverTheTextInManySteps) {
 // -- The key --
 
 // Whoever names the signals of a file may learn when a process started or where it has its data,
-// but not both. So the key must depend on either of them alone. Windows starts no process as Linux
+// but not both. So the key must depend on each of them. Windows starts no process as Linux
 // does.
 #ifdef __linux__
 
@@ -157,7 +157,7 @@ class KeyedHashDeathTest : public testing::Test {
         return {std::istream_iterator<std::string>(words), {}};
     }
 
-    // The hash of nothing shows the key alone.
+    // The hash of an empty text depends on the key only.
     static void PrintHash() { std::cerr << KeyedHash(0, "") << ' '; }
 
     // Prints the hash of a copy of this process, which has its data at the same place.
@@ -171,7 +171,7 @@ class KeyedHashDeathTest : public testing::Test {
     }
 };
 
-TEST_F(KeyedHashDeathTest, HasAnotherKeyInEachProcess) {
+TEST_F(KeyedHashDeathTest, KeyDiffersBetweenProcesses) {
     const auto first = PrintedByANewProcess(PrintHash);
     const auto second = PrintedByANewProcess(PrintHash);
     EXPECT_EQ(first.size(), 1U);
@@ -179,7 +179,7 @@ TEST_F(KeyedHashDeathTest, HasAnotherKeyInEachProcess) {
     EXPECT_NE(first, second);
 }
 
-TEST_F(KeyedHashDeathTest, HasAnotherKeyAtAnotherTime) {
+TEST_F(KeyedHashDeathTest, KeyDependsOnTheTime) {
     const auto hashes = PrintedByANewProcess([] {
         PrintHashOfACopy();
         PrintHashOfACopy();
@@ -189,7 +189,7 @@ TEST_F(KeyedHashDeathTest, HasAnotherKeyAtAnotherTime) {
 }
 
 // The hash of the first half of the key and no text is 0, whatever the second half is.
-TEST_F(KeyedHashDeathTest, HasSplitmix64OfTheTimeInItsKey) {
+TEST_F(KeyedHashDeathTest, KeyMixesTheTimeWithSplitmix64) {
     const auto hash = PrintedByANewProcess([] {
         isClockStopped = true;
         std::uint64_t number = std::uint64_t{stoppedAt.tv_sec} * 1000000000U + stoppedAt.tv_nsec;
@@ -200,7 +200,7 @@ TEST_F(KeyedHashDeathTest, HasSplitmix64OfTheTimeInItsKey) {
     EXPECT_EQ(hash, std::vector<std::string>{"0"});
 }
 
-TEST_F(KeyedHashDeathTest, HasAnotherKeyWithDataAtAnotherPlace) {
+TEST_F(KeyedHashDeathTest, KeyDependsOnTheAddressOfTheData) {
     const auto print = [] {
         isClockStopped = true;
         std::cerr << std::chrono::steady_clock::now().time_since_epoch().count() << ' '

@@ -44,8 +44,8 @@ void ExpectMatches(std::initializer_list<MatchCase> rows) {
 
 using namespace std::string_view_literals;
 
-TEST(MatchKeyword, TakesAKeywordAsAWholeTokenWithWhiteSpaceBehindIt) {
-    ExpectMatches({// White space behind the keyword, the end of the text being none.
+TEST(MatchKeyword, MatchesWholeTokensFollowedByWhiteSpace) {
+    ExpectMatches({// White space after the keyword; the end of the text is none.
                    {"BO_\n", "BO_", 0, true, 3},
                    {"BO_", "BO_", 0, false, 3},
                    {"BO_ ", "BO_", 0, true, 3},
@@ -64,7 +64,7 @@ TEST(MatchKeyword, TakesAKeywordAsAWholeTokenWithWhiteSpaceBehindIt) {
                    {"XBO_ x", "BO_", 0, false, 3},
                    {"\"BO_ x", "BO_", 0, false, 3},
                    {"SG_ 1", "BO_", 0, false, 3},
-                   // White space in front of it is skipped.
+                   // White space before it is skipped.
                    {" \f\n\r\t\vBO_ ", "BO_", 0, true, 9},
                    {"BO_ BO_ ", "BO_", 3, true, 7},
                    {"BO_ BO_ ", "BO_", 4, true, 7},
@@ -81,7 +81,7 @@ TEST(MatchKeyword, TakesAKeywordAsAWholeTokenWithWhiteSpaceBehindIt) {
                    {"  x", "SIG_VALTYPE_", 0, false, 14}});
 }
 
-TEST(MatchKeyword, TakesEveryKeywordOfTheTableAndNoOtherAtItsPlace) {
+TEST(MatchKeyword, MatchesEachKeywordOfTheTableOnlyWithItself) {
     for (const KeywordRow& row : keywordTable) {
         const std::string text = std::string(row.keyword) + " ";
         for (const KeywordRow& other : keywordTable) {

@@ -32,7 +32,7 @@ void ExpectTokens(std::initializer_list<TokenCase> rows) {
     }
 }
 
-TEST(ParseUnsignedToken, TakesABareNumberWithWhiteSpaceBehindIt) {
+TEST(ParseUnsignedToken, AcceptsDigitsFollowedByWhiteSpace) {
     ExpectTokens({{"123 ", 0, true, 123, 3},
                   {"123\n", 0, true, 123, 3},
                   {" \f\n\r\t\v123\v", 0, true, 123, 9},
@@ -47,7 +47,7 @@ TEST(ParseUnsignedToken, TakesABareNumberWithWhiteSpaceBehindIt) {
                   {"0004294967295 ", 0, true, 4294967295U, 13}});
 }
 
-TEST(ParseUnsignedToken, RefusesEverythingElse) {
+TEST(ParseUnsignedToken, RefusesOtherTokens) {
     ExpectTokens({{"123", 0, false, 0, npos},
                   {"", 0, false, 0, npos},
                   {"  \n", 0, false, 0, npos},
@@ -78,7 +78,7 @@ TEST(ParseUnsignedToken, RefusesEverythingElse) {
 
 // Intentional: a token passes when it has as many characters as its number has digits, and a
 // negative number of ten characters wraps to a number of ten digits.
-TEST(ParseUnsignedToken, TakesANegativeNumberOfTenCharacters) {
+TEST(ParseUnsignedToken, AcceptsANegativeNumberOfTenCharacters) {
     ExpectTokens({{"-294967297 ", 0, true, 3999999999U, 10},
                   {"-000000001 ", 0, true, 4294967295U, 10},
                   {"-999999999 ", 0, true, 3294967297U, 10},
@@ -105,7 +105,7 @@ void ExpectTexts(std::initializer_list<UpToCase> rows) {
     }
 }
 
-TEST(TextUpToChar, GivesTheTextInFrontOfTheCharacter) {
+TEST(TextUpToChar, ReturnsTheTextBeforeTheCharacter) {
     ExpectTexts({{"name: 8", 0, ':', "name", 4},
                  {"name: 8", 2, ':', "me", 4},
                  {"a:b:c", 0, ':', "a", 1},
@@ -115,7 +115,7 @@ TEST(TextUpToChar, GivesTheTextInFrontOfTheCharacter) {
                  {":name", 0, ':', "", 0},
                  {"a:b", 1, ':', "", 1},
                  {"a:", 1, ':', "", 1},
-                 // None, or from not in front of the end.
+                 // None, or from is not before the end.
                  {"name", 0, ':', "", npos},
                  {"a:b", 2, ':', "", npos},
                  {"a:", 2, ':', "", npos},
@@ -140,7 +140,7 @@ void ExpectRanges(std::initializer_list<RangeCase> rows) {
     }
 }
 
-TEST(TrimmedRange, GivesTheTextUpToAndWithItsEnd) {
+TEST(TrimmedRange, IncludesTheCharacterAtItsEnd) {
     ExpectRanges({{"abcdef", 0, 5, "abcdef"},
                   {"abcdef", 1, 3, "bcd"},
                   {"abcdef", 0, 1, "ab"},
@@ -151,7 +151,7 @@ TEST(TrimmedRange, GivesTheTextUpToAndWithItsEnd) {
                   {"ab cd", 2, 4, "cd"},
                   {" a", 0, 1, "a"},
                   {"a ", 0, 1, "a"},
-                  // from at or behind to: empty, also where a character stands.
+                  // from at or after to: empty, even where there is a character.
                   {"abc", 0, 0, ""},
                   {"abc", 1, 1, ""},
                   {"abc", 2, 2, ""},
@@ -161,7 +161,7 @@ TEST(TrimmedRange, GivesTheTextUpToAndWithItsEnd) {
                   {"abc", 4, 9, ""},
                   {"", 0, 1, ""},
                   {"abc", npos, npos, ""},
-                  // to behind the end counts as the last byte.
+                  // to after the end counts as the last byte.
                   {"abc", 1, 3, "bc"},
                   {"abc ", 1, 99, "bc"},
                   {"abc", 2, 3, "c"},
@@ -172,7 +172,7 @@ TEST(TrimmedRange, GivesTheTextUpToAndWithItsEnd) {
                   {"    ", 0, 3, ""}});
 }
 
-TEST(Trimmed, TakesWhiteSpaceFromBothEndsOnly) {
+TEST(Trimmed, RemovesWhiteSpaceAtBothEnds) {
     EXPECT_EQ(Trimmed(""), "");
     EXPECT_EQ(Trimmed(" \f\n\r\t\v"), "");
     EXPECT_EQ(Trimmed("a"), "a");
@@ -192,7 +192,7 @@ TEST(DigitCount, CountsDecimalDigits) {
 }
 
 // A view may end inside a longer text, which is not the text's.
-TEST(Positions, LookAtNothingBehindTheText) {
+TEST(Positions, ReadNothingAfterTheText) {
     const std::string_view text = "12 :x ";
     std::uint32_t value = 99;
     Position position = 99;

@@ -1,4 +1,4 @@
-// Tests of text/line_blocks.h, mostly against a plain twin.
+// Tests of text/line_blocks.h, mostly compared with a plain form of the same rules.
 // SPDX-License-Identifier: MIT
 #include "text/line_blocks.h"
 
@@ -36,7 +36,7 @@ bool IsSpace(char ch) {
     return " \f\n\r\t\v"s.find(ch) != std::string::npos;
 }
 
-CleanText TwinOf(const std::string& bytes) {
+CleanText CleanedByRules(const std::string& bytes) {
     CleanText clean;
     std::istringstream stream(bytes);
     for (std::string line; std::getline(stream, line);) {
@@ -81,10 +81,10 @@ class LineBlocksTest : public testing::Test {
         return all;
     }
 
-    void ExpectTwinOf(const std::string& bytes) {
+    void ExpectCleaned(const std::string& bytes) {
         Open(bytes);
         // Not EXPECT_EQ, which would print all of a long text.
-        EXPECT_TRUE(ReadAll() == TwinOf(test::ReadTextFile(path)));
+        EXPECT_TRUE(ReadAll() == CleanedByRules(test::ReadTextFile(path)));
     }
 
     test::TempFolder folder;
@@ -102,7 +102,7 @@ TEST_F(LineBlocksTest, FindsNothingInAnEmptyFile) {
     EXPECT_EQ(blocks.Marks(), Marks{});
 }
 
-TEST_F(LineBlocksTest, PutsWhiteSpaceInFrontOfTheText) {
+TEST_F(LineBlocksTest, StartsWithWhiteSpaceBeforeTheText) {
     Open("BO_ 1\n");
     EXPECT_EQ(ReadKeepingNothing(), Outcome::Lines);
     EXPECT_EQ(blocks.Text(0, blocks.End()), "\nBO_ 1\n");
@@ -120,7 +120,7 @@ TEST_F(LineBlocksTest, EndsTheLastLine) {
     EXPECT_EQ(Text(), "");
 }
 
-TEST_F(LineBlocksTest, ReadsNothingBehindTheEndOfTheFile) {
+TEST_F(LineBlocksTest, ReadsNothingAfterTheEndOfTheFile) {
     Open("one\ntwo");
     EXPECT_EQ(ReadKeepingNothing(), Outcome::Lines);
     EXPECT_EQ(ReadKeepingNothing(), Outcome::Lines);
@@ -128,7 +128,7 @@ TEST_F(LineBlocksTest, ReadsNothingBehindTheEndOfTheFile) {
     EXPECT_EQ(ReadKeepingNothing(), Outcome::EndOfFile);
 }
 
-TEST_F(LineBlocksTest, StartsAfreshWhenCleared) {
+TEST_F(LineBlocksTest, CanBeReusedAfterClear) {
     Open("one\ntwo");
     ReadAll();
     Open("three");
@@ -145,30 +145,30 @@ std::string ManyLines() {
     return bytes;
 }
 
-TEST_F(LineBlocksTest, MovesWhatIsKeptToTheFront) {
+TEST_F(LineBlocksTest, MovesKeptTextToTheFront) {
     Open(ManyLines());
-    const CleanText twin = TwinOf(ManyLines());
+    const CleanText expected = CleanedByRules(ManyLines());
     ASSERT_EQ(ReadKeepingNothing(), Outcome::Lines);
-    std::size_t front = 0;  // of what is kept, in the whole text
+    std::size_t front = 0;  // of the kept text, in the whole text
     std::size_t markAt = blocks.Marks().size();
     for (std::size_t kept : {1U, 1000U, 2U, 60000U}) {
         ASSERT_GE(Text().size(), kept);
         front += Text().size() - kept;
         ASSERT_EQ(blocks.Read(file, blocks.End() - kept), Outcome::Lines);
         ASSERT_GT(Text().size(), kept);
-        EXPECT_TRUE(Text() == twin.text.substr(front, Text().size())) << kept;
+        EXPECT_TRUE(Text() == expected.text.substr(front, Text().size())) << kept;
         EXPECT_EQ(blocks.At(LineBlocks::Start - 1), '\n');
         for (const std::size_t mark : blocks.Marks()) {
-            ASSERT_EQ(mark + front - LineBlocks::Start, twin.marks[markAt++]);
+            ASSERT_EQ(mark + front - LineBlocks::Start, expected.marks[markAt++]);
         }
     }
 }
 
-TEST_F(LineBlocksTest, KeepsAllOfAFile) {
+TEST_F(LineBlocksTest, KeepsAWholeFile) {
     Open(ManyLines());
     while (blocks.Read(file, LineBlocks::Start) == Outcome::Lines) {
     }
-    EXPECT_TRUE(Text() == TwinOf(ManyLines()).text);
+    EXPECT_TRUE(Text() == CleanedByRules(ManyLines()).text);
 }
 
 // -- Cleaning and marks -------------------------------------------------------------------------
@@ -177,19 +177,19 @@ TEST_F(LineBlocksTest, CleansAndMarksEachByte) {
     for (int code = 0; code < 256; ++code) {
         SCOPED_TRACE(code);
         const char ch = static_cast<char>(code);
-        // In a group of 64 bytes and behind the last one.
+        // In a group of 64 bytes and after the last one.
         const std::string piece = std::string(10, 'x') + ch + "x_" + ch + " " + ch + "\n";
-        ExpectTwinOf(piece + std::string(60, 'x') + piece);
+        ExpectCleaned(piece + std::string(60, 'x') + piece);
     }
 }
 
-TEST_F(LineBlocksTest, CleansAndMarksAtEachPlaceOfAGroup) {
+TEST_F(LineBlocksTest, CleansAndMarksAtEachPositionOfAGroup) {
     const std::string pieces[] = {"\x01", "\x7f", "\xff", "\xc3\xa9", "\xe2\x82\xac", "\xe2\x82",
                                   "\n",   "_ ",   "N\t",  "R\r",      "_\x01\n\x01_ "};
     for (const std::string& piece : pieces) {
         for (std::size_t at = 0; at <= 70; ++at) {
             SCOPED_TRACE(testing::PrintToString(piece) + " at " + std::to_string(at));
-            ExpectTwinOf(std::string(at, 'x') + piece + std::string(140 - at, 'x'));
+            ExpectCleaned(std::string(at, 'x') + piece + std::string(140 - at, 'x'));
         }
     }
 }
@@ -201,18 +201,18 @@ TEST_F(LineBlocksTest, CleansAndMarksManyBytesOfAGroup) {
             bytes += piece;
         }
         SCOPED_TRACE(testing::PrintToString(piece));
-        ExpectTwinOf(bytes);
+        ExpectCleaned(bytes);
     }
 }
 
-TEST_F(LineBlocksTest, JoinsNoCharacterOverAControlCharacterOrALineEnd) {
+TEST_F(LineBlocksTest, JoinsNoCharacterAcrossAControlCharacterOrLineEnd) {
     Open("\xc3\x01\xa9 \xc3\n\xa9");
     EXPECT_EQ(ReadAll().text, "__ _\n_\n");
 }
 
 // -- Blocks -------------------------------------------------------------------------------------
 
-TEST_F(LineBlocksTest, SeesNoBorderOfBlocks) {
+TEST_F(LineBlocksTest, GivesTheSameTextAcrossBlockBoundaries) {
     std::string lines = "\x01\n";
     while (lines.size() < BlockSize) {
         lines += "BO_ " + std::to_string(lines.size()) + "\r\n";
@@ -220,7 +220,7 @@ TEST_F(LineBlocksTest, SeesNoBorderOfBlocks) {
     for (const std::string piece : {"\xf0\x9f\x9a\x97", "_ \r\n", "x\x01\xff\n", "_\n\n_"}) {
         for (std::size_t at = BlockSize - 7; at <= BlockSize + 2; ++at) {
             SCOPED_TRACE(testing::PrintToString(piece) + " at " + std::to_string(at));
-            ExpectTwinOf(lines.substr(0, at) + piece + lines.substr(0, 200));
+            ExpectCleaned(lines.substr(0, at) + piece + lines.substr(0, 200));
         }
     }
 }
@@ -244,11 +244,11 @@ TEST_F(LineBlocksTest, ReadsABlockAtATimeAndMoreWhenHalfOfItIsKept) {
     }
 }
 
-TEST_F(LineBlocksTest, EndsAFileAtTheBorderOfABlock) {
+TEST_F(LineBlocksTest, ReadsAFileThatEndsAtABlockBoundary) {
     for (std::size_t size = BlockSize - 4; size <= BlockSize + 2; ++size) {
         SCOPED_TRACE(size);
-        ExpectTwinOf(std::string(size, 'x'));
-        ExpectTwinOf(std::string(size - 1, 'x') + '\n');
+        ExpectCleaned(std::string(size, 'x'));
+        ExpectCleaned(std::string(size - 1, 'x') + '\n');
     }
 }
 
@@ -257,7 +257,7 @@ TEST_F(LineBlocksTest, ReadsALineLongerThanABlock) {
     while (line.size() < 5 * BlockSize) {
         line += std::to_string(line.size()) + "_ \x01\xff\xf0\x9f\x9a\x97";
     }
-    ExpectTwinOf("BO_\n" + line + "\nBO_\n" + line);
+    ExpectCleaned("BO_\n" + line + "\nBO_\n" + line);
 }
 
 // -- Reads --------------------------------------------------------------------------------------
@@ -275,7 +275,7 @@ class LineBlocksFeedTest : public LineBlocksTest {
     test::Feed feed;
 };
 
-TEST_F(LineBlocksFeedTest, GivesOutLinesAsSoonAsOneHasEnded) {
+TEST_F(LineBlocksFeedTest, ReturnsLinesAsSoonAsOneIsComplete) {
     feed.Send("o");
     feed.Send("ne\ntwo\nth");
     EXPECT_EQ(ReadKeepingNothing(), Outcome::Lines);
@@ -288,7 +288,7 @@ TEST_F(LineBlocksFeedTest, GivesOutLinesAsSoonAsOneHasEnded) {
     EXPECT_EQ(ReadKeepingNothing(), Outcome::EndOfFile);
 }
 
-TEST_F(LineBlocksFeedTest, LosesTheLineThatAFailureCutsOff) {
+TEST_F(LineBlocksFeedTest, DropsTheLineThatAFailureCuts) {
     feed.Send("one\ntwo");
     EXPECT_EQ(ReadKeepingNothing(), Outcome::Lines);
     EXPECT_EQ(blocks.Read(file, LineBlocks::Start), Outcome::Failure);

@@ -12,7 +12,7 @@
 namespace vexil {
 namespace {
 
-TEST(LineBuffer, IsEmptyFromTheStart) {
+TEST(LineBuffer, IsEmptyWhenNew) {
     const LineBuffer line;
     EXPECT_EQ(line.Text(), "");
     EXPECT_EQ(line.Size(), 0U);
@@ -30,7 +30,7 @@ TEST(LineBuffer, AppendsTextsOfAnyLength) {
     EXPECT_TRUE(line.Text() == expected);
 }
 
-TEST(LineBuffer, AppendsMoreThanTwiceWhatItHas) {
+TEST(LineBuffer, AppendsATextLargerThanTwiceItsCapacity) {
     LineBuffer line;
     line.Append("abc", std::string(100000, 'x'));
     EXPECT_TRUE(line.Text() == "abc" + std::string(100000, 'x'));
@@ -71,7 +71,7 @@ TEST(LineBuffer, AppendsIntegersInDecimal) {
     }
 }
 
-// At each size, so that the memory ends in front of some of them.
+// At each size, so that the buffer grows before some of them.
 TEST(LineBuffer, AppendsPiecesOfAllKindsAtOnce) {
     for (std::size_t size = 200; size <= 256; ++size) {
         const std::string front(size, ' ');

@@ -50,7 +50,7 @@ TEST(TryParseU32, TakesTheNumberAtTheStart) {
                    {"\x01\x35", false, 0}});
 }
 
-TEST(TryParseU32, KeepsTo32BitsAndNegatesWithinThem) {
+TEST(TryParseU32, AcceptsNegativeNumbersModulo32Bits) {
     ExpectNumbers(TryParseU32, {{"4294967294", true, 4294967294U},
                                 {"4294967295", true, 4294967295U},
                                 {"4294967296", false, 0},
@@ -206,7 +206,7 @@ TEST(TryParseDouble, KeepsTheSignOfZero) {
 }
 
 // Whether a number below the normal ones is out of range is for the runtime to say.
-TEST(TryParseDouble, RefusesWhatTheRuntimeCallsOutOfRange) {
+TEST(TryParseDouble, RefusesNumbersThatStrtodReportsOutOfRange) {
     for (const char* const text :
          {"1e-310", "-1e-310", "4.9406564584124654e-324", "2.2250738585072011e-308", "1e-323",
           "0x1p-1074", "0x1p-1075", "0x1.8p-1074", "3e-324", "1e-400", "1e400", "1e-307"}) {
@@ -262,7 +262,7 @@ TEST(TryParseDouble, CallsStrtodForAllButPlainDecimals) {
     }
 }
 
-TEST(TryParse, DependsOnNoEarlierErrorNumber) {
+TEST(TryParse, IgnoresAnEarlierErrno) {
     std::uint32_t u32 = 99;
     std::int32_t i32 = 99;
     std::int64_t i64 = 99;
@@ -282,7 +282,7 @@ TEST(TryParse, DependsOnNoEarlierErrorNumber) {
 }
 
 // A view may end inside a longer number, which is not the text's.
-TEST(TryParse, ReadsNothingBehindTheText) {
+TEST(TryParse, ReadsNothingAfterTheText) {
     const std::string_view digits = "123456";
     std::uint32_t u32 = 99;
     std::int32_t i32 = 99;

@@ -97,7 +97,7 @@ TEST(MakeCIdentifier, MakesAnIdentifierOfEveryTextButAnEmptyOne) {
 }
 
 // To the bit, including the sign of zero.
-TEST(TryParseDouble, GivesTheNumberOfStrtod) {
+TEST(TryParseDouble, EqualsStrtod) {
     ForSeeds(40000, [](RandomText& random) {
         std::string text(random.Below(3), ' ');
         text += std::array{"", "", "-", "+"}[random.Below(4)];

@@ -25,7 +25,7 @@ using test::WriteBytes;
 
 class StatementFileTest : public testing::Test {
   protected:
-    // Opens a path with the NUL behind it counted in.
+    // Opens a path. The size of the buffer includes the NUL.
     void Open(const std::string& name, OpenMode mode) {
         file.Open(name.c_str(), static_cast<std::uint32_t>(name.size() + 1), mode);
     }
@@ -108,7 +108,7 @@ TEST_F(StatementFileTest, RefusesPaths) {
     }
 }
 
-TEST_F(StatementFileTest, MeetsTheEndOfTheFileWithItsLastStatement) {
+TEST_F(StatementFileTest, ReachesTheEndOfTheFileWithTheLastStatement) {
     OpenWith("BO_ 1\nBO_ 2\n");
     EXPECT_TRUE(file.NextStatement());
     EXPECT_EQ(file.parseState, StateReading);
@@ -127,7 +127,7 @@ TEST_F(StatementFileTest, ClosesInTheMiddleOfAFile) {
     ExpectClosed(StateClosed);
 }
 
-TEST_F(StatementFileTest, StartsAfreshWhenOpenedWhileOpen) {
+TEST_F(StatementFileTest, CanBeOpenedAgainWhileOpen) {
     OpenWith("BO_ 1\n x\nBO_ 2\nBO_ 3\n");
     EXPECT_TRUE(file.NextStatement());
     EXPECT_EQ(file.lineNumber, 3U);
@@ -139,7 +139,7 @@ TEST_F(StatementFileTest, StartsAfreshWhenOpenedWhileOpen) {
     EXPECT_EQ(file.lineNumber, 3U);
 }
 
-TEST_F(StatementFileTest, HandsOutNoStatementWhileWriting) {
+TEST_F(StatementFileTest, ReturnsNoStatementWhileWriting) {
     Open(path, OpenMode::Write);
     EXPECT_FALSE(file.NextStatement());
     EXPECT_EQ(file.parseState, StateWriting);
@@ -164,8 +164,8 @@ TEST_F(StatementFileTest, FailsOnALineThatCannotBeRead) {
 
 #ifndef _WIN32
 
-// The statements of the lines in front of a failure are handed out, the last one with the failure.
-TEST_F(StatementFileTest, HandsOutTheLinesInFrontOfOneThatCannotBeRead) {
+// The statements of the lines before a failure are returned, the last one with the failure.
+TEST_F(StatementFileTest, ReturnsTheLinesBeforeAFailedRead) {
     const test::Feed feed;
     const int descriptor = test::NextDescriptor();
     OpenWith("");
@@ -185,15 +185,15 @@ TEST_F(StatementFileTest, HandsOutTheLinesInFrontOfOneThatCannotBeRead) {
 
 #endif
 
-// -- Lines in ---------------------------------------------------------------------------------
+// -- Reading lines ----------------------------------------------------------------------------
 
-TEST_F(StatementFileTest, TurnsEachInvalidByteIntoAnUnderscore) {
+TEST_F(StatementFileTest, ReplacesEachInvalidByteWithAnUnderscore) {
     EXPECT_EQ(OneStatement("BO_ \xff\xe9 caf\xc3\xa9 \xe2\x82z \xed\xa0\x80\n"),
               "BO_ __ caf\xc3\xa9 __z ___\n");
     EXPECT_EQ(OneStatement("BO_ \xf0\x9f\x9a\x97\xf0\x9f\x9a\n"), "BO_ \xf0\x9f\x9a\x97___\n");
 }
 
-TEST_F(StatementFileTest, TakesOutControlCharactersButWhiteSpace) {
+TEST_F(StatementFileTest, RemovesControlCharactersExceptWhiteSpace) {
     std::string line = "BO_ ";
     for (int code = 0; code < 32; ++code) {
         if (code != '\n') {
@@ -205,11 +205,11 @@ TEST_F(StatementFileTest, TakesOutControlCharactersButWhiteSpace) {
     EXPECT_EQ(OneStatement(line), "BO_ xxxxxxxxx\txx\vx\fx\r" + std::string(19, 'x') + "z\n");
 }
 
-TEST_F(StatementFileTest, MakesAKeywordOfWhatAControlCharacterParts) {
+TEST_F(StatementFileTest, MatchesAKeywordSplitByAControlCharacter) {
     EXPECT_EQ(OneStatement("B\0O_ 1\n"s), "BO_ 1\n");
 }
 
-// -- Lines out --------------------------------------------------------------------------------
+// -- Writing lines ----------------------------------------------------------------------------
 
 TEST_F(StatementFileTest, WritesEachLineAtOnce) {
     Open(path, OpenMode::Write);
@@ -226,7 +226,7 @@ TEST_F(StatementFileTest, WritesEachLineAtOnce) {
     EXPECT_EQ(ReadTextFile(path), "one\n\ntwo\nthree\n");
 }
 
-TEST_F(StatementFileTest, WritesTheBytesOfATextAsTheyAre) {
+TEST_F(StatementFileTest, WritesTheBytesOfATextUnchanged) {
     Open(path, OpenMode::Write);
     Write("\xef\xbb\xbf\xff\0\x01\r\t\xc3\xa9"s);
     EXPECT_EQ(ReadTextFile(path), "\xef\xbb\xbf\xff\0\x01\r\t\xc3\xa9\n"s);
@@ -247,8 +247,8 @@ TEST_F(StatementFileTest, WritesNothingWhileReading) {
 
 #ifndef _WIN32
 
-// The rest of a line goes out at the close, if there is room again.
-TEST_F(StatementFileTest, TriesTheRestOfALineOnceMoreWhenItCloses) {
+// Closing the file writes the rest of a line if there is room again.
+TEST_F(StatementFileTest, CloseRetriesTheRestOfALine) {
     std::array<int, 2> ends{};
     ASSERT_EQ(pipe2(ends.data(), O_NONBLOCK | O_CLOEXEC), 0);
     const int descriptor = test::NextDescriptor();
@@ -280,7 +280,7 @@ class FullDeviceTest : public StatementFileTest {
     }
 };
 
-TEST_F(FullDeviceTest, ShowsAFailedLineAtTheNextOne) {
+TEST_F(FullDeviceTest, FailedLineIsReportedByTheNextLine) {
     Write("one");
     EXPECT_EQ(file.parseState, StateWriting);
     Write("two");
@@ -291,14 +291,14 @@ TEST_F(FullDeviceTest, ShowsAFailedLineAtTheNextOne) {
     ExpectClosed(StateStreamError);
 }
 
-TEST_F(FullDeviceTest, ShowsAFailedLastLineAtTheClose) {
+TEST_F(FullDeviceTest, FailedLastLineIsReportedByClose) {
     Write("one");
     EXPECT_EQ(file.parseState, StateWriting);
     file.Close();
     ExpectClosed(StateStreamError);
 }
 
-TEST_F(FullDeviceTest, IsForgottenWhenTheNextFileIsNotThere) {
+TEST_F(FullDeviceTest, FailedOpenClearsTheStreamError) {
     Write("one");
     file.Close();
     ExpectClosed(StateStreamError);
@@ -308,7 +308,7 @@ TEST_F(FullDeviceTest, IsForgottenWhenTheNextFileIsNotThere) {
     ExpectClosed(StateClosed);
 }
 
-TEST_F(FullDeviceTest, WritesToTheNextFileAfterAFailure) {
+TEST_F(FullDeviceTest, NextFileCanBeWrittenAfterAFailure) {
     Write("one");
     Write("two");
     Open(path, OpenMode::Write);

@@ -14,7 +14,7 @@
 namespace vexil {
 namespace {
 
-// A statement and the number of lines read when it was handed out.
+// A statement and the number of lines read when it was returned.
 struct Cut {
     std::string text;
     std::uint32_t lineNumber = 0;
@@ -47,7 +47,7 @@ class NextStatement : public testing::Test {
         return cuts;
     }
 
-    // Expects the file to be cut in front of each mark, which is then taken out.
+    // Expects the file to be cut before each mark, which is then removed.
     // "BO_ 1\n|BO_ 2\n" has the statements "BO_ 1\n" and "BO_ 2\n".
     void ExpectCutsAtMarks(const std::string& marked) {
         std::vector<std::string> expected{""};
@@ -72,11 +72,11 @@ class NextStatement : public testing::Test {
 
 // -- Where a statement ends -------------------------------------------------------------------
 
-TEST_F(NextStatement, CutsInFrontOfEachKeyword) {
+TEST_F(NextStatement, CutsBeforeEachKeyword) {
     ExpectCutsAtMarks("VERSION \"\"\n\n|NS_ :\n|BO_ 1 A: 8 N\n |SG_ S : 0\n|BU_ \n");
 }
 
-TEST_F(NextStatement, CutsInFrontOfEveryKeywordOfTheTable) {
+TEST_F(NextStatement, CutsBeforeEveryKeywordOfTheTable) {
     for (const KeywordRow& row : keywordTable) {
         const std::string statement = std::string(row.keyword) + " x;\n";
         EXPECT_EQ(CutsOf("BO_ 1\n" + statement + "BO_ 2\n"),
@@ -85,7 +85,7 @@ TEST_F(NextStatement, CutsInFrontOfEveryKeywordOfTheTable) {
     }
 }
 
-TEST_F(NextStatement, RunsOverAnyNumberOfLinesWithItsBlanks) {
+TEST_F(NextStatement, SpansAnyNumberOfLines) {
     ExpectCutsAtMarks("BO_ 1\n\n  A\n: 8\t\n\n \n  |BO_ 2\n \n\n");
 }
 
@@ -98,16 +98,16 @@ TEST_F(NextStatement, IsNotEndedByASemicolonOrALineEnd) {
     ExpectCutsAtMarks("VAL_ 1 S 0 \"a\";\n0;\n;;\n|BO_ 1;\n;\n");
 }
 
-TEST_F(NextStatement, AddsStrayTextToTheStatementAboveIt) {
+TEST_F(NextStatement, AppendsStrayTextToTheStatementBeforeIt) {
     ExpectCutsAtMarks("BO_ 1\nstray text\nand more;\n|BO_ 2\n");
 }
 
-TEST_F(NextStatement, TakesKeywordsAsWholeTokensOnly) {
+TEST_F(NextStatement, MatchesKeywordsAsWholeTokensOnly) {
     ExpectCutsAtMarks(
         "BO_ 1 BU_: xBO_ BO_x \"BO_ BO_\" _BO_ bo_ BO_; ;BO_ BO_\xc2\xa0 (BO_)\n|BU_ :\n");
 }
 
-TEST_F(NextStatement, TakesNoTokenThatIsNearlyAKeyword) {
+TEST_F(NextStatement, MatchesNoTokenSimilarToAKeyword) {
     for (const KeywordRow& row : keywordTable) {
         const std::string keyword(row.keyword);
         std::string statement = "BO_ 1\n" + keyword + keyword + " \"" + keyword + " \xc3\xa9" +
@@ -125,7 +125,7 @@ TEST_F(NextStatement, TakesNoTokenThatIsNearlyAKeyword) {
     }
 }
 
-TEST_F(NextStatement, TakesEveryWhiteSpaceAroundAToken) {
+TEST_F(NextStatement, AcceptsEveryWhiteSpaceAroundAToken) {
     ExpectCutsAtMarks("BO_\t1\v|BO_\v2\f|BO_\f3\r|BO_\r4\t|BO_ 5\n|BO_\n");
 }
 
@@ -145,13 +145,13 @@ TEST_F(NextStatement, CutsBetweenKeywordsThatFollowDirectly) {
     ExpectCutsAtMarks("BO_ |SG_\n|BO_\n|VERSION |NS_ |BO_ 1\n");
 }
 
-// -- What stands in front of the first keyword ------------------------------------------------
+// -- Text before the first keyword ----------------------------------------------------------
 
-TEST_F(NextStatement, ThrowsAwayLinesWithoutAKeyword) {
+TEST_F(NextStatement, DropsLinesWithoutAKeyword) {
     EXPECT_EQ(CutsOf("stray\n\n;\nBO_ 1\n"), (Cuts{{"BO_ 1\n", 4}}));
 }
 
-TEST_F(NextStatement, LosesTextInFrontOfAKeywordOnItsLine) {
+TEST_F(NextStatement, DropsTextBeforeAKeywordOnItsLine) {
     EXPECT_EQ(CutsOf("stray ; BO_ 1\n"), (Cuts{{"BO_ 1\n", 1}}));
     EXPECT_EQ(CutsOf("  \tBO_ 1 BO_ 2\n"), (Cuts{{"BO_ 1 ", 1}, {"BO_ 2\n", 1}}));
 }
@@ -174,7 +174,7 @@ TEST_F(NextStatement, KeepsACommentOverLinesWithSemicolonsWhole) {
     ExpectCutsAtMarks("CM_ \"one;\ntwo; three;\n\n;four\";\n|BO_ 1\n");
 }
 
-TEST_F(NextStatement, EndsFreeTextAtAKeywordBehindASemicolon) {
+TEST_F(NextStatement, EndsFreeTextAtAKeywordAfterASemicolon) {
     for (const std::string keyword : {"CM_", "BA_", "BA_DEF_"}) {
         ExpectCutsAtMarks(keyword + " text;\n|BO_ 1\n|BO_ 2\n");
         ExpectCutsAtMarks(keyword + " text; |BO_ 1 |BO_ 2\n|BO_ 3\n");
@@ -183,39 +183,39 @@ TEST_F(NextStatement, EndsFreeTextAtAKeywordBehindASemicolon) {
     }
 }
 
-TEST_F(NextStatement, TakesOneKeywordWithoutASemicolonAsFreeText) {
+TEST_F(NextStatement, TreatsOneKeywordWithoutASemicolonAsFreeText) {
     for (const std::string keyword : {"CM_", "BA_", "BA_DEF_"}) {
         ExpectCutsAtMarks(keyword + " BO_ 1 \"see BO_ 5\";\n|BO_ 2\n");
-        // The second one ends it, whatever stands in front.
+        // The second one ends it, whatever comes before it.
         ExpectCutsAtMarks(keyword + " \"see BO_ 5\nand |BO_ 6\";\n|BO_ 2\n");
         ExpectCutsAtMarks(keyword + " \"a\nb BO_ 5\n\nc\n|SG_ 6\";\n|BO_ 2\n");
     }
 }
 
-TEST_F(NextStatement, LooksAtNothingMoreOfTheLineOfAStrayKeyword) {
+TEST_F(NextStatement, IgnoresTheRestOfTheLineOfAStrayKeyword) {
     ExpectCutsAtMarks("CM_ \"see BO_ 5 SG_ 6 CM_ 7; BO_ 8\";\n|BO_ 2\n");
     ExpectCutsAtMarks("CM_ \"see\nthe BO_ 5 ; BO_ 6\n|BO_ 7\";\n");
-    // Its own words count: this keyword has no semicolon behind it either.
+    // The keywords of the statement itself count: BO_ has no semicolon before it either.
     ExpectCutsAtMarks("CM_ BO_ 1 \"text\"; BO_ 2 \n|BO_ 3\n");
 }
 
-TEST_F(NextStatement, CountsTheSemicolonInFrontOfTheFirstKeywordOnly) {
+TEST_F(NextStatement, ChecksForASemicolonBeforeTheFirstKeywordOnly) {
     ExpectCutsAtMarks("CM_ \"a\" x BO_ 1;\n|BO_ 2\n");
     ExpectCutsAtMarks("CM_ \"a;\" BO_ 1\n|BO_ 2\n");
 }
 
-TEST_F(NextStatement, StartsTheCountOfStrayKeywordsAnewForEachStatement) {
+TEST_F(NextStatement, CountsStrayKeywordsForEachStatement) {
     ExpectCutsAtMarks("CM_ \"BO_ x\";\n|CM_ \" BO_ x\";\n|CM_ \" BO_ x\";\n|BO_ 1\n");
     ExpectCutsAtMarks("CM_ BO_ x\n|CM_ BO_ x\n|BO_ x\n|BO_ x\n");
 }
 
-TEST_F(NextStatement, FindsFreeTextBehindTextOnTheSameLine) {
+TEST_F(NextStatement, FindsFreeTextAfterTextOnTheSameLine) {
     ExpectCutsAtMarks("BO_ 1 |CM_ \"x SG_ y\";\n|BO_ 2\n");
     EXPECT_EQ(CutsOf("stray CM_ \"x SG_ y\";\nBO_ 2\n"),
               (Cuts{{"CM_ \"x SG_ y\";\n", 2}, {"BO_ 2\n", 2}}));
 }
 
-TEST_F(NextStatement, WantsNoSemicolonForAnyOtherKeyword) {
+TEST_F(NextStatement, NeedsNoSemicolonForAnyOtherKeyword) {
     for (const KeywordRow& row : keywordTable) {
         if (!row.needsSemicolon) {
             ExpectCutsAtMarks(std::string(row.keyword) + " text |BO_ 1\n|BO_ 2\n");
@@ -223,14 +223,14 @@ TEST_F(NextStatement, WantsNoSemicolonForAnyOtherKeyword) {
     }
 }
 
-TEST_F(NextStatement, GivesOutAllOfFreeTextThatTheFileEnds) {
+TEST_F(NextStatement, ReturnsFreeTextThatTheFileEnds) {
     EXPECT_EQ(CutsOf("CM_ \"a BO_ b\nc"), (Cuts{{"CM_ \"a BO_ b\nc\n", 2}}));
     EXPECT_EQ(CutsOf("CM_ \"a\";"), (Cuts{{"CM_ \"a\";\n", 1}}));
 }
 
 // -- Line numbers -----------------------------------------------------------------------------
 
-TEST_F(NextStatement, HasReadTheLineOfTheNextKeyword) {
+TEST_F(NextStatement, LineNumberIsTheLineOfTheNextKeyword) {
     EXPECT_EQ(CutsOf("BO_ 1\nBO_ 2\n\n\nBO_ 3\n SG_ 4\n x\n"),
               (Cuts{{"BO_ 1\n", 2}, {"BO_ 2\n\n\n", 5}, {"BO_ 3\n ", 6}, {"SG_ 4\n x\n", 7}}));
     EXPECT_EQ(CutsOf("CM_ \" BO_ x\nBO_ y\nBO_ z\n"),
@@ -249,7 +249,7 @@ std::string LineOf(const std::string& start, std::size_t size) {
     return start + std::string(size - start.size() - 1, 'x') + "\n";
 }
 
-TEST_F(NextStatement, GoesOnUpTo4096Bytes) {
+TEST_F(NextStatement, ContinuesUpTo4096Bytes) {
     for (const std::string start : {"BO_ ", "CM_ "}) {
         for (const std::size_t size : {4095U, 4096U}) {
             const std::string line = LineOf(start, size);
@@ -265,7 +265,7 @@ TEST_F(NextStatement, ReadsLinesUntilOnePassesTheLimit) {
               (Cuts{{line + "\n\n\n", 4}, {"BO_ 1\n", 6}}));
 }
 
-TEST_F(NextStatement, GivesOutMoreThan4096BytesAndDropsTheRest) {
+TEST_F(NextStatement, ReturnsMoreThan4096BytesAndDropsTheRest) {
     for (const std::string start : {"BO_ ", "CM_ "}) {
         for (const std::size_t size : {4097U, 4098U, 20000U}) {
             const std::string line = LineOf(start, size);
@@ -283,7 +283,7 @@ TEST_F(NextStatement, AddsOneLineToAtMost4096Bytes) {
               (Cuts{{first + second, 2}, {"BO_ 1\n", 4}}));
 }
 
-TEST_F(NextStatement, EndsAtAKeywordBehindTheLimitInTheSameLine) {
+TEST_F(NextStatement, EndsAtAKeywordAfterTheLimitInTheSameLine) {
     const std::string text = "BO_ " + std::string(9000, 'x') + " ";
     EXPECT_EQ(CutsOf(text + "SG_ 1\nBO_ 2\n"), (Cuts{{text, 1}, {"SG_ 1\n", 2}, {"BO_ 2\n", 2}}));
     const std::string first = LineOf("BO_ ", 4096);
@@ -292,7 +292,7 @@ TEST_F(NextStatement, EndsAtAKeywordBehindTheLimitInTheSameLine) {
 }
 
 // A stray keyword in the line that passes the limit: nothing more is read.
-TEST_F(NextStatement, GivesOutFreeTextWithAStrayKeywordBehindTheLimit) {
+TEST_F(NextStatement, ReturnsFreeTextWithAStrayKeywordAfterTheLimit) {
     const std::string line = "CM_ " + std::string(5000, 'x') + " BO_ y\n";
     EXPECT_EQ(CutsOf(line + "dropped\nBO_ 1\n"), (Cuts{{line, 1}, {"BO_ 1\n", 3}}));
     const std::string at = "CM_ " + std::string(4096 - 4 - 7, 'x') + " BO_ y\n";
@@ -300,7 +300,7 @@ TEST_F(NextStatement, GivesOutFreeTextWithAStrayKeywordBehindTheLimit) {
     EXPECT_EQ(CutsOf(at + "kept\nBO_ 1\n"), (Cuts{{at + "kept\n", 2}, {"BO_ 1\n", 3}}));
 }
 
-TEST_F(NextStatement, ReadsOnWhereTheDroppedLinesEnd) {
+TEST_F(NextStatement, ContinuesAfterTheDroppedLines) {
     const std::string line = LineOf("BO_ ", 5000);
     EXPECT_EQ(CutsOf(line + "dropped\n"), (Cuts{{line, 1}}));
     EXPECT_EQ(CutsOf(line + "x BO_ 1 BO_ 2\n"), (Cuts{{line, 1}, {"BO_ 1 ", 2}, {"BO_ 2\n", 2}}));
@@ -308,8 +308,8 @@ TEST_F(NextStatement, ReadsOnWhereTheDroppedLinesEnd) {
               (Cuts{{line, 1}, {line, 2}, {"CM_ a\nBO_ b\n", 4}}));
 }
 
-// What stands in front of the statement on its line does not count, nor does what was given out.
-TEST_F(NextStatement, CountsTheBytesOfTheStatementAlone) {
+// Text before the statement on its line does not count, nor do earlier statements.
+TEST_F(NextStatement, CountsOnlyTheBytesOfTheStatement) {
     const std::string line = LineOf("BO_ ", 4096);
     EXPECT_EQ(CutsOf("stray " + line + "kept\nBO_ 1\n"),
               (Cuts{{line + "kept\n", 2}, {"BO_ 1\n", 3}}));
@@ -320,14 +320,14 @@ TEST_F(NextStatement, CountsTheBytesOfTheStatementAlone) {
               (Cuts{{"BO_ 7 ", 1}, {over, 1}, {"BO_ 1\n", 3}}));
 }
 
-TEST_F(NextStatement, CountsTheBytesThatAreLeftOfALine) {
+TEST_F(NextStatement, CountsTheBytesOfTheCleanedLine) {
     const std::string line = LineOf("BO_ ", 4096);
     std::string withControls = line;
     withControls.insert(10, std::string(50, '\x01'));
     EXPECT_EQ(CutsOf(withControls + "kept\nBO_ 1\n"), (Cuts{{line + "kept\n", 2}, {"BO_ 1\n", 3}}));
 }
 
-TEST_F(NextStatement, MeetsTheEndOfTheFileAtTheLimit) {
+TEST_F(NextStatement, HandlesTheEndOfTheFileAtTheLimit) {
     for (const std::size_t size : {4095U, 4096U, 4097U}) {
         const std::string line = LineOf("BO_ ", size);
         EXPECT_EQ(CutsOf(line), (Cuts{{line, 1}})) << size;

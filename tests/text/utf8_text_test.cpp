@@ -45,7 +45,7 @@ TEST(Utf8FitLength, NeedsRoomForOneByteAndTheTerminator) {
                 {"abc", 4, true, 3}});
 }
 
-TEST(Utf8FitLength, LooksAtNoTextWithRoomToSpare) {
+TEST(Utf8FitLength, DoesNotValidateATextShorterThanTheBuffer) {
     ExpectFits({{"", 2, true, 1},
                 {"abc", 5, true, 4},
                 {"0123456789", 33, true, 32},
@@ -55,7 +55,7 @@ TEST(Utf8FitLength, LooksAtNoTextWithRoomToSpare) {
                 {"abc", ~std::uint64_t{0}, true, ~std::uint64_t{0} - 1}});
 }
 
-TEST(Utf8FitLength, GivesNothingOfUpToThreeInvalidBytes) {
+TEST(Utf8FitLength, ReturnsZeroForUpToThreeInvalidBytes) {
     ExpectFits({// One byte that is not valid: nothing fits, and that is no failure.
                 {"\xff", 2, true, 0},
                 {"\x80", 2, true, 0},
@@ -78,34 +78,33 @@ TEST(Utf8FitLength, GivesNothingOfUpToThreeInvalidBytes) {
                 {"\xffxy", 4, true, 0}});
 }
 
-TEST(Utf8FitLength, ExcusesACharacterCutOffInTheLastThreeBytes) {
-    ExpectFits(
-        {// A lead byte in the last place, and the bytes on both sides of the limit for one.
-         {"abc\xc0", 5, true, 3},
-         {"abc\xff", 5, true, 3},
-         {"abc\xbf", 5, false, 0},
-         // In the last place but one.
-         {"ab\xe0\x80", 5, true, 2},
-         {"ab\xff\x80", 5, true, 2},
-         {"ab\xdfz", 5, false, 0},
-         {"ab\xe0z", 5, true, 2},
-         // In the last place but two.
-         {"a\xf0\x80\x80", 5, true, 1},
-         {"a\xff\x80\x80", 5, true, 1},
-         {"a\xef\xbfy", 5, false, 0},
-         {"a\xf0yz", 5, true, 1},
-         {"\xffxyz", 5, false, 0},
-         // Further in front nothing is excused.
-         {"\xc3\xf0\x80\x80", 5, false, 0},
-         {"\xff\xff\xff\xff", 5, false, 0},
-         {"\xffxyzw", 6, false, 0},
-         // A lead byte in the last place excuses it alone: the places in front are tried next.
-         {"a\xe2\x82\xc3", 5, false, 0},
-         {"ab\xe2\xc3", 5, true, 2},
-         {"a\xf0\x9f\xc3", 5, true, 1}});
+TEST(Utf8FitLength, AcceptsACharacterTruncatedInTheLastThreeBytes) {
+    ExpectFits({// A lead byte in the last place, and the bytes on both sides of the limit for one.
+                {"abc\xc0", 5, true, 3},
+                {"abc\xff", 5, true, 3},
+                {"abc\xbf", 5, false, 0},
+                // In the last place but one.
+                {"ab\xe0\x80", 5, true, 2},
+                {"ab\xff\x80", 5, true, 2},
+                {"ab\xdfz", 5, false, 0},
+                {"ab\xe0z", 5, true, 2},
+                // In the last place but two.
+                {"a\xf0\x80\x80", 5, true, 1},
+                {"a\xff\x80\x80", 5, true, 1},
+                {"a\xef\xbfy", 5, false, 0},
+                {"a\xf0yz", 5, true, 1},
+                {"\xffxyz", 5, false, 0},
+                // Further in front nothing is excused.
+                {"\xc3\xf0\x80\x80", 5, false, 0},
+                {"\xff\xff\xff\xff", 5, false, 0},
+                {"\xffxyzw", 6, false, 0},
+                // A lead byte at the end excuses only itself: the bytes before it are tried next.
+                {"a\xe2\x82\xc3", 5, false, 0},
+                {"ab\xe2\xc3", 5, true, 2},
+                {"a\xf0\x9f\xc3", 5, true, 1}});
 }
 
-TEST(Utf8FitLength, RefusesWhatIsNoCharacter) {
+TEST(Utf8FitLength, RefusesInvalidCharacters) {
     ExpectFits({{"\xc0\x80 abc", 7, false, 0},
                 {"\xe0\x80\x80 abc", 8, false, 0},
                 {"\xf0\x80\x80\x80 abc", 9, false, 0},
@@ -123,13 +122,13 @@ TEST(Utf8FitLength, RefusesWhatIsNoCharacter) {
                 {"\xf4\x8f\xbf\xbf abc", 9, true, 8}});
 }
 
-TEST(Utf8FitLength, LooksAtNoByteBehindTheCut) {
+TEST(Utf8FitLength, ReadsNoByteAfterTheLimit) {
     std::uint64_t length = 99;
     EXPECT_TRUE(Utf8FitLength("abcd\xff\xff\xff\xff", 5, length));
     EXPECT_EQ(length, 4U);
 }
 
-TEST(Utf8FitLength, TakesANulAsACharacter) {
+TEST(Utf8FitLength, TreatsANulAsACharacter) {
     std::uint64_t length = 99;
     EXPECT_TRUE(Utf8FitLength("ab\0cd"sv, 6, length));
     EXPECT_EQ(length, 5U);
@@ -152,7 +151,7 @@ void ExpectCopies(std::initializer_list<CopyCase> rows) {
     }
 }
 
-TEST(CopyUtf8Text, EndsAtTheFirstNulOrTheLastPlace) {
+TEST(CopyUtf8Text, EndsAtTheFirstNulOrBeforeTheLastByte) {
     ExpectCopies({{"abc\0"sv, true, "abc"},
                   {"abc\0def\0"sv, true, "abc"},
                   {"abc\0\xff\xff\xff\xff"sv, true, "abc"},
@@ -163,7 +162,7 @@ TEST(CopyUtf8Text, EndsAtTheFirstNulOrTheLastPlace) {
                   {"abc"sv, true, "ab"},
                   {"ab"sv, true, "a"},
                   {"abc\xff"sv, true, "abc"},
-                  // Of one byte that is no NUL nothing is left to look at.
+                  // Of one byte that is no NUL nothing is left.
                   {"a"sv, false, ""},
                   {"\xff"sv, false, ""}});
 }
@@ -184,12 +183,12 @@ TEST(CopyUtf8Text, DropsACharacterThatIsCutOffAtTheEnd) {
                   {"abc\xf0\x9f\x9a\0"sv, true, "abc"}});
 }
 
-TEST(CopyUtf8Text, RefusesWhatIsInvalidElsewhere) {
+TEST(CopyUtf8Text, RefusesInvalidBytesElsewhere) {
     ExpectCopies(
-        {// Three bytes or more behind a lone byte: refused.
+        {// Three bytes or more after a lone byte: refused.
          {"abc\xffwvu\0"sv, false, ""},
          {"abc\xffwvug\0"sv, false, ""},
-         // Two, one, none: cut in front of it, as the lead of a character cut off.
+         // Two, one, none: cut before it, like the lead byte of a truncated character.
          {"abc\xffwv\0"sv, true, "abc"},
          {"abc\xffw\0"sv, true, "abc"},
          {"abc\xff\0"sv, true, "abc"},
@@ -210,7 +209,7 @@ TEST(CopyUtf8Text, RefusesWhatIsInvalidElsewhere) {
          {"\x80xyz\0"sv, false, ""}});
 }
 
-TEST(CopyUtf8Text, LooksAtNothingOfAnArrayOfSizeZero) {
+TEST(CopyUtf8Text, DoesNotReadAnArrayOfSizeZero) {
     std::string_view out = "before";
     EXPECT_TRUE(CopyUtf8Text(out, nullptr, 0));
     EXPECT_EQ(out, "");
@@ -239,7 +238,7 @@ TEST(ReplaceInvalidUtf8, OverwritesEachByteThatBeginsNoCharacter) {
                    {"\xff", "_"},
                    {"a\xe9z", "a_z"},
                    {"\x80\xbf", "__"},
-                   // Each byte of what is no character, one for one.
+                   // Each byte of an invalid sequence, one for one.
                    {"\xc0\x80", "__"},
                    {"\xed\xa0\x80", "___"},
                    {"\xe0\x9f\xbf", "___"},
@@ -290,7 +289,7 @@ TEST(FoldToAscii, PutsOneUnderscoreForACharacter) {
                  {"\t\n\x7f\0z"sv, "\t\n\x7f\0z"sv}});
 }
 
-TEST(FoldToAscii, LetsTheExceptionsOfTheDecoderPass) {
+TEST(FoldToAscii, ThrowsTheExceptionsOfTheDecoder) {
     EXPECT_THROW(FoldToAscii("ab\xe2\x82"), utf8::not_enough_room);
     EXPECT_THROW(FoldToAscii("\xff"), utf8::invalid_utf8);
     EXPECT_THROW(FoldToAscii("\xc3z"), utf8::invalid_utf8);

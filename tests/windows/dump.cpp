@@ -1,4 +1,4 @@
-// Puts out all that the library tells of a file, so that two builds of it can be compared.
+// Prints all that the library reads from a file, so that two builds can be compared.
 //   vexil64_dump FILE FOLDER    makes in FOLDER: records.txt, the result, the records and the
 //                               errors; written0.dbc to written2.dbc, the file in each order
 // SPDX-License-Identifier: MIT

@@ -19,7 +19,7 @@ set(linux_only_sources
 
 # Tests, by program.
 set(linux_only_api_tests
-    LocaleTest.WritingTakesPointAndGroupsOfTheCppLocale)        # the DLL has a C++ runtime of its own
+    LocaleTest.WriteUsesPointAndGroupsOfTheCppLocale)            # the DLL has a C++ runtime of its own
 set(linux_only_golden_tests
     Topics/Golden.HasItsRecords/crlf                            # has carriage returns in texts
     Topics/Golden.HasItsErrors/crlf)                            # likewise
@@ -28,9 +28,9 @@ set(linux_only_read_tests
 set(linux_only_text_tests
     FullDeviceTest.*                                            # writes to /dev/full
     NextStatement.CountsCarriageReturnsAsPartsOfLines           # keeps carriage returns
-    NextStatement.EndsFreeTextAtAKeywordBehindASemicolon        # likewise
+    NextStatement.EndsFreeTextAtAKeywordAfterASemicolon         # likewise
     StatementFileTest.FailsOnALineThatCannotBeRead              # reads a folder
-    StatementFileTest.TakesOutControlCharactersButWhiteSpace)   # byte 0x1A ends a file on Windows
+    StatementFileTest.RemovesControlCharactersExceptWhiteSpace)     # byte 0x1A ends a file on Windows
 set(linux_only_tool_tests
     CheckCommandOnLinux.*           # folders as files, bytes on the command line, long paths of Linux
     DiffCommandOnLinux.*            # a device that takes nothing, and encodings

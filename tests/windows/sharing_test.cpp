@@ -47,7 +47,7 @@ TEST_F(Sharing, WritesAFileThatIsBeingReadOrWritten) {
     }
 }
 
-TEST_F(Sharing, IsStoppedByAnotherThatDeniesIt) {
+TEST_F(Sharing, FailsWhenAnotherProcessDeniesSharing) {
     AppendMessage({.id = 2});
     {
         const File reader = OpenElsewhere(GENERIC_READ, FILE_SHARE_READ);
@@ -58,7 +58,7 @@ TEST_F(Sharing, IsStoppedByAnotherThatDeniesIt) {
     EXPECT_EQ(Read(path), (Outcome{0, StateOpenFailed}));
 }
 
-TEST_F(Sharing, LeavesNoFileOpenBehindACall) {
+TEST_F(Sharing, LeavesNoFileOpenAfterACall) {
     EXPECT_EQ(Read(path), Success);
     EXPECT_TRUE(OpenElsewhere(GENERIC_WRITE, 0));
     EXPECT_EQ(Write(path), Success);

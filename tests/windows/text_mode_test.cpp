@@ -1,11 +1,9 @@
-// Files as text: line ends on the way out and back, byte 0x1A, numbers, and what a host does to the
+// Files as text: line ends written and read, byte 0x1A, and what a host does to the
 // runtime that it shares with the library.
 // SPDX-License-Identifier: MIT
 #include <fcntl.h>
 #include <stdlib.h>
 
-#include <algorithm>
-#include <clocale>
 #include <string>
 #include <vector>
 
@@ -94,7 +92,7 @@ TEST_F(TextMode, ReadsWhatItWroteWithoutCarriageReturns) {
 }
 
 // A carriage return of the model is no line end and is written as it is.
-TEST_F(TextMode, WritesACarriageReturnOfATextAsItIs) {
+TEST_F(TextMode, WritesACarriageReturnUnchanged) {
     AppendMessage({.id = 1, .longName = "A", .comment = "a\rb\r\nc"});
     EXPECT_EQ(Write(path), Success);
     EXPECT_EQ(Count(ReadBytes(path), "\"a\rb\r\r\nc\";\r\n"), 1U);
@@ -102,7 +100,7 @@ TEST_F(TextMode, WritesACarriageReturnOfATextAsItIs) {
     EXPECT_EQ(CommentOfMessage(0), "a\rb\r\nc");
 }
 
-// The runtime and the library read in pieces; what has a meaning may be at the border of two.
+// The runtime and the library read in pieces; a line end may be at the boundary of two.
 TEST_F(TextMode, ReadsALineEndAtEachPlaceOfAFile) {
     const std::string head = "BO_ 1 A: 8 N\r\nCM_ BO_ 1 \"";
     for (const std::size_t at : PiecesEnds()) {
@@ -139,20 +137,6 @@ TEST_F(TextMode, EndsAReadAtByteHex1AAtEachPlaceOfAFile) {
     }
 }
 
-TEST_F(TextMode, EndsAReadAtByteHex1A) {
-    EXPECT_EQ(ReadText("BO_ 1 A: 8 N\r\nBO_ 2 B: 8 N\r\n\x1a"
-                       "BO_ 3 C: 8 N\r\n"),
-              Success);
-    EXPECT_EQ(VexilGetNumCanMessages(), 2U);
-    EXPECT_EQ(ReadText("\x1a"
-                       "BO_ 1 A: 8 N\r\n"),
-              Success);
-    EXPECT_EQ(VexilGetNumCanMessages(), 0U);
-    // The line that it ends counts.
-    EXPECT_EQ(ReadText("BO_ 1 A: 8 N\r\nBO_ 2 B: 8 N\x1a\r\nBO_ 3 C: 8 N\r\n"), Success);
-    EXPECT_EQ(VexilGetNumCanMessages(), 2U);
-}
-
 TEST_F(TextMode, WritesByteHex1AAndAllThatFollows) {
     AppendMessage({.id = 1,
                    .comment = "a\x1a"
@@ -166,7 +150,7 @@ TEST_F(TextMode, WritesByteHex1AAndAllThatFollows) {
 }
 
 // The runtime of Windows can open files as binary ones by default; the library is not misled.
-TEST_F(TextMode, StaysWhateverTheHostMakesTheDefault) {
+TEST_F(TextMode, IgnoresTheDefaultModeOfTheRuntime) {
     _fmode = _O_BINARY;
     FillDatabase();
     EXPECT_EQ(Write(path), Success);
@@ -174,28 +158,6 @@ TEST_F(TextMode, StaysWhateverTheHostMakesTheDefault) {
     _fmode = _O_TEXT;
     EXPECT_TRUE(EndsEveryLineInTwoBytes(ReadBytes(path)));
     EXPECT_EQ(CommentOfMessage(0), "first\nsecond\n\nlast");
-}
-
-// Old runtimes of Windows write exponents of three digits.
-TEST_F(TextMode, WritesNumbersAsOnLinux) {
-    AppendMessage({.id = 1, .longName = "A"});
-    AppendSignal(0, {.longName = "S",
-                     .factor = 1e-5,
-                     .offset = 1e20,
-                     .minimum = -1e-300,
-                     .maximum = 1234567890123.0});
-    EXPECT_EQ(Write(path), Success);
-    EXPECT_EQ(Count(ReadBytes(path), "(1e-05,1e+20) [-1e-300|1.23456789e+12]"), 1U);
-}
-
-// A host on the same runtime sets the decimal point for reading, as on Linux.
-TEST_F(TextMode, ReadsTheDecimalPointOfTheHostsLocale) {
-    ASSERT_NE(std::setlocale(LC_NUMERIC, "German"), nullptr);
-    EXPECT_EQ(ReadText("BO_ 1 A: 8 N\n SG_ S : 0|8@1+ (1.5,0) [0|1] \"\" N\n"), Success);
-    std::setlocale(LC_NUMERIC, "C");
-    CanSignalRecord signal{};
-    EXPECT_EQ(VexilGetCanSignalData(0, 0, &signal), 1);
-    EXPECT_EQ(signal.factor, 1);
 }
 
 }  // namespace

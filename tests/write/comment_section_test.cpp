@@ -63,7 +63,7 @@ TEST_F(WriteComments, LeavesAnEmptyLineForALongNameOfAMessageWithoutAComment) {
                          }));
 }
 
-TEST_F(WriteComments, PutsTheTextOutAsItStands) {
+TEST_F(WriteComments, WritesTheTextUnchanged) {
     CANMessage& message = AddMessage(1, "A");
     Comment(message, "a \\\"b\\\" c\\\n  \xC3\xA4; \r\td");
     CommentSignal(message, "S", std::string(5000, 'x'));
@@ -84,7 +84,7 @@ TEST_F(WriteComments, NamesASuffixedSignalByItsNewName) {
     EXPECT_EQ(Section(), Text({"CM_ SG_ 1 S_0000 \"first\";", "CM_ SG_ 1 S_0001 \"second\";"}));
 }
 
-TEST_F(WriteComments, KeepsOneBackslashInFrontOfAQuoteOverTwoRounds) {
+TEST_F(WriteComments, KeepsOneBackslashBeforeAQuoteAfterARoundTrip) {
     Comment(AddMessage(5, "M"), "say \"hi\"");
     const std::string line = "CM_ BO_ 5 \"say \\\"hi\\\"\";\n";
     EXPECT_EQ(Section(), line);

@@ -35,7 +35,7 @@ TEST_F(MessageSection, JoinsIdNameSizeAndTransmitter) {
     EXPECT_EQ(Section(), "BO_ 4294967295 Engine: 4294967295 ECU1\n\n");
 }
 
-TEST_F(MessageSection, NamesDefaultNodesButLeavesThePlacesOfMissingNamesEmpty) {
+TEST_F(MessageSection, WritesDefaultNodesAndEmptyNames) {
     AddSignal(AddMessage(0, ""), "");
     EXPECT_EQ(Section(), Text({
                              "BO_ 0 : 0 Marrowby",
@@ -44,7 +44,7 @@ TEST_F(MessageSection, NamesDefaultNodesButLeavesThePlacesOfMissingNamesEmpty) {
                          }));
 }
 
-TEST_F(MessageSection, TellsTheMultiplexer) {
+TEST_F(MessageSection, WritesTheMultiplexIndicator) {
     struct Case {
         std::uint32_t type;
         std::uint32_t value;
@@ -63,7 +63,7 @@ TEST_F(MessageSection, TellsTheMultiplexer) {
     }
 }
 
-TEST_F(MessageSection, TellsOrderAndSign) {
+TEST_F(MessageSection, WritesByteOrderAndSign) {
     struct Case {
         std::uint32_t byteOrder;
         std::uint32_t valueType;

@@ -24,7 +24,7 @@ std::string PairText(std::string_view separators, double first, double second) {
     return std::string(line.Text().substr(1));
 }
 
-// A number as it stands in both places of a pair.
+// The text of a number, the same in both places of a pair.
 std::string Written(double number) {
     const std::string pair = PairText("<(,)", number, number);
     const std::string text = pair.substr(2, (pair.size() - 4) / 2);
@@ -86,14 +86,14 @@ TEST(NumberText, WritesAtMostTenDigits) {
     }
 }
 
-TEST(NumberText, TellsWholeNumbersByTheSameRule) {
+TEST(NumberText, WritesWholeNumbersWithAtMostTenDigits) {
     for (const std::int64_t number : {7LL, -7LL, 1000000LL, 123456789LL, 1234567890LL}) {
         EXPECT_EQ(Written(static_cast<double>(number)), std::to_string(number));
     }
     EXPECT_EQ(Written(12345678900.0), "1.23456789e+10");
 }
 
-TEST(NumberText, SpellsInfinityAndNotANumberWithTheirSign) {
+TEST(NumberText, WritesInfinityAndNanWithTheirSign) {
     const double infinity = std::numeric_limits<double>::infinity();
     const double notANumber = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(Written(infinity), "inf");
@@ -102,7 +102,7 @@ TEST(NumberText, SpellsInfinityAndNotANumberWithTheirSign) {
     EXPECT_EQ(Written(-notANumber), "-nan");
 }
 
-// But for what is not a number, which has a sign in some runtimes only.
+// Except NaN, which has a sign in some runtimes only.
 void ExpectAsPrinted(double number) {
     if (!std::isnan(number)) {
         char expected[64];
@@ -164,7 +164,7 @@ class GlobalLocale {
     std::locale former;
 };
 
-TEST(NumberText, TakesPointAndGroupsOfTheGlobalLocaleOfTheMoment) {
+TEST(NumberText, UsesPointAndGroupsOfTheCurrentGlobalLocale) {
     {
         const GlobalLocale locale;
         EXPECT_EQ(PairText(" (,)", 0.5, -40), " (0,5,-40)");
@@ -174,7 +174,7 @@ TEST(NumberText, TakesPointAndGroupsOfTheGlobalLocaleOfTheMoment) {
     EXPECT_EQ(PairText(" [|]", 1234567.25, 1000), " [1234567.25|1000]");
 }
 
-TEST(NumberText, KeepsTheFormOfTheTimeWhenItWasMade) {
+TEST(NumberText, UsesTheLocaleOfItsConstruction) {
     LineBuffer line;
     const NumberText before;
     {
@@ -186,7 +186,7 @@ TEST(NumberText, KeepsTheFormOfTheTimeWhenItWasMade) {
 
 using Locale = test::ModelTest;
 
-TEST_F(Locale, ChangesNoOtherText) {
+TEST_F(Locale, ChangesOnlyNumbersWithAPoint) {
     constexpr std::string_view File =
         "BO_ 2147483938 M: 1000 N\n"
         " SG_ S m1234 : 5678|9012@1+ (1,0) [0|1] \"\" N\n"

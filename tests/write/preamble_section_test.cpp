@@ -8,7 +8,7 @@ namespace {
 
 class NodeList : public test::ModelTest {
   protected:
-    // A node name of so many characters that sorts behind all that were made before it.
+    // A node name of so many characters that sorts after all earlier ones.
     std::string NextName(std::size_t size) {
         std::string name = std::to_string(10000 + count++);
         name.resize(size, 'x');
@@ -44,7 +44,7 @@ class NodeList : public test::ModelTest {
     int count = 0;
 };
 
-TEST_F(NodeList, NamesNobodyForAnEmptyDatabase) {
+TEST_F(NodeList, IsEmptyForAnEmptyDatabase) {
     EXPECT_EQ(Nodes(), "BU_ : ");
 }
 
@@ -80,7 +80,7 @@ TEST_F(NodeList, OrdersByBytesAndTheShorterNameFirst) {
     EXPECT_EQ(Nodes(), "BU_ :  \xC3\xA4 ecu _ ECU Abc Ab 9");
 }
 
-TEST_F(NodeList, TakesReceiversAsTheyStand) {
+TEST_F(NodeList, WritesReceiversUnchanged) {
     AddSignal(AddMessage(1, "M", "A"), "S", "no identifier");
     EXPECT_EQ(Nodes(), "BU_ :  no identifier A");
 }
@@ -91,7 +91,7 @@ TEST_F(NodeList, WrapsNamesOf32Characters) {
     }
     const std::string text = Nodes();
     EXPECT_EQ(LineLengths(text), (std::vector<std::size_t>{237, 263, 263, 32}));
-    // A name behind a wrap stands in the first column.
+    // A name after a line break starts in the first column.
     EXPECT_EQ(text.substr(0, 13), "BU_ :  10023x");
     EXPECT_EQ(text.substr(236, 8), "x\n10016x");
     EXPECT_EQ(text.substr(500, 8), "x\n10008x");
@@ -99,7 +99,7 @@ TEST_F(NodeList, WrapsNamesOf32Characters) {
 }
 
 TEST_F(NodeList, WrapsNothingBelow256) {
-    // In front of the second name stand 6 + 1 + 100 characters; 107 + 148 is 255.
+    // There are 6 + 1 + 100 characters before the second name; 107 + 148 is 255.
     AddTransmitters({std::string(148, 'a'), std::string(100, 'b')});
     EXPECT_EQ(LineLengths(Nodes()), (std::vector<std::size_t>{256}));
     test::ClearDatabase();
@@ -107,7 +107,7 @@ TEST_F(NodeList, WrapsNothingBelow256) {
     EXPECT_EQ(LineLengths(Nodes()), (std::vector<std::size_t>{107, 149}));
 }
 
-TEST_F(NodeList, WrapsInFrontOfAFirstNameOf250Characters) {
+TEST_F(NodeList, WrapsBeforeAFirstNameOf250Characters) {
     AddTransmitters({std::string(249, 'a')});
     EXPECT_EQ(Nodes(), "BU_ :  " + std::string(249, 'a'));
     test::ClearDatabase();
@@ -115,7 +115,7 @@ TEST_F(NodeList, WrapsInFrontOfAFirstNameOf250Characters) {
     EXPECT_EQ(Nodes(), "BU_ : \n" + std::string(250, 'a'));
 }
 
-TEST_F(NodeList, WrapsByThePassedMultipleOf256AndNotByTheLine) {
+TEST_F(NodeList, WrapsAtMultiplesOf256CharactersNotByLineLength) {
     // The first name reaches far past the mark of the first wrap, and each wrap moves the mark by
     // 256 only.
     AddTransmitters({std::string(600, 'd'), "c", "b", "a"});

@@ -27,7 +27,7 @@ class UniqueNamesTest : public test::ModelTest {
 using AddUniqueSuffix = UniqueNamesTest;
 using BaseName = UniqueNamesTest;
 
-TEST_F(AddUniqueSuffix, WritesTheIndexOverTheLastDigits) {
+TEST_F(AddUniqueSuffix, AppendsTheIndexInFourDigits) {
     const std::pair<std::uint32_t, std::string_view> cases[] = {
         {0, "S_0000"},  {1, "S_0001"},   {9, "S_0009"},    {10, "S_0010"},
         {42, "S_0042"}, {999, "S_0999"}, {1000, "S_1000"}, {9999, "S_9999"},
@@ -59,13 +59,13 @@ TEST_F(AddUniqueSuffix, KeepsTheNameWithin32Characters) {
     }
 }
 
-TEST_F(AddUniqueSuffix, GivesANameWithoutCharactersASuffixAlone) {
+TEST_F(AddUniqueSuffix, MakesAnEmptyNameTheSuffix) {
     CANSignal& signal = Signal("");
     EXPECT_TRUE(AddSuffix(signal, 3));
     EXPECT_EQ(signal.name, "_0003");
 }
 
-TEST_F(AddUniqueSuffix, ReplacesASuffixThatItGave) {
+TEST_F(AddUniqueSuffix, ReplacesItsOwnSuffix) {
     CANSignal& signal = Signal("S_0007", true);
     EXPECT_TRUE(AddSuffix(signal, 12));
     EXPECT_EQ(signal.name, "S_0012");
@@ -78,7 +78,7 @@ TEST_F(AddUniqueSuffix, ReplacesASuffixThatItGave) {
     EXPECT_EQ(plain.name, "S_0007_0012");
 }
 
-TEST_F(BaseName, IsTheNameWithoutTheSuffixThatItWasGiven) {
+TEST_F(BaseName, IsTheNameWithoutItsOwnSuffix) {
     EXPECT_EQ(Signal("S_0007", true).BaseName(), "S");
     EXPECT_EQ(Signal("S_0007", false).BaseName(), "S_0007");
     EXPECT_EQ(Signal("_0000", true).BaseName(), "");
@@ -121,15 +121,15 @@ TEST_F(MakeSignalNamesUnique, NumbersEqualNamesInTheirOrder) {
     ExpectPasses({"A", "B", "A", "A"}, {{true, once}, {true, once}, {true, once}});
 }
 
-TEST_F(MakeSignalNamesUnique, NumbersEachGroupOnItsOwn) {
+TEST_F(MakeSignalNamesUnique, NumbersEachGroupSeparately) {
     const Names once = {"A_0000", "B_0000", "A_0001", "B_0001", "C"};
     ExpectPasses({"A", "B", "A", "B", "C"}, {{true, once}, {true, once}});
 }
 
-TEST_F(MakeSignalNamesUnique, TakesASuffixOfTheFileForPartOfTheName) {
+TEST_F(MakeSignalNamesUnique, TreatsASuffixInTheFileAsPartOfTheName) {
     ExpectPasses({"A_0000", "A_0000", "A_0000"},
                  {{true, {"A_0000_0000", "A_0000_0001", "A_0000_0002"}}});
-    // So a name that looks like one of the suffixed ones stands twice for good.
+    // So a name that looks like a suffixed one stays a duplicate.
     ExpectPasses({"A", "A", "A_0000"},
                  {{true, {"A_0000", "A_0001", "A_0000"}}, {true, {"A_0000", "A_0001", "A_0000"}}});
 }
@@ -144,7 +144,7 @@ TEST_F(MakeSignalNamesUnique, KeepsLongNamesAndMarksTheSuffix) {
     EXPECT_FALSE(message.signals[2]->hasNameSuffix);
 }
 
-TEST_F(MakeSignalNamesUnique, MixesGroupsThatDifferOnlyBehindThe27thCharacter) {
+TEST_F(MakeSignalNamesUnique, MergesGroupsThatDifferOnlyAfter27Characters) {
     const std::string b = Base27 + "B";
     const std::string c = Base27 + "C";
     const auto suffixed = [](std::initializer_list<const char*> numbers) {
@@ -154,7 +154,7 @@ TEST_F(MakeSignalNamesUnique, MixesGroupsThatDifferOnlyBehindThe27thCharacter) {
         }
         return names;
     };
-    // The first pass numbers two groups, the second finds one of four and numbers it afresh.
+    // The first pass numbers two groups, the second finds one of four and renumbers it.
     ExpectPasses({b, b, c, c}, {{true, suffixed({"0000", "0001", "0000", "0001"})},
                                 {true, suffixed({"0000", "0001", "0002", "0003"})},
                                 {true, suffixed({"0000", "0001", "0002", "0003"})}});
@@ -162,9 +162,9 @@ TEST_F(MakeSignalNamesUnique, MixesGroupsThatDifferOnlyBehindThe27thCharacter) {
                                 {true, suffixed({"0000", "0001", "0002", "0003"})}});
 }
 
-// A name of 27 characters meets a group that was cut to it, within a pass when it stands between
-// them and at the next pass when it stands behind them.
-TEST_F(MakeSignalNamesUnique, MixesACutGroupWithTheNameThatItWasCutTo) {
+// A name of 27 characters joins a group that was truncated to it: in the same pass when it is
+// between them, and in the next pass when it is after them.
+TEST_F(MakeSignalNamesUnique, MergesATruncatedGroupWithANameOf27Characters) {
     const std::string longer = Base27 + "B";
     const std::string zero = Base27 + "_0000";
     const std::string one = Base27 + "_0001";
@@ -174,7 +174,7 @@ TEST_F(MakeSignalNamesUnique, MixesACutGroupWithTheNameThatItWasCutTo) {
     ExpectPasses({Base27, longer, longer}, {{true, {Base27, zero, one}}, {true, {zero, one, two}}});
 }
 
-TEST_F(MakeSignalNamesUnique, GivesASignalThatCameLaterTheNextFreePlace) {
+TEST_F(MakeSignalNamesUnique, GivesALaterSignalTheNextNumber) {
     CANMessage& message = MessageWith({"A", "A"});
     message.MakeSignalNamesUnique(database.arena);
     AddSignal(message, "B");
@@ -183,7 +183,7 @@ TEST_F(MakeSignalNamesUnique, GivesASignalThatCameLaterTheNextFreePlace) {
     EXPECT_EQ(SignalNames(message), (Names{"A_0000", "A_0001", "B", "A_0002"}));
 }
 
-TEST_F(MakeSignalNamesUnique, NumbersAfreshWhenASignalCameInBetween) {
+TEST_F(MakeSignalNamesUnique, RenumbersWhenASignalWasInserted) {
     CANMessage& message = MessageWith({"A", "A"});
     message.MakeSignalNamesUnique(database.arena);
     AddSignal(message, "A");

@@ -12,7 +12,7 @@ using test::Text;
 
 class ValueSections : public test::ModelTest {
   protected:
-    // statement: the value descriptions, as a VAL_ statement has them behind the name.
+    // statement: the value descriptions, as a VAL_ statement has them after the name.
     static CANSignal& AddValues(CANMessage& message, std::string_view name, std::uint32_t valueType,
                                 std::string_view statement = {}) {
         CANSignal& signal = AddSignal(message, name);
@@ -28,7 +28,7 @@ class ValueSections : public test::ModelTest {
     std::string TypeLines() const { return Written(WriteSignalValueTypes); }
 };
 
-TEST_F(ValueSections, TellValuesInAscendingOrder) {
+TEST_F(ValueSections, WriteValuesInAscendingOrder) {
     const std::pair<std::string_view, std::string_view> cases[] = {
         {" 1 \"On\" 0 \"Off\"", "0 \"Off\" 1 \"On\";\n"},
         {" 0 \"zero\" -1 \"none\"", "-1 \"none\" 0 \"zero\";\n"},
@@ -45,7 +45,7 @@ TEST_F(ValueSections, TellValuesInAscendingOrder) {
 }
 
 // What a statement has as it is written is copied; all else is put into that form.
-TEST_F(ValueSections, TellStatementsInOneForm) {
+TEST_F(ValueSections, WriteStatementsInOneForm) {
     const std::pair<std::string_view, std::string_view> cases[] = {
         {" -2147483648 \"\" -1 \"a\" 0 \"b  c\" 2147483647 \"d\" ; x",
          " -2147483648 \"\" -1 \"a\" 0 \"b  c\" 2147483647 \"d\";\n"},
@@ -99,7 +99,7 @@ TEST_F(ValueSections, ParseNoStatementThatHasTheWrittenForm) {
     }
 }
 
-TEST_F(ValueSections, JoinStatementsAndWhatAHostAppended) {
+TEST_F(ValueSections, JoinStatementsAndAppendedDescriptions) {
     CANMessage& message = AddMessage(5, "M");
     CANSignal& appended = AddValues(message, "A", ValueUnsigned, " 1 \"a\" 3 \"c\"");
     CanEnumRecord record{2, "b"};
@@ -111,7 +111,7 @@ TEST_F(ValueSections, JoinStatementsAndWhatAHostAppended) {
 }
 
 // A record of a host may bring any type and any text.
-TEST_F(ValueSections, TellDescriptionsOfIntegersAndTypesOfFloats) {
+TEST_F(ValueSections, WriteDescriptionsOfIntegersAndTypesOfFloats) {
     struct Case {
         std::uint32_t type;
         std::string_view valueLine;

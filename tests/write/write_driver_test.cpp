@@ -63,7 +63,7 @@ class WriteDbcFile : public test::ModelTest {
     }
 };
 
-TEST_F(WriteDbcFile, WritesEverySectionInItsPlaceAndNothingOfEmptyOnes) {
+TEST_F(WriteDbcFile, WritesEachSectionInItsPlaceAndSkipsEmptyOnes) {
     const std::string head = Head();
     EXPECT_EQ(std::count(head.begin(), head.end(), '\n'), 34);
     for (const std::string& body : {Messages, Messages + Comments + Values + Types,
@@ -73,7 +73,7 @@ TEST_F(WriteDbcFile, WritesEverySectionInItsPlaceAndNothingOfEmptyOnes) {
     }
 }
 
-TEST_F(WriteDbcFile, HandsTheWriteOrderToEverySectionBehindTheNodeList) {
+TEST_F(WriteDbcFile, UsesTheWriteOrderInEverySectionAfterTheNodeList) {
     const auto file = [](std::initializer_list<std::pair<int, char>> order) {
         std::string blocks;
         std::string comments;
@@ -103,7 +103,7 @@ TEST_F(WriteDbcFile, HandsTheWriteOrderToEverySectionBehindTheNodeList) {
     EXPECT_EQ(WrittenFile(7), Head() + stored);
 }
 
-TEST_F(WriteDbcFile, MakesSignalNamesUniqueForGood) {
+TEST_F(WriteDbcFile, MakesSignalNamesUniqueInFileAndDatabase) {
     CANMessage& message = AddDuplicates();
     const std::string expected = Head() + Text({
                                               "BU_ :  Marrowby",
@@ -144,7 +144,7 @@ TEST_F(WriteDbcFile, RefusesAnEmptyDatabaseWithoutTouchingAFile) {
     EXPECT_FALSE(std::filesystem::exists(fresh));
 }
 
-TEST_F(WriteDbcFile, RefusesAnEmptyDatabaseBeforeItLooksAtThePath) {
+TEST_F(WriteDbcFile, RefusesAnEmptyDatabaseBeforeCheckingThePath) {
     EXPECT_EQ(WriteBuffer("", 0), (WriteResult{false, 2}));
     EXPECT_EQ(WriteBuffer("x", 261), (WriteResult{false, 2}));
     EXPECT_EQ(WriteBuffer(nullptr, 5), (WriteResult{false, 2}));

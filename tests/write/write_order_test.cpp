@@ -36,7 +36,7 @@ TEST(CompareByNameAscending, ComparesUnsignedBytesAndThenLengths) {
     EXPECT_FALSE(CompareByNameAscending(NewMessage(1, "A"), NewMessage(2, "A")));
 }
 
-TEST(CompareByNameAscending, LeavesTheLongNameOut) {
+TEST(CompareByNameAscending, IgnoresTheLongName) {
     CANMessage a = NewMessage(1, "A");
     CANMessage b = NewMessage(1, "B");
     a.longName = "last";
@@ -46,17 +46,17 @@ TEST(CompareByNameAscending, LeavesTheLongNameOut) {
 
 class MessagesInOrder : public test::ModelTest {
   protected:
-    // The order of the messages under an option, told by their transmitters.
+    // The order of the messages under an option, as a list of their transmitters.
     static std::string Order(std::uint32_t option) {
-        std::string told;
+        std::string order;
         for (const CANMessage* message : vexil::MessagesInOrder(database.messages, option)) {
-            told.append(message->transmitter).append(" ");
+            order.append(message->transmitter).append(" ");
         }
-        return told;
+        return order;
     }
 };
 
-TEST_F(MessagesInOrder, SortsIdsDownAndNamesUpAndNothingElse) {
+TEST_F(MessagesInOrder, SortsByDescendingIdOrAscendingName) {
     AddMessage(5, "B", "b5");
     AddMessage(100, "C", "c100");
     AddMessage(7, "A", "a7");
@@ -78,7 +78,7 @@ TEST_F(MessagesInOrder, IsStableForManyEqualMessages) {
     EXPECT_EQ(Order(1), expected);
 }
 
-TEST_F(MessagesInOrder, LeavesTheDatabaseAsItStands) {
+TEST_F(MessagesInOrder, LeavesTheDatabaseUnchanged) {
     AddMessage(5, "B", "b5");
     AddMessage(100, "A", "a100");
     Order(0);

@@ -1,4 +1,4 @@
-// Tests of WrittenPairs: it gives what the parser gives, or nothing.
+// Tests of WrittenPairs: it returns the pairs that the parser finds, or nothing.
 // SPDX-License-Identifier: MIT
 #include "write/written_pairs.h"
 
@@ -30,7 +30,7 @@ std::size_t Below(std::mt19937& random, std::size_t limit) {
     return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
 }
 
-TEST(WrittenPairs, AreThoseOfTheParserOrNoneForAnyStatement) {
+TEST(WrittenPairs, EqualTheParsedPairsOrAreEmpty) {
     constexpr std::string_view Pieces[] = {
         " ",  " ",  " ", "\"", "\"", "\"",         "0",          "1",           "2",
         "12", "-1", "-", "+",  "0",  "2147483647", "2147483648", "-2147483649", ";",
@@ -51,7 +51,7 @@ TEST(WrittenPairs, AreThoseOfTheParserOrNoneForAnyStatement) {
     EXPECT_GT(found, 1000U);
 }
 
-TEST(WrittenPairs, AreAllThatAWrittenStatementHas) {
+TEST(WrittenPairs, AreFoundInEveryWrittenStatement) {
     std::mt19937 random(2);
     for (int round = 0; round < 2000; ++round) {
         std::map<std::int32_t, std::string> descriptions;
