@@ -1,4 +1,4 @@
-// What the tests of the exported functions share: a database that starts from nothing, since it
+// What the tests of the exported functions share: a database that starts empty, since it
 // outlives every test, and short forms of the calls.
 // SPDX-License-Identifier: MIT
 #pragma once

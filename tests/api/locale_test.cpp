@@ -38,7 +38,7 @@ class LocaleTest : public ApiTest {
         std::locale::global(std::locale(std::locale::classic(), new CommaAndGroups));
     }
 
-    // The SG_ line that a write makes of the first signal.
+    // The SG_ line of the first signal in a written file.
     std::string SignalLine() {
         EXPECT_EQ(Write(path), Success);
         const std::string text = ReadTextFile(path);

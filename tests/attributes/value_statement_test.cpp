@@ -216,7 +216,7 @@ TEST(ParseValueStatement, UsesOnlyTheFirstDefinitionOfTheName) {
     }
 }
 
-// No statement defines an attribute of no type; whoever fills a table can.
+// No statement defines an attribute without a type, but AddDefinition can.
 TEST(ParseValueStatement, UsesADefinitionWithoutATypeLast) {
     Attribute untyped;
     untyped.name = "BusType";

@@ -101,17 +101,17 @@ TEST_F(FormatDocument, ExamplesHaveTheirResults) {
     for (const Block& block : Blocks()) {
         SCOPED_TRACE("block at line " + std::to_string(block.line));
         if (block.words == "dbc") {
-            EXPECT_TRUE(hasResult) << "nothing is said of the file in front of this";
+            EXPECT_TRUE(hasResult) << "the file before this has no result";
             hasResult = false;
             ++files;
             Load(block);
         } else {
-            ASSERT_GT(files, 0) << "no file in front of this";
+            ASSERT_GT(files, 0) << "no file before this";
             hasResult = true;
             EXPECT_EQ(Result(block), block.text);
         }
     }
-    EXPECT_TRUE(hasResult) << "nothing is said of the last file";
+    EXPECT_TRUE(hasResult) << "the last file has no result";
     EXPECT_GE(files, 5);
 }
 

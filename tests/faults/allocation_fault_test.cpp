@@ -41,7 +41,7 @@ class AllocationFaultTest : public test::ApiTest {
         return test::RecordText(records) + test::ErrorText(records);
     }
 
-    // Sets the file that a database is read from, and notes what reading and writing make of it.
+    // Sets the file that a database is read from, and stores the results of reading and writing it.
     void UseInput(const std::string& text) {
         test::WriteBytes(input, text);
         Refill();
@@ -58,8 +58,8 @@ class AllocationFaultTest : public test::ApiTest {
         EXPECT_EQ(Read(input), Success);
     }
 
-    // Expects that the library works as if nothing had been, and leaves it empty.
-    void ExpectAllIsWell() {
+    // Expects that the library reads and writes as before, and leaves it empty.
+    void ExpectWorksAsBefore() {
         std::locale::global(std::locale::classic());
         Refill();
         EXPECT_TRUE(Dump() == expectedRecords) << "other records than at first";
@@ -75,11 +75,11 @@ class AllocationFaultTest : public test::ApiTest {
     // Returns how many allocations the call makes.
     std::size_t Sweep(Exhaustion exhaustion, const Step& prepare, const Call& call,
                       const std::function<std::string()>& result) {
-        ExpectAllIsWell();
+        ExpectWorksAsBefore();
         prepare();
         const Outcome expected = call();
         const std::string expectedResult = result();
-        ExpectAllIsWell();
+        ExpectWorksAsBefore();
         const std::ptrdiff_t descriptors = OpenDescriptors();
 
         const bool failedBefore = HasFailure();
@@ -107,7 +107,7 @@ class AllocationFaultTest : public test::ApiTest {
                 EXPECT_EQ(*outcome, expected);
                 EXPECT_TRUE(result() == expectedResult) << "another result than without a failure";
             }
-            ExpectAllIsWell();
+            ExpectWorksAsBefore();
             EXPECT_EQ(LiveBlocks(), blocks);
             if (failures == 0 || (HasFailure() && !failedBefore)) {
                 return n - 1;
@@ -156,8 +156,8 @@ TEST_F(AllocationFaultTest, WriteInEachOrderThrowsBadAllocAndLeaksNothing) {
               20U);
 }
 
-// In a locale of its own the numbers go through a stream, which must not keep the failure to
-// itself.
+// Under another global locale the numbers are formatted by a stream, which must not swallow the
+// exception.
 TEST_F(AllocationFaultTest, WriteUnderAnotherLocaleThrowsBadAllocAndLeaksNothing) {
     UseInput(
         "BO_ 1 A: 8 N\n"
@@ -194,7 +194,7 @@ TEST_F(AllocationFaultTest, DatabaseIsUsableAfterAFailedRead) {
         EXPECT_EQ(Read(output), Success);
         EXPECT_EQ(VexilGetNumCanMessages(), count + 1);
     }
-    ExpectAllIsWell();
+    ExpectWorksAsBefore();
 }
 
 // Memory runs out at each step of an append, since the room in the arena shrinks.
@@ -331,7 +331,7 @@ TEST_F(AllocationFaultTest, AppendAfterAFailedFetchKeepsTheOrder) {
     }
 }
 
-// A sort asks for memory that it can do without.
+// std::stable_sort tries to allocate a buffer, and sorts without one if that fails.
 TEST_F(AllocationFaultTest, DescriptionsInOrderAreNotSorted) {
     UseInput(
         "BO_ 1 M: 8 N\n"
@@ -386,7 +386,7 @@ TEST_F(AllocationFaultTest, ReadOfAnEndlessDeviceThrowsBadAlloc) {
         EXPECT_THROW(Read("/dev/zero"), std::bad_alloc);
     }
     EXPECT_EQ(OpenDescriptors(), descriptors);
-    ExpectAllIsWell();
+    ExpectWorksAsBefore();
 }
 
 }  // namespace

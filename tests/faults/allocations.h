@@ -25,7 +25,7 @@ class FailingAllocations {
     FailingAllocations& operator=(const FailingAllocations&) = delete;
     ~FailingAllocations();
 
-    // How many were asked for, those that failed among them.
+    // The number of allocations, including those that failed.
     std::size_t Count() const;
 
     // How many failed with std::bad_alloc, and how many with a null pointer, where the caller asked

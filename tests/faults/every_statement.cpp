@@ -1,4 +1,4 @@
-// A small file that leads through the whole of a read and a write.
+// A small file that executes all code of a read and a write.
 // SPDX-License-Identifier: MIT
 #include "faults/every_statement.h"
 

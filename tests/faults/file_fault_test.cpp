@@ -40,7 +40,7 @@ class FileFaultTest : public test::ApiTest {
         return test::RecordText(records) + test::ErrorText(records);
     }
 
-    // What a good read makes of a text.
+    // The database after a successful read of a text.
     std::string DumpOf(const std::string& bytes) {
         Clear();
         EXPECT_EQ(ReadText(bytes), Success);

@@ -112,7 +112,7 @@ TEST_F(HostilePathTest, DanglingLinkIsNotReadButItsTargetIsWritten) {
 
 // -- Rights -----------------------------------------------------------------------------------
 
-// In a child, since nobody gets lost rights back.
+// In a child process, since a process cannot regain dropped privileges.
 TEST_F(HostilePathTest, FileWithoutPermissionIsNotOpened) {
     const std::string file = folder.File("file.dbc");
     const std::string inside = folder.File("closed/file.dbc");

@@ -41,8 +41,8 @@ class LoadingTest : public testing::Test {
     }
     ~LoadingTest() override { std::pmr::set_default_resource(nullptr); }
 
-    // Loads the library, expects it empty, and a read and a write to be as good as ever.
-    void ExpectAllIsWell() {
+    // Loads the library, expects it empty, and a read and a write to succeed as before.
+    void ExpectWorksAsBefore() {
         const LoadedLibrary library;
         EXPECT_EQ(library.GetNumCanMessages(), 0U);
         EXPECT_EQ(library.Read(input), StateClosed);
@@ -91,7 +91,7 @@ TEST_F(LoadingTest, FirstReadMayRunOutOfMemory) {
         }
         EXPECT_TRUE(IsUnloaded());
         EXPECT_EQ(OpenDescriptors(), descriptors);
-        ExpectAllIsWell();
+        ExpectWorksAsBefore();
         EXPECT_EQ(LiveBlocks(), blocks);
     }
     EXPECT_GT(n, 30U);
@@ -118,7 +118,7 @@ TEST_F(LoadingTest, ClearReturnsAllMemory) {
 // A host may replace the default resource, and destroy the one that was there at load time.
 TEST_F(LoadingTest, DefaultMemoryResourceIsNotUsed) {
     std::pmr::set_default_resource(std::pmr::null_memory_resource());
-    ExpectAllIsWell();
+    ExpectWorksAsBefore();
 
     std::optional<LoadedLibrary> library;
     {

@@ -1,4 +1,4 @@
-// Tests of Descriptions: the texts by value, whatever statements and records they come from.
+// Tests of Descriptions: the texts of all statements and appended records, sorted by value.
 // SPDX-License-Identifier: MIT
 #include "frame/descriptions.h"
 
@@ -23,7 +23,7 @@ constexpr std::int32_t largest = std::numeric_limits<std::int32_t>::max();
 
 class DescriptionsTest : public testing::Test {
   protected:
-    // Gives the notes one more statement. Precondition: nobody has looked at them yet.
+    // Gives the notes one more statement. Precondition: no look at them yet.
     void AddStatement(Notes& notes, std::string_view text) {
         Note** end = &notes.statements;
         while (*end != nullptr) {

@@ -124,7 +124,7 @@ TEST_F(MessageCopyToRecord, TruncatesAtACharacter) {
             auto record = Filled<CanMessageRecord>(Pattern);
             EXPECT_TRUE(message.CopyToRecord(&record));
             EXPECT_TRUE(SameBytes(record, RecordOf(fields)))
-                << character << " behind " << front << " bytes";
+                << character << " after " << front << " bytes";
         }
     }
 }

@@ -63,7 +63,7 @@ TEST_F(RecordParseErrorTest, TruncatesAtACharacter) {
             if (front < 254 && front + character.size() > 254) {
                 expected.resize(front);
             }
-            EXPECT_EQ(TextOf(statement), expected) << character << " behind " << front;
+            EXPECT_EQ(TextOf(statement), expected) << character << " after " << front;
         }
     }
     // The byte that always goes may be the last of a character.

@@ -111,7 +111,7 @@ Input DefinitionsAndDefaults(std::size_t size) {
     return input;
 }
 
-// Signals with values of their own.
+// Signals with one value each.
 Input SignalsAndValues(std::size_t size) {
     Input input{std::string(StartValue)};
     constexpr std::size_t SignalsPerMessage = 100;
@@ -146,7 +146,7 @@ Input LongNamesOfManyOwners(std::size_t size) {
 }
 
 // One message whose signals share a name and a long name. A write makes the names unique, so that
-// each signal has a value of its own for the long one.
+// each signal has its own value for the long name.
 Input LongNameOfSignalsOfOneName(std::size_t size) {
     Input input{MessageLine(1), 1};
     while (input.text.size() < size / 2 && input.signals < MaxSignalsPerMessage) {

@@ -1,4 +1,4 @@
-// Whether the cost of value descriptions grows with their number and no faster, in whatever order
+// Whether the cost of value descriptions grows with their number and no faster, in any order
 // they are appended and fetched.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
@@ -70,7 +70,7 @@ class EnumGrowth : public testing::Test {
         ASSERT_EQ(VexilAppendCanSignalToCanMessage(0, &signal), 1);
     }
 
-    // Measures work(count) for one count after the other, each with a signal of its own. Steps of
+    // Measures work(count) for one count after the other, each with a new signal. Steps of
     // four: what puts its entries in order now and then is at another point of its round at each
     // size.
     void ExpectLinearWork(const std::function<void(std::uint32_t count)>& work) {

@@ -9,16 +9,16 @@ namespace vexil::growth {
 namespace {
 
 // One message with the piece over and over as one of its fields.
-Shape MessageField(std::string name, std::string before, std::string piece, std::string behind) {
+Shape MessageField(std::string name, std::string before, std::string piece, std::string after) {
     return {std::move(name), [=](std::size_t size) {
-                return Input{before + Repeated(piece, size) + behind + "\n", 1};
+                return Input{before + Repeated(piece, size) + after + "\n", 1};
             }};
 }
 
 // One signal, likewise.
-Shape SignalField(std::string name, std::string before, std::string piece, std::string behind) {
+Shape SignalField(std::string name, std::string before, std::string piece, std::string after) {
     return {std::move(name), [=](std::size_t size) {
-                return Input{MessageLine(1) + before + Repeated(piece, size) + behind + "\n", 1, 1};
+                return Input{MessageLine(1) + before + Repeated(piece, size) + after + "\n", 1, 1};
             }};
 }
 

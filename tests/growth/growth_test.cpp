@@ -1,6 +1,6 @@
 // Whether the cost of reading, fetching and writing stays proportional to the input, for inputs
-// that are meant to make it grow faster. What is counted are steps, so a busy machine changes
-// nothing.
+// designed to make it grow faster. The tests count steps, so the load of the machine does not
+// matter.
 //
 // Each input is measured in 64 KiB, 1 MiB and one large size. A jump of 16 is a sharper test than
 // several steps of two: the logarithm of sorting and the rounds in which containers grow weigh
@@ -124,7 +124,7 @@ void FetchAgain(const InputFile& file) {
     }
 }
 
-// Fetches all there is and compares its amount with what the input promises.
+// Fetches all there is and compares the counts with those of the input.
 void Fetch(const InputFile& file) {
     std::uint64_t enums = 0;
     const Input found = ForEachSignal([&enums](std::uint32_t message, std::uint32_t signal) {

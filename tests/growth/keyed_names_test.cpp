@@ -1,4 +1,4 @@
-// Whether the names and ids that are meant to collide under the library's own hash do.
+// Tests that the names and ids generated to collide under the library's hash do collide.
 // SPDX-License-Identifier: MIT
 #include "keyed_names.h"
 

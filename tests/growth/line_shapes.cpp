@@ -129,7 +129,7 @@ std::vector<Shape> LineShapes() {
         Line("BlanksInOneLine", " "),
         Line("EmptyLines", "\n"),
         Line("LinesWithoutAKeyword", "a\n"),
-        // The keywords are none before the control bytes are gone.
+        // These become keywords only when the control bytes are removed.
         Messages("ControlBytesInEveryLine",
                  "\x01"
                  "BO_\x02 1 \x7fM: 8 \x01"

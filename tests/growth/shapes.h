@@ -1,5 +1,5 @@
-// Inputs that are meant to make a careless reader or writer slow. Each shape makes an input of any
-// size.
+// Hostile inputs: files that would make an inefficient reader or writer slow. A shape makes an
+// input of any size.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -1,4 +1,4 @@
-// What holds for the records of every database.
+// Rules for the records of every database.
 // SPDX-License-Identifier: MIT
 #include "property/record_checks.h"
 

@@ -1,4 +1,4 @@
-// What holds for the records of every database, whatever file it came from.
+// Rules for the records of every database, for any file.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -4,7 +4,7 @@
 // place in round_trip_rules.cpp where it is made; nothing else may differ.
 //
 // On writing:
-//   SuffixedNames        signals of one name in a message are numbered, for good
+//   SuffixedNames        signals of one name in a message are numbered, also in the database
 // On reading the file:
 //   NamelessMessages     a message without a name is refused, and its signals are lost with it
 //   LostSignals          a number that leaves the range of a double when it is rounded to ten

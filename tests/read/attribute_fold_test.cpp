@@ -1,4 +1,4 @@
-// Tests of the fold of the reserved attributes, from their statements to the model.
+// Tests that the values of the reserved attributes reach messages, signals and the info.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 

@@ -1,5 +1,4 @@
-// Text into the database: whole files through the read driver, with a database that starts from
-// nothing.
+// Text into the database: whole files through the read driver, with a database that starts empty.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -158,7 +158,7 @@ testing::AssertionResult SameBytes(const Record& actual, const Record& expected)
     const auto offset = static_cast<std::size_t>(at - actualBytes);
     const std::size_t count = std::min<std::size_t>(16, sizeof actual - offset);
     return testing::AssertionFailure()
-           << "byte " << offset << " and those behind it are "
+           << "byte " << offset << " and the following are "
            << testing::PrintToString(std::string(at, count)) << " and not "
            << testing::PrintToString(std::string(other, count));
 }

@@ -140,20 +140,6 @@ std::string CleanLine(std::string line) {
     return line;
 }
 
-bool MatchKeyword(const std::string& text, const std::string& keyword, std::uint64_t& end,
-                  std::uint64_t from) {
-    end = npos;
-    const std::uint64_t start = FindSpace(text, from, false);
-    if (start == npos) {
-        return false;
-    }
-    end = start + keyword.size();
-    if (end >= text.size() || !IsSpace(text[end])) {
-        return false;
-    }
-    return text.compare(start, keyword.size(), keyword) == 0;
-}
-
 // A text that ends inside a character is cut before it: the lead byte of a character of two, three
 // or four bytes is among the last one, two or three bytes. Of an invalid text of at most three
 // bytes that cannot be cut so, nothing is left.
@@ -250,33 +236,6 @@ bool ParseUnsignedToken(const std::string& text, std::uint32_t& value, std::uint
     return true;
 }
 
-std::string TextUpToChar(const std::string& text, std::uint64_t from, char ch,
-                         std::uint64_t& foundPos) {
-    for (std::uint64_t at = from; at < text.size(); ++at) {
-        if (text[at] == ch) {
-            foundPos = at;
-            return text.substr(from, at - from);
-        }
-    }
-    foundPos = npos;
-    return "";
-}
-
-std::string TrimmedRange(const std::string& text, std::uint64_t from, std::uint64_t to) {
-    if (from >= text.size() || from >= to) {
-        return "";
-    }
-    const std::uint64_t first = FindSpace(text, from, false);
-    if (first == npos || first > to) {
-        return "";
-    }
-    std::uint64_t last = to < text.size() ? to : text.size() - 1;
-    while (last > first && IsSpace(text[last])) {
-        --last;
-    }
-    return text.substr(first, last - first + 1);
-}
-
 std::string Trimmed(const std::string& text) {
     std::string trimmed = text;
     while (!trimmed.empty() && IsSpace(trimmed.back())) {
@@ -351,17 +310,6 @@ bool TryParseI64(const std::string& text, std::int64_t& value) {
     value = 0;
     long long number = 0;
     const auto convert = [](const char* from, char** end) { return std::strtoll(from, end, 10); };
-    if (!Converted(text, number, convert)) {
-        return false;
-    }
-    value = number;
-    return true;
-}
-
-bool TryParseDouble(const std::string& text, double& value) {
-    value = 0;
-    double number = 0;
-    const auto convert = [](const char* from, char** end) { return std::strtod(from, end); };
     if (!Converted(text, number, convert)) {
         return false;
     }

@@ -22,8 +22,6 @@ extern const std::array<Keyword, 35> Keywords;
 std::size_t CharacterLength(const std::string& text, std::size_t at);
 bool IsValidUtf8(const std::string& text);
 
-bool MatchKeyword(const std::string& text, const std::string& keyword, std::uint64_t& end,
-                  std::uint64_t from);
 bool Utf8FitLength(const std::string& text, std::uint64_t bufferSize, std::uint64_t& length);
 bool CopyUtf8Text(std::string& out, const char* buffer, std::uint64_t bufferSize);
 void ReplaceInvalidUtf8(std::string& line);
@@ -31,16 +29,12 @@ std::string FoldToAscii(const std::string& text);  // of valid text only
 
 bool ParseUnsignedToken(const std::string& text, std::uint32_t& value, std::uint64_t& end,
                         std::uint64_t from);
-std::string TextUpToChar(const std::string& text, std::uint64_t from, char ch,
-                         std::uint64_t& foundPos);
-std::string TrimmedRange(const std::string& text, std::uint64_t from, std::uint64_t to);
 std::string Trimmed(const std::string& text);
 bool IsValidCIdentifier(const std::string& text);
 std::string MakeCIdentifier(const std::string& text);  // of valid text only
 bool TryParseU32(const std::string& text, std::uint32_t& value);
 bool TryParseI32(const std::string& text, std::int32_t& value);
 bool TryParseI64(const std::string& text, std::int64_t& value);
-bool TryParseDouble(const std::string& text, double& value);
 
 // The text with an underscore for each invalid byte, and without control characters.
 std::string CleanLine(std::string line);

@@ -237,7 +237,7 @@ TEST_F(FileTest, ShortReadReturnsTheAvailableBytes) {
     EXPECT_EQ(ReadOnce(), "");
 }
 
-// Until nothing more fits: a pipe that nobody empties takes part of a text.
+// A pipe that is not read accepts bytes until it is full.
 TEST_F(FileTest, WriteReturnsTheNumberOfBytesWritten) {
     std::array<int, 2> ends{};
     ASSERT_EQ(pipe2(ends.data(), O_NONBLOCK | O_CLOEXEC), 0);

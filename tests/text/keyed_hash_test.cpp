@@ -188,7 +188,7 @@ TEST_F(KeyedHashDeathTest, KeyDependsOnTheTime) {
     EXPECT_NE(hashes[0], hashes[1]);
 }
 
-// The hash of the first half of the key and no text is 0, whatever the second half is.
+// The hash of the first half of the key and no text is 0, for any second half.
 TEST_F(KeyedHashDeathTest, KeyMixesTheTimeWithSplitmix64) {
     const auto hash = PrintedByANewProcess([] {
         isClockStopped = true;

@@ -76,7 +76,7 @@ TEST(MatchKeyword, MatchesWholeTokensFollowedByWhiteSpace) {
                    {"BO_ ", "BO_", npos, false, npos},
                    {"", "BO_", 0, false, npos},
                    {" \f\n\r\t\v", "BO_", 0, false, npos},
-                   // The position is stored whatever the result, also beyond the end.
+                   // The position is stored in any case, even beyond the end.
                    {"x", "BO_", 0, false, 3},
                    {"  x", "SIG_VALTYPE_", 0, false, 14}});
 }

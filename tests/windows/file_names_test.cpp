@@ -90,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 class LongPaths : public ApiTest {
   protected:
-    // A path of so many bytes in the folder, its file name made of a character.
+    // A path of so many bytes in the folder, with a file name of one repeated character.
     std::string PathOf(std::size_t size, std::string_view character) const {
         std::string file = folder.File("");
         while (file.size() + character.size() + 4 <= size) {

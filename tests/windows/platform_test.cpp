@@ -122,7 +122,7 @@ TEST_F(Platform, CharactersThatWindowsForbidsInFileNamesAreOnlyTakenElsewhere) {
     }
 }
 
-// The library for Windows has a C++ runtime of its own.
+// The library for Windows has its own C++ runtime.
 TEST_F(Platform, TheCppLocaleOfTheHostReachesWrittenNumbersOnLinuxAlone) {
     class Comma : public std::numpunct<char> {
         char do_decimal_point() const override { return ','; }

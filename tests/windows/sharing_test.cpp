@@ -1,5 +1,5 @@
-// Files that somebody else has open at the same time: the library denies nobody anything, and is
-// stopped only by who denies it.
+// Files that another process has open: the library shares its files fully, and fails only if the
+// other process denies sharing.
 // SPDX-License-Identifier: MIT
 #include <cstdint>
 #include <string>

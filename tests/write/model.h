@@ -47,7 +47,7 @@ class ModelTest : public DatabaseTest {
         return names;
     }
 
-    // What the section writes of the messages in their order.
+    // The text that the section writes for the messages in their order.
     std::string Written(void (*section)(StatementFile& file, const MessageList& messages),
                         std::uint32_t order = OrderAsStored) const {
         const std::string path = folder.File("section.dbc");

@@ -11,7 +11,7 @@ const std::string Base27 = "Abcdefghijklmnopqrstuvwxyz_";
 
 class UniqueNamesTest : public test::ModelTest {
   protected:
-    // A signal of its own.
+    // A signal without a message in the database.
     static CANSignal& Signal(std::string_view name, bool hasNameSuffix = false) {
         CANMessage message;
         CANSignal& signal = AddSignal(message, name);

@@ -1,4 +1,4 @@
-// vexil64.hpp in the oldest C++ that it promises and in later ones: each template is used. Compiled
+// vexil64.hpp in the oldest C++ that it supports and in later ones: each template is used. Compiled
 // only.
 // SPDX-License-Identifier: MIT
 #include "vexil64.hpp"
