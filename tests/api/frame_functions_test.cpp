@@ -16,7 +16,7 @@ const DatabaseInfo infoAtLoad = [] {
     return info;
 }();
 
-// With something of everything in the database that a file can bring there.
+// Fills the database with info, messages and errors from a file.
 class FrameFunctionsTest : public ApiTest {
   protected:
     void Fill() {

@@ -163,7 +163,7 @@ TEST_F(Corpus, IsEqualAfterARoundTripExceptForListedFields) {
             SCOPED_TRACE(file + " written in order " + std::to_string(order));
             Read(file);
             Write(order);
-            // With the names that the write made unique.
+            // Fetched after the write, which has made the names unique.
             DatabaseRecords expected = FetchDatabase();
             Sort(expected, order);
             DatabaseRecords back = Read(written);

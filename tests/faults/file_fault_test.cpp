@@ -262,7 +262,7 @@ TEST_F(FileFaultTest, SingleWriteFailureIsReportedAtTheNextLine) {
     }
 }
 
-// From there on no byte more reaches the file.
+// No later byte reaches the file.
 TEST_F(FileFaultTest, PermanentWriteFailureKeepsTheLinesBeforeIt) {
     const std::vector<std::string> lines = WrittenLines();
     for (const int error : {ENOSPC, EIO, EDQUOT, EPIPE}) {

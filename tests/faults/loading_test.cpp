@@ -56,8 +56,7 @@ class LoadingTest : public testing::Test {
     std::string expectedFile;
 };
 
-// So that it loads whenever the system has room for it: an exception on the way in would end the
-// host.
+// An exception while the library is loaded would end the program of the host.
 TEST_F(LoadingTest, LoadingAllocatesNothing) {
     void* handle = nullptr;
     {

@@ -138,7 +138,7 @@ TEST_F(DescriptionsTest, AreNotCopiedWhereAValueHasOneText) {
     EXPECT_EQ(scratch.Text(), "");
 }
 
-// Which shows when the text changes, as it does when the memory of the notes goes to others.
+// Changing the text of the notes shows whether the descriptions are cached.
 TEST_F(DescriptionsTest, AreCachedUntilClear) {
     Notes notes;
     AddStatement(notes, " 1 \"a\"");
@@ -152,7 +152,7 @@ TEST_F(DescriptionsTest, AreCachedUntilClear) {
     EXPECT_EQ(Look(notes), (EnumPairs{{1, "c - d"}, {2, "b"}}));
 }
 
-// Against a map, with looks in between.
+// Compares the descriptions with a map, with looks between the appends.
 TEST_F(DescriptionsTest, EqualASortedMapForAnyOrderOfAppends) {
     for (std::uint32_t seed = 1; seed <= 500 && !HasFailure(); ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));

@@ -98,7 +98,7 @@ void FetchDescription(std::uint32_t message, std::uint32_t signal, std::uint32_t
     EXPECT_EQ(VexilGetCanSignalEnumData(message, signal, index, &record), 1);
 }
 
-// Of a signal its record, the number of its descriptions and the first of them.
+// Fetches the record of a signal, the number of its descriptions and the first description.
 void FetchFirstDescription(std::uint32_t message, std::uint32_t signal) {
     std::uint32_t count = 0;
     EXPECT_EQ(VexilGetNumEnumsInCanSignal(message, signal, &count), 1);

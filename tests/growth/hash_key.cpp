@@ -62,7 +62,7 @@ HashKey DrawKey() {
     std::abort();
 }
 
-// Drawn before any test runs, so before the library hashes anything.
+// The key is drawn before any test runs, that is, before the library hashes anything.
 const HashKey knownKey = DrawKey();
 
 }  // namespace

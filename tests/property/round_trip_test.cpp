@@ -25,7 +25,7 @@ class RoundTrip : public testing::Test {
     }
 
     std::string Write(std::uint32_t order) const {
-        // To empty a file that is there costs some systems a trip to the disk.
+        // Truncating an existing file waits for the disk on some systems.
         std::filesystem::remove(path);
         std::uint32_t code = 99;
         EXPECT_EQ(VexilWriteDbcFile(path.c_str(), BufferSize(), order, &code), 1);

@@ -77,7 +77,7 @@ TEST_F(ArenaTest, DoublesItsChunksUpToALimit) {
                                         256 * Kilobyte, 256 * Kilobyte}));
 }
 
-// To the last byte, as an object or as a text.
+// Objects and texts fill a chunk to its last byte.
 TEST_F(ArenaTest, FillsAChunk) {
     arena.Allocate(16 * Kilobyte - HeadSize - 8);
     arena.Keep("1");

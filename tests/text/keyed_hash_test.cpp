@@ -95,12 +95,12 @@ TEST(KeyedHash, SpreadsItsLowBits) {
         ofNumbers.insert(KeyedHash(std::uint64_t{number} << 20U, "") % 65536);
         ofTexts.insert(KeyedHash(0, std::to_string(number)) % 65536);
     }
-    // Of so many random numbers 3970 are different, give or take ten.
+    // About 3970 of so many random numbers are different.
     EXPECT_GT(ofNumbers.size(), 3850U);
     EXPECT_GT(ofTexts.size(), 3850U);
 }
 
-// Two calls of any sizes in ascending order, the same size twice included.
+// Tries two calls with every pair of ascending or equal sizes.
 TEST(PrefixHash, IsTheHashOfThePrefixAlone) {
     const std::string text = "0123456789abcdef0123456789abcdef01\xff";
     for (std::size_t first = 0; first <= text.size(); ++first) {

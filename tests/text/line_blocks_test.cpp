@@ -83,7 +83,7 @@ class LineBlocksTest : public testing::Test {
 
     void ExpectCleaned(const std::string& bytes) {
         Open(bytes);
-        // Not EXPECT_EQ, which would print all of a long text.
+        // EXPECT_EQ would print the whole of a long text.
         EXPECT_TRUE(ReadAll() == CleanedByRules(test::ReadTextFile(path)));
     }
 
@@ -177,7 +177,7 @@ TEST_F(LineBlocksTest, CleansAndMarksEachByte) {
     for (int code = 0; code < 256; ++code) {
         SCOPED_TRACE(code);
         const char ch = static_cast<char>(code);
-        // In a group of 64 bytes and after the last one.
+        // The piece is in a group of 64 bytes and after the last group.
         const std::string piece = std::string(10, 'x') + ch + "x_" + ch + " " + ch + "\n";
         ExpectCleaned(piece + std::string(60, 'x') + piece);
     }

@@ -71,7 +71,7 @@ TEST(LineBuffer, AppendsIntegersInDecimal) {
     }
 }
 
-// At each size, so that the buffer grows before some of them.
+// Every size of the front, so that the buffer grows before each kind of piece.
 TEST(LineBuffer, AppendsPiecesOfAllKindsAtOnce) {
     for (std::size_t size = 200; size <= 256; ++size) {
         const std::string front(size, ' ');

@@ -96,7 +96,7 @@ TEST(MakeCIdentifier, MakesAnIdentifierOfEveryTextButAnEmptyOne) {
     });
 }
 
-// To the bit, including the sign of zero.
+// The bits are equal, including the sign of zero.
 TEST(TryParseDouble, EqualsStrtod) {
     ForSeeds(40000, [](RandomText& random) {
         std::string text(random.Below(3), ' ');

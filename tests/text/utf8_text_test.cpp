@@ -162,7 +162,7 @@ TEST(CopyUtf8Text, EndsAtTheFirstNulOrBeforeTheLastByte) {
                   {"abc"sv, true, "ab"},
                   {"ab"sv, true, "a"},
                   {"abc\xff"sv, true, "abc"},
-                  // Of one byte that is no NUL nothing is left.
+                  // A single byte that is no NUL leaves an empty text.
                   {"a"sv, false, ""},
                   {"\xff"sv, false, ""}});
 }
@@ -200,7 +200,7 @@ TEST(CopyUtf8Text, RefusesInvalidBytesElsewhere) {
          // A continuation without its lead is never excused.
          {"abc\x80\0"sv, false, ""},
          {"abcd\xc3\xa9\x80\0"sv, false, ""},
-         // Of at most three bytes all are dropped, and that is no failure.
+         // An invalid text of at most three bytes becomes empty; the call succeeds.
          {"\xff\0"sv, true, ""},
          {"\x80\0"sv, true, ""},
          {"a\x80\0"sv, true, ""},
