@@ -143,6 +143,16 @@ TEST_F(FromJsonCommand, ListsTheValuesThatTheLibraryChanges) {
     EXPECT_TRUE(all.out.ends_with("  messages[11].cycleTime: 100 became 0\n")) << all.out;
 }
 
+TEST_F(FromJsonCommand, ListsTheObjectsWithTextsThatMayBeCut) {
+    WriteBytes(input,
+               R"({"messages":[{"id":5,"name":"Beta","transmitter":"ECU1","cut":["name"]}]})");
+    EXPECT_EQ(RunTool({"from-json", input, output}),
+              (Outcome{Success,
+                       Unchanged("1 message, 0 signals, 0 value descriptions") +
+                           "\nmay be cut: 1\n  messages[0]: the texts that its member cut names\n",
+                       ""}));
+}
+
 TEST_F(FromJsonCommand, EscapesWhatATerminalWouldObey) {
     WriteBytes(input, "{\"messages\":[],\"\\u001b[2J\\u009b\":1}");
     EXPECT_NE(RunTool({"from-json", input, output})
@@ -220,7 +230,11 @@ TEST_F(FromJsonCommand, TakesWhatJsonPrintsOfAnExtremeNetwork) {
     EXPECT_EQ(printed.exitCode, Success);
     WriteBytes(input, printed.out);
     EXPECT_EQ(RunTool({"from-json", input, output}),
-              (Outcome{Success, Unchanged("65536 messages, 1 signal, 0 value descriptions"), ""}));
+              (Outcome{Success,
+                       Unchanged("65536 messages, 1 signal, 0 value descriptions") +
+                           "\nmay be cut: 1\n"
+                           "  messages[65535]: the texts that its member cut names\n",
+                       ""}));
     EXPECT_EQ(RunTool({"json", output}).out, printed.out);
 }
 

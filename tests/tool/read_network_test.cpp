@@ -149,6 +149,21 @@ TEST(ReadNetwork, ShowsLongTextsWhereTheyPart) {
                   R"(\\\"end")");
 }
 
+TEST(ReadNetwork, RemarksOnTextsThatMayBeCut) {
+    const DocumentResult result = tool::ReadNetwork(
+        R"({"messages":[{"id":1,"name":"A","cut":["comment"],"signals":[{"name":"S","startBit":0,)"
+        R"("bitLength":8,"valueDescriptions":[{"value":0},{"cut":["text"],"value":1}],"cut":[]}]}]})",
+        Most);
+    EXPECT_EQ(result.refused.Count(), 0U);
+    EXPECT_TRUE(result.changed.empty());
+    EXPECT_EQ(
+        result.cut.Held(),
+        (std::vector<Remark>{
+            {"messages[0]", "the texts that its member cut names"},
+            {"messages[0].signals[0].valueDescriptions[1]", "the texts that its member cut names"},
+            {"messages[0].signals[0]", "the texts that its member cut names"}}));
+}
+
 TEST(ReadNetwork, HoldsAsManyRemarksAsItIsToldAndCountsAll) {
     std::string document = R"({"messages":[)";
     for (int id = 0; id < 30; ++id) {

@@ -30,7 +30,7 @@ void AddFromJson(CLI::App& app, ExitCode& exitCode) {
     command->add_flag("--skip-refused", options.skipRefused,
                       "Leave out each message, signal and value description of which a value is "
                       "refused, and write the rest");
-    command->add_flag("--all", options.all, "List every value that is changed");
+    command->add_flag("--all", options.all, "List every value that is changed or may be cut");
     command->callback([arguments, &exitCode] {
         arguments->options.order = OrderOf(arguments->order);
         exitCode = FromJson(arguments->options);

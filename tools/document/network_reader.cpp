@@ -70,6 +70,12 @@ bool NetworkReader::Key(std::string_view name) {
         return true;
     }
     object.seen |= bit;
+    if (found->kind == MemberKind::Cut) {
+        object.name.clear();
+        object.isNamed = false;
+        RemarkOnCut();
+        return true;
+    }
     object.member = &*found;
     return true;
 }
@@ -102,6 +108,7 @@ void NetworkReader::Accept(const Member& member, const JsonScalar& scalar) {
         case MemberKind::List:
             wrong = Needed(member.kind);
             break;
+        case MemberKind::Cut:
         case MemberKind::Ignored:
             break;
     }
@@ -229,6 +236,14 @@ void NetworkReader::Refuse(std::string_view member, std::string_view text) {
         result.refused.Add(Path(member), std::string(text));
     } else {
         result.refused.AddUnseen();
+    }
+}
+
+void NetworkReader::RemarkOnCut() {
+    if (result.cut.HasRoom()) {
+        result.cut.Add(Path(), "the texts that its member cut names");
+    } else {
+        result.cut.AddUnseen();
     }
 }
 

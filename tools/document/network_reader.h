@@ -55,6 +55,7 @@ class NetworkReader {
     void* RecordOf(Shape shape);
     void Require(Frame& object, std::string_view name);
     void Refuse(std::string_view member, std::string_view text);
+    void RemarkOnCut();
     void RefuseRecord(std::string_view text);
     void Leave();
 

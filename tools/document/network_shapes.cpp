@@ -22,7 +22,7 @@ std::vector<Member> WithFields(std::span<const RecordField> fields, std::vector<
     return members;
 }
 
-constexpr Member CutMember = {"cut", MemberKind::Ignored};
+constexpr Member CutMember = {"cut", MemberKind::Cut};
 
 std::array<std::vector<Member>, 5> MakeTables() {
     return {WithFields({}, {{"formatVersion", MemberKind::Version},

@@ -20,6 +20,7 @@ enum class MemberKind : std::uint8_t {
     Version,  // of the form of the document
     Object,   // of the shape
     List,     // of objects of the shape
+    Cut,      // marks that texts of the object may be cut; its value is not read
     Ignored   // whatever it is
 };
 

@@ -47,7 +47,8 @@ class Remarks {
 
 // What came of a document.
 struct DocumentResult {
-    explicit DocumentResult(std::size_t mostChanges) : mostChangesOfAField(mostChanges) {}
+    explicit DocumentResult(std::size_t mostChanges)
+        : mostChangesOfAField(mostChanges), cut(mostChanges) {}
 
     // The remarks on a field that the database has with another value than the document.
     Remarks& ChangesOf(const std::string& field) {
@@ -60,6 +61,7 @@ struct DocumentResult {
     Remarks refused = Remarks(MostRefused);
     std::size_t mostChangesOfAField;
     std::map<std::string, Remarks> changed;  // by field, such as messages[].cycleTime
+    Remarks cut;  // the objects with texts that were cut before they came into the document
 
     // In the database.
     std::size_t messages = 0;

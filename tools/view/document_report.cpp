@@ -11,6 +11,17 @@ std::string Counted(std::size_t count, std::string_view noun) {
     return Format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
+void AppendRemarks(std::string& out, std::string_view title, const Remarks& remarks) {
+    out += Format("\n{}: {}\n", title, remarks.Count());
+    for (const Remark& each : remarks.Held()) {
+        out += "  " + RemarkLine(each) + "\n";
+    }
+    const std::size_t others = remarks.Count() - remarks.Held().size();
+    if (others != 0) {
+        out += Format("  and {} more; --all lists them\n", others);
+    }
+}
+
 }  // namespace
 
 std::string RemarkLine(const Remark& remark) {
@@ -22,14 +33,10 @@ std::string DocumentReport(std::string_view name, const DocumentResult& result) 
                              Counted(result.signals, "signal"),
                              Counted(result.descriptions, "value description"));
     for (const auto& [field, remarks] : result.changed) {
-        out += Format("\nchanged, {}: {}\n", field, remarks.Count());
-        for (const Remark& each : remarks.Held()) {
-            out += "  " + RemarkLine(each) + "\n";
-        }
-        const std::size_t others = remarks.Count() - remarks.Held().size();
-        if (others != 0) {
-            out += Format("  and {} more; --all lists them\n", others);
-        }
+        AppendRemarks(out, "changed, " + field, remarks);
+    }
+    if (result.cut.Count() != 0) {
+        AppendRemarks(out, "may be cut", result.cut);
     }
     return out;
 }

@@ -10,7 +10,7 @@
 namespace vexil::tool {
 
 // A line that counts the records in the database, then for each field the values that are other
-// ones than in the document.
+// ones than in the document, and the objects with texts that may be cut.
 //   name  of the document
 std::string DocumentReport(std::string_view name, const DocumentResult& result);
 
