@@ -123,6 +123,26 @@ TEST_F(DiffCommand, TakesTheNullDeviceForANetworkWithoutMessages) {
     EXPECT_EQ(RunTool({"diff", "/dev/null", "/dev/null"}), (Outcome{Equal, "", ""}));
 }
 
+TEST_F(DiffCommand, TakesTheArgumentsOfGit) {
+    const std::string a = MakeFile("a.dbc", "BO_ 1 A: 8 N\n");
+    const std::string b = MakeFile("b.dbc", "BO_ 1 A: 4 N\n");
+    EXPECT_EQ(RunTool({"diff", "--git", "--", "x.dbc", a, "1a", "100644", b, "2b", "100644"}),
+              (Outcome{Equal, "x.dbc: 1 message changed\n~ 1 (0x1) A\n    ~ size: 8 -> 4\n", ""}));
+    EXPECT_EQ(RunTool({"diff", "--git", "--ignore", "sizes", "--", "x.dbc", a, "1a", "100644", b,
+                       "2b", "100644", "y.dbc", "similarity index 90%"}),
+              (Outcome{Equal, "x.dbc -> y.dbc: equal in meaning\n", ""}));
+    EXPECT_EQ(
+        RunTool({"diff", "--git", "--", "x.dbc", "nul", ".", ".", a, "1a", "100644"}),
+        (Outcome{Equal, "x.dbc: 1 message added\n+ 1 (0x1) A: 8 bytes from N, 0 signals\n", ""}));
+    EXPECT_EQ(
+        RunTool({"diff", "--git", "--", "x.dbc", a, "1a", "100644", "nul", ".", "."}),
+        (Outcome{Equal, "x.dbc: 1 message removed\n- 1 (0x1) A: 8 bytes from N, 0 signals\n", ""}));
+    EXPECT_EQ(RunTool({"diff", "--git", "--", "x.dbc"}),
+              (Outcome{Equal, "x.dbc: not merged\n", ""}));
+    EXPECT_EQ(RunTool({"diff", "--git", "--", "x.dbc", a, "1a", "100644", b}).exitCode, Trouble);
+    EXPECT_EQ(RunTool({"diff", "--git", "--json", a, b}).exitCode, Trouble);
+}
+
 TEST_F(DiffCommand, ReportsTheStatementsThatTakeNoPart) {
     const Outcome outcome = Compare("BO_ 1 A: 8 N\nBO_ x B: 8 N\n", "BO_ 1 A: 8 N\n");
     EXPECT_EQ(outcome.exitCode, Equal);

@@ -52,15 +52,26 @@ void TakeFiles(DiffArguments& arguments) {
 constexpr std::size_t RestOfVersions = 5;
 constexpr std::size_t MostRest = 7;
 
+// The file of a version. Where there is none, as its hash says, git names the null device, which a
+// shell for Windows gives another name. A file of the name "-" is not standard input.
+std::string FileOfVersion(const std::string& file, const std::string& hash) {
+    if (hash == ".") {
+        return "/dev/null";
+    }
+    return file == "-" ? "./-" : file;
+}
+
 void TakeArgumentsOfGit(DiffArguments& arguments) {
+    constexpr std::size_t OldHash = 0;
     constexpr std::size_t NewFile = 2;
+    constexpr std::size_t NewHash = 3;
     constexpr std::size_t NewPath = 5;
     const std::vector<std::string>& rest = arguments.rest;
     if (rest.size() != RestOfVersions && rest.size() != MostRest) {
         throw CLI::ValidationError("--git", "needs the arguments that git passes");
     }
-    arguments.options.before = {arguments.b, arguments.a};
-    arguments.options.after = {rest[NewFile],
+    arguments.options.before = {FileOfVersion(arguments.b, rest[OldHash]), arguments.a};
+    arguments.options.after = {FileOfVersion(rest[NewFile], rest[NewHash]),
                                rest.size() == MostRest ? rest[NewPath] : arguments.a};
 }
 
