@@ -28,24 +28,9 @@ TEST(ReadNetwork, HasDefaultsForMissingFields) {
         Most);
     EXPECT_EQ(result.refused.Count(), 0U);
     EXPECT_EQ(RecordText(FetchDatabase()),
-              R"(info: protocolType 0 busType 0
-message 0: id 291 dlc 8 signalCount 1 cycleTime 0
-  name "Tank_level"
-  longName "Tank level"
-  transmitter ""
-  sendType ""
-  comment ""
-  signal 0: multiplexType 0 multiplexValue 0 startBit 4 bitLength 12 byteOrder 1 valueType 0
-    factor 1 offset 0 minimum 0 maximum 0
-    startValue 0 inactiveValue 0 enumCount 1
-    name "S"
-    longName "S"
-    unit ""
-    unitUtf8 ""
-    receiverList ""
-    comment ""
-    enum: value 3 text ""
-)");
+              "message 291 \"Tank_level\", 8 bytes from \"\", long name \"Tank level\"\n"
+              "  signal \"S\": 4|12@1+ (1,0) [0|0] \"\" to \"\"\n"
+              "    3 \"\"\n");
 }
 
 TEST(ReadNetwork, StartsEachRecordFromTheDefaults) {
@@ -184,7 +169,7 @@ TEST(ReadNetwork, EmptiesTheDatabaseFirst) {
     message.longName[0] = 'A';
     VexilAppendCanMessage(&message);
     tool::ReadNetwork(R"({"messages":[]})", Most);
-    EXPECT_EQ(RecordText(FetchDatabase()), "info: protocolType 0 busType 0\n");
+    EXPECT_EQ(RecordText(FetchDatabase()), "");
 }
 
 struct Fault {

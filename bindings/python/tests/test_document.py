@@ -1,7 +1,6 @@
 """The document and the example: the programs that they show run and print what is shown."""
 # SPDX-License-Identifier: MIT
 import re
-import shutil
 import subprocess
 import sys
 
@@ -25,15 +24,6 @@ def test_shows_what_the_example_prints():
     printed = subprocess.run([sys.executable, EXAMPLE, ROOT / "samples" / "roof.dbc"], check=True,
                              capture_output=True, encoding="utf-8").stdout
     assert blocks("text") == [printed]
-
-
-def test_the_readme_shows_how_to_list_signals(tmp_path, monkeypatch, capsys):
-    shutil.copy(ROOT / "samples" / "roof.dbc", tmp_path / "network.dbc")
-    monkeypatch.chdir(tmp_path)
-    program, = blocks("python", (ROOT / "README.md").read_text(encoding="utf-8"))
-    exec(program, {})
-    assert capsys.readouterr().out == (
-        "DoorStatus DoorOpen \nDoorStatus WindowPosition %\nRoofCommand Move \n")
 
 
 def test_shows_how_to_append_and_write(tmp_path, monkeypatch):
