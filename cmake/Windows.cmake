@@ -15,7 +15,7 @@ if(CMAKE_CROSSCOMPILING)
     # Header libraries with a folder of their own get a link in a folder that contains nothing else.
     set(headers_folder "${PROJECT_BINARY_DIR}/headers")
     file(MAKE_DIRECTORY "${headers_folder}")
-    foreach(header CLI/CLI.hpp dtl/dtl.hpp fmt/core.h nlohmann/json.hpp)
+    foreach(header CLI/CLI.hpp dtl/dtl.hpp fmt/core.h kainjow/mustache.hpp nlohmann/json.hpp)
         string(REGEX REPLACE "/.*" "" folder "${header}")
         find_path(folder_of_${folder} "${header}" PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH)
         if(folder_of_${folder})

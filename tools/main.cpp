@@ -3,6 +3,7 @@
 //   vexil-dbc check FILE... [OPTION...]
 //   vexil-dbc diff A B [OPTION...]
 //   vexil-dbc explain [CAUSE]
+//   vexil-dbc report FILE... -o OUT.html [OPTION...]
 //   vexil-dbc rewrite IN OUT [OPTION...]
 //   vexil-dbc show FILE [MESSAGE...] [OPTION...]
 //   vexil-dbc json FILE [OPTION...]
@@ -75,6 +76,7 @@ ExitCode Run(const std::vector<std::string>& arguments) {
     vexil::tool::AddCheck(app, exitCode);
     vexil::tool::AddDiff(app, exitCode);
     vexil::tool::AddExplain(app, exitCode);
+    vexil::tool::AddReport(app, exitCode);
     vexil::tool::AddRewrite(app, exitCode);
     vexil::tool::AddShow(app, exitCode);
     vexil::tool::AddJson(app, exitCode);

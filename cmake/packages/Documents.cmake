@@ -47,6 +47,7 @@ set(licences
     "CLI11 /usr/share/doc/libcli11-dev/copyright"
     "dtl /usr/share/doc/libdtl-dev/copyright"
     "fmt /usr/share/doc/libfmt-dev/copyright"
+    "kainjow-mustache /usr/share/doc/libkainjow-mustache-dev/copyright"
     "nlohmann-json /usr/share/doc/nlohmann-json3-dev/copyright")
 if(MINGW)
     list(APPEND licences
@@ -59,7 +60,7 @@ if(NOT VEXIL64_DISTRIBUTION)
     foreach(row IN LISTS licences)
         separate_arguments(row)
         list(POP_FRONT row name file)
-        if(EXISTS "${file}" AND (TARGET vexil-dbc OR NOT name MATCHES "^(CLI11|dtl|fmt|nlohmann-json)$"))
+        if(EXISTS "${file}" AND (TARGET vexil-dbc OR NOT name MATCHES "^(CLI11|dtl|fmt|kainjow-mustache|nlohmann-json)$"))
             install(FILES "${file}" DESTINATION "${document_dir}/licences" COMPONENT documents
                 RENAME ${name}.txt)
         endif()

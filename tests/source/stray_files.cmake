@@ -3,26 +3,33 @@
 cmake_minimum_required(VERSION 3.25)
 file(REMOVE_RECURSE "${WORK}")
 string(REPEAT "x" 65536 largest)
-foreach(good src/good.cpp LICENSE scripts/do-it fuzz/corpus/read/any_name samples/a.dbc build/b.o)
+foreach(good src/good.cpp LICENSE scripts/do-it fuzz/corpus/read/any_name samples/a.dbc build/b.o
+        tools/view/report/a.css tests/tool/a.html)
     file(WRITE "${WORK}/${good}" "${largest}")
 endforeach()
+string(REPEAT "x" 200000 largest_picture)
+file(WRITE "${WORK}/docs/images/a-picture.png" "${largest_picture}")
 execute_process(COMMAND "${CMAKE_COMMAND}" "-DROOT=${WORK}" -P "${CHECK}"
     RESULT_VARIABLE result ERROR_VARIABLE reported)
 if(NOT result EQUAL 0)
     message(FATAL_ERROR "Refused a sound tree:\n${reported}")
 endif()
 
-foreach(stray default.profraw docs/core fuzz/corpus/read/a.o)
+foreach(stray default.profraw docs/core docs/page.html fuzz/corpus/read/a.o src/picture.png)
     file(WRITE "${WORK}/${stray}" "")
 endforeach()
 file(WRITE "${WORK}/docs/large.txt" "${largest}x")
+file(WRITE "${WORK}/docs/images/large.png" "${largest_picture}x")
 execute_process(COMMAND "${CMAKE_COMMAND}" "-DROOT=${WORK}" -P "${CHECK}"
     RESULT_VARIABLE result ERROR_VARIABLE reported)
 string(REGEX REPLACE "\n+CMake Error.*" "\n" reported "${reported}")
 set(expected "default.profraw:0: a file that nobody wrote, by its name
 docs/core:0: a file that nobody wrote, by its name
+docs/images/large.png:0: a file that nobody wrote, by its size
 docs/large.txt:0: a file that nobody wrote, by its size
+docs/page.html:0: a file that nobody wrote, by its name
 fuzz/corpus/read/a.o:0: a file that nobody wrote, by its name
+src/picture.png:0: a file that nobody wrote, by its name
 ")
 if(result EQUAL 0 OR NOT reported STREQUAL expected)
     message(FATAL_ERROR "Found other faults:\n${reported}")

@@ -6,6 +6,11 @@ include("${CMAKE_CURRENT_LIST_DIR}/source_lines.cmake")
 
 set(most_bytes 65536)
 set(kinds "[.](c|cpp|h|hpp|cs|cmake|py|bash|typed|toml|md|txt|in|json|dict|dbc|abi|[135]|gitkeep|gitattributes|gitignore)$")
+# The parts of the page that the tool writes, and the page that a test expects.
+set(page_parts "^(tools/view/report/[a-z]+[.](mustache|css|js)|tests/tool/[a-z_]+[.]html)$")
+# Pictures of the documents, which may be larger.
+set(pictures "^docs/images/[a-z-]+[.]png$")
+set(most_picture_bytes 200000)
 set(named "(^|/)(LICENSE|[.]editorconfig|[.]clang-format|[.]clang-tidy|[.]ci/run|scripts/[a-z-]+)$")
 # Inputs of the fuzz targets have any name.
 set(inputs "^fuzz/(corpus|regressions)/[a-z]+/[A-Za-z0-9_.]+$")
@@ -29,9 +34,9 @@ foreach(file IN LISTS files)
         continue() # about to be removed
     endif()
     file(SIZE "${ROOT}/${file}" size)
-    if(file MATCHES "${built}" OR NOT file MATCHES "${kinds}|${named}|${inputs}")
+    if(file MATCHES "${built}" OR NOT file MATCHES "${kinds}|${named}|${inputs}|${page_parts}|${pictures}")
         fault("${file}" 0 "a file that nobody wrote, by its name")
-    elseif(size GREATER most_bytes)
+    elseif(size GREATER most_picture_bytes OR (size GREATER most_bytes AND NOT file MATCHES "${pictures}"))
         fault("${file}" 0 "a file that nobody wrote, by its size")
     endif()
 endforeach()

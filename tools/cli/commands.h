@@ -13,6 +13,7 @@ namespace vexil::tool {
 void AddCheck(CLI::App& app, ExitCode& exitCode);
 void AddDiff(CLI::App& app, ExitCode& exitCode);
 void AddExplain(CLI::App& app, ExitCode& exitCode);
+void AddReport(CLI::App& app, ExitCode& exitCode);
 void AddRewrite(CLI::App& app, ExitCode& exitCode);
 void AddShow(CLI::App& app, ExitCode& exitCode);
 void AddJson(CLI::App& app, ExitCode& exitCode);

@@ -1,0 +1,120 @@
+// vexil-dbc report: the sections of all files, then the page.
+// SPDX-License-Identifier: MIT
+#include "commands/report.h"
+
+#include <vexil64.h>
+
+#include <algorithm>
+#include <iostream>
+#include <optional>
+
+#include "account/account.h"
+#include "commands/input_files.h"
+#include "commands/source_input.h"
+#include "file/saved_file.h"
+#include "file/standard_streams.h"
+#include "file/terminal.h"
+#include "view/html_report.h"
+#include "view/progress.h"
+
+namespace vexil::tool {
+namespace {
+
+bool IsNoDbcFile(const Account& account) {
+    const std::vector<Finding>& findings = account.fileFindings;
+    return std::any_of(findings.begin(), findings.end(),
+                       [](const Finding& each) { return each.cause == Cause::NoStatement; });
+}
+
+class Reporter {
+  public:
+    explicit Reporter(const ReportOptions& options) : settings(options) {}
+
+    ExitCode Run() {
+        const std::vector<std::string> files =
+            InputFiles(settings.files, [this](const std::string& path, const std::string& reason) {
+                PrintFileError("read", path, reason);
+                Fail(path, reason);
+            });
+        Progress progress(std::cerr, files.size(), IsTerminal(StandardErrorStream));
+        for (const std::string& file : files) {
+            progress.Show(file);
+            if (const auto failure = AddFile(file, progress)) {
+                return *failure;
+            }
+        }
+        progress.Clear();
+        return hasFile ? std::max(Save(), worst) : worst;
+    }
+
+  private:
+    void Fail(const std::string& path, const std::string& reason) {
+        report.AddFailure(path, reason);
+        worst = ExitCannotRead;
+    }
+
+    // Returns an exit code only after a failure that ends the command.
+    std::optional<ExitCode> AddFile(const std::string& path, Progress& progress) {
+        SourceInput input{path, settings.from, {}};
+        std::optional<ExitCode> failure = LoadSource(input);
+        if (!failure && settings.output != StandardStream &&
+            IsSameFile(settings.output, input.file.file.Value())) {
+            progress.Clear();
+            PrintError("'" + settings.output + "' is one of the files to report");
+            return ExitUsage;
+        }
+        const SourceText source(std::move(input.file.bytes));
+        if (!failure) {
+            // The library keeps the bus type of the last file where a file has none.
+            constexpr DatabaseInfo Nothing{};
+            VexilSetDatabaseInfo(&Nothing, sizeof Nothing);
+            failure = LoadDatabase(input, source.Bytes());
+        }
+        progress.Clear();
+        if (failure) {
+            Fail(path, "the system or the library refused it");
+            worst = std::max(worst, *failure);
+            return failure == ExitUsage ? failure : std::nullopt;
+        }
+        const Snapshot snapshot = TakeSnapshot();
+        const Account account = MakeAccount(source, snapshot);
+        if (IsNoDbcFile(account)) {
+            constexpr std::string_view Reason = "it has no statement, so it is no DBC file";
+            PrintFileError("read", path, Reason);
+            Fail(path, std::string(Reason));
+            return std::nullopt;
+        }
+        report.Add({path, snapshot, account, FindLayoutFaults(account, snapshot)});
+        hasFile = true;
+        return std::nullopt;
+    }
+
+    ExitCode Save() {
+        const std::string page = report.Page();
+        const bool isStream = settings.output == StandardStream;
+        const std::error_code error =
+            isStream ? WriteStandardOutput(page) : SaveFile(settings.output, page);
+        if (!error) {
+            return ExitSuccess;
+        }
+        if (isStream) {
+            PrintError("cannot write standard output: " + error.message());
+        } else {
+            PrintFileError("write", settings.output, error.message());
+        }
+        return ExitCannotWrite;
+    }
+
+    const ReportOptions& settings;
+    HtmlReport report;
+    bool hasFile = false;
+    ExitCode worst = ExitSuccess;
+};
+
+}  // namespace
+
+ExitCode Report(const ReportOptions& options) {
+    return Reporter(options).Run();
+}
+
+}  // namespace vexil::tool
