@@ -13,6 +13,8 @@ endif()
 vexil64_install(${document_component} ${document_dir} README.md CHANGELOG.md SECURITY.md)
 file(GLOB pages "${PROJECT_SOURCE_DIR}/docs/*.md" "${PROJECT_SOURCE_DIR}/docs/*.json")
 vexil64_install(${document_component} ${document_dir}/docs ${pages})
+vexil64_install(${document_component} ${document_dir}/docs/images
+    docs/images/report-dark.png docs/images/report-light.png)
 vexil64_install(${document_component} ${document_dir}/examples
     examples/read_and_write.c examples/decode_frame.c examples/list_signals.cpp)
 vexil64_install(${document_component} ${document_dir}/examples/python examples/python/read_dbc.py)

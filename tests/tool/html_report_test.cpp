@@ -99,7 +99,7 @@ TEST_F(HtmlReportTest, HasASectionForEachFileAndLinksToThem) {
     const std::string page = report.Page();
     EXPECT_EQ(Count(page, "<section "), 3U);
     EXPECT_NE(page.find("<title>3 networks - network report</title>"), std::string::npos);
-    EXPECT_NE(page.find(">3 messages, 1 signals</p>"), std::string::npos);
+    EXPECT_NE(page.find(">3 of 3 messages, 1 of 1 signals</p>"), std::string::npos);
     EXPECT_NE(page.find("<li><a href=\"#file2\">two.dbc</a></li>"), std::string::npos);
     EXPECT_NE(page.find("<h2 id=\"file3\">three.dbc</h2>\n<p class=\"failure\">The file cannot be "
                         "read: no &lt;such&gt; file</p>"),

@@ -68,7 +68,7 @@ function draw(runs, signals, bytes, label) {
     group.append(element('text', {x: x + 5, y: y + 15}, name.length > most ? name.slice(0, most - 1) + '\u2026' : name));
     if (overlap) group.append(element('rect', {class: 'x', x: x + 1.5, y: y + 1.5, width: w - 3, height: Cell.height - 3}));
     if (start >= at && start < at + size) {
-      group.append(element('circle', {class: 's', cx: Cell.left + (8 - start % 8) * Cell.width - 7, cy: y + 18, r: 2}));
+      group.append(element('circle', {class: 's', cx: Cell.left + (8 - start % 8) * Cell.width - 7, cy: y + 4, r: 1.9}));
     }
     svg.append(group);
   }
@@ -173,6 +173,7 @@ addEventListener('DOMContentLoaded', () => {
     const button = document.createElement('button');
     return {body, head, panel, button, name: head.cells[0].textContent, rows: [...panel.querySelector('table').rows]};
   });
+  const signalCount = messages.reduce((sum, message) => sum + message.rows.length, 0);
   const hits = byId('hits');
   const whole = hits.textContent;
 
@@ -209,7 +210,8 @@ addEventListener('DOMContentLoaded', () => {
       unfolded = withSignals.filter(message => !message.isOpen);
       unfolded.forEach(message => setOpen(message, true));
     }
-    hits.textContent = words.length === 0 ? whole : `${messageHits} of ${messages.length} messages, ${signalHits} matching signals`;
+    hits.textContent = words.length === 0 ? whole :
+      `${messageHits} of ${messages.length} messages, ${signalHits} of ${signalCount} signals`;
   };
   let waiting;
   input.addEventListener('input', () => {
