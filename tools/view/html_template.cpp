@@ -11,6 +11,7 @@ namespace {
 
 using Data = kainjow::mustache::data;
 
+// NOLINTNEXTLINE(misc-no-recursion): as deep as the sections of the template
 Data MakeData(const TemplateValues& values) {
     Data object(Data::type::object);
     for (const auto& [name, value] : values.All()) {
@@ -92,9 +93,10 @@ HtmlTemplate& HtmlTemplate::operator=(HtmlTemplate&&) noexcept = default;
 HtmlTemplate::~HtmlTemplate() = default;
 
 std::string HtmlTemplate::Fill(const TemplateValues& values) const {
-    std::string filled;
-    parsed->text.render(MakeData(values), [&filled](const std::string& part) { filled += part; });
-    return filled;
+    const Data data = MakeData(values);
+    kainjow::mustache::context<std::string> context;
+    context.push(&data);
+    return parsed->text.render(context);
 }
 
 }  // namespace vexil::tool

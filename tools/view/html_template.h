@@ -37,6 +37,8 @@ class HtmlTemplate {
   public:
     // Precondition: the text is a valid template; otherwise Fill returns an empty text.
     explicit HtmlTemplate(std::string_view text);
+    HtmlTemplate(const HtmlTemplate&) = delete;
+    HtmlTemplate& operator=(const HtmlTemplate&) = delete;
     HtmlTemplate(HtmlTemplate&& other) noexcept;
     HtmlTemplate& operator=(HtmlTemplate&& other) noexcept;
     ~HtmlTemplate();
