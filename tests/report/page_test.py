@@ -40,6 +40,11 @@ def test_search_shows_matching_messages_and_signals(page):
     rows = [each.text for each in page.panel("Diagnostics").find_elements(By.CSS_SELECTOR, "tbody th")
             if each.is_displayed()]
     assert "BoostPressure m1" in rows and "FuelRate m0" not in rows
+    search(page, "diagnostics page", "1 of 5 messages, 1 of 17 signals")
+    page.run("document.getElementById('unfold').click()")
+    rows = [each.text for each in page.panel("Diagnostics").find_elements(By.CSS_SELECTOR, "tbody th")
+            if each.is_displayed()]
+    assert "Page M" in rows and "FuelRate m0" in rows  # all signals of a message that is a hit itself
     search(page, "0x100", "1 of 5 messages, 0 of 17 signals")
     assert page.shown_messages() == ["EngineStatus"]
     search(page, "Cranking", "1 of 5 messages, 0 of 17 signals")
@@ -92,7 +97,40 @@ def test_layout_has_each_signal_in_its_bits(page):
     places = page.run("""return [...document.querySelectorAll('svg g > rect')].map(rect =>
         [rect.previousSibling.textContent, (rect.y.baseVal.value - 16) / 22,
          7 - (rect.x.baseVal.value - 34) / 64, rect.width.baseVal.value / 64])""")
+    heads = page.run("""return [...document.querySelectorAll('svg > text')].map(
+        text => [text.textContent, text.x.baseVal[0].value, text.y.baseVal[0].value])""")
+    assert heads == ([[str(bit), 34 + (7.5 - bit) * 64, 11] for bit in range(8)] +
+                     [[str(row), 26, 16 + row * 22 + 15] for row in range(3)])
     assert places == [["Little", 0, 7, 4], ["Little", 1, 3, 4], ["Big", 2, 6, 6]]
+
+
+def test_layout_names_more_signals_than_there_are_letters(page):
+    page.open_text("BO_ 1 A: 8 N\n" + "".join(
+        f' SG_ S{index} : {index}|1@1+ (1,0) [0|0] "" R\n' for index in range(64)))
+    page.message("A").click()
+    assert sorted(layout_rows(page, "A"), key=lambda name: int(name[1:])) == [f"S{index}" for index in range(64)]
+    # Neighbours differ in their tints.
+    tints = page.run("return [...document.querySelectorAll('svg g > rect')].map(each => each.className.baseVal)")
+    assert all(one != other for one, other in zip(tints, tints[1:]))
+
+
+def test_layout_shows_where_the_message_ends(page):
+    page.open_text("""BO_ 1 A: 1 N
+ SG_ S : 12|3@1+ (1,0) [0|0] "" R
+BO_ 2 B: 2 N
+""")
+    page.message("A").click()
+    page.message("B").click()
+    assert page.run("return [...document.querySelectorAll('svg line')].map(each => each.y1.baseVal.value)") == [38]
+    # The start bit has a dot, in the middle of its cell but for a margin.
+    dots = page.run("return [...document.querySelectorAll('svg circle')].map(each => [each.cx.baseVal.value, each.cy.baseVal.value])")
+    assert dots == [[34 + 4 * 64 - 7, 42]]
+
+
+def test_browser_search_unfolds_what_it_finds(page):
+    page.open(POWERTRAIN)
+    page.run("arguments[0].dispatchEvent(new Event('beforematch'))", page.panel("WheelSpeeds"))
+    assert page.is_unfolded("WheelSpeeds")
 
 
 def test_layout_exists_for_each_multiplexer_value(page):
@@ -168,6 +206,7 @@ def test_structure_is_there_for_screen_readers(page):
     unnamed = page.run("""return [...document.querySelectorAll('table')].filter(
         table => !table.caption || !table.caption.textContent || !table.tHead).length""")
     assert unnamed == 0
+    assert page.all("th:not([scope])") == []
     assert page.run("return document.documentElement.lang") == "en"
 
 

@@ -4,7 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
 #include <string>
+#include <vector>
 
 #include "tool/experiment.h"
 
@@ -85,6 +88,72 @@ TEST_F(LayoutText, EndAfterTheLongestFrame) {
         "8.504b");
     EXPECT_EQ(Bytes("BO_ 1 A: 0 N\n"), 0U);
     EXPECT_EQ(Runs("BO_ 1 A: 0 N\n"), "");
+}
+
+// The owner of each bit: 0 for none, the number of a signal from 1 on, or -1 for several.
+using Owners = std::vector<int>;
+
+struct PlacedSignal {
+    int start = 0;
+    int length = 0;
+    bool isBigEndian = false;
+};
+
+// Goes from bit to bit, as the format describes it.
+Owners OwnersOf(const std::vector<PlacedSignal>& signals, int bytes) {
+    Owners owners(static_cast<std::size_t>(bytes) * 8);
+    for (std::size_t index = 0; index < signals.size(); ++index) {
+        int bit = signals[index].start;
+        for (int count = 0; count < signals[index].length; ++count) {
+            int& owner = owners.at(static_cast<std::size_t>(bit));
+            owner = owner == 0 ? static_cast<int>(index) + 1 : -1;
+            bit += !signals[index].isBigEndian ? 1 : bit % 8 == 0 ? 15 : -1;
+        }
+    }
+    return owners;
+}
+
+// Reads the runs; there are no more than 26 signals.
+Owners OwnersIn(std::string_view runs) {
+    Owners owners;
+    while (!runs.empty()) {
+        const std::size_t digits = runs.find_first_not_of("0123456789");
+        const int length = std::stoi(std::string(runs.substr(0, digits)));
+        int owner = runs[digits] == '.' ? 0 : runs[digits] - 'a' + 1;
+        runs.remove_prefix(digits + 1);
+        if (runs.starts_with('!')) {
+            owner = -1;
+            runs.remove_prefix(1);
+        }
+        owners.insert(owners.end(), static_cast<std::size_t>(length), owner);
+    }
+    return owners;
+}
+
+TEST_F(LayoutText, AgreeWithAWalkFromBitToBit) {
+    constexpr int Bytes = 64;
+    std::mt19937 random(1);
+    const auto below = [&random](int end) {
+        return static_cast<int>(random() % static_cast<unsigned>(end));
+    };
+    for (int network = 0; network < 200; ++network) {
+        std::vector<PlacedSignal> placed;
+        std::string text = Message(Bytes, "");
+        for (int number = 1 + below(8); number > 0; --number) {
+            PlacedSignal signal;
+            signal.start = below(Bytes * 8);
+            signal.isBigEndian = below(2) == 0;
+            const int bit = signal.start % 8;
+            const int room = signal.isBigEndian ? Bytes * 8 - signal.start / 8 * 8 - (7 - bit)
+                                                : Bytes * 8 - signal.start;
+            signal.length = 1 + below(std::min(64, room));
+            text += Signal("S" + std::to_string(placed.size()),
+                           std::to_string(signal.start) + "|" + std::to_string(signal.length) +
+                               (signal.isBigEndian ? "@0+" : "@1+"));
+            placed.push_back(signal);
+        }
+        EXPECT_EQ(OwnersIn(Runs(text)), OwnersOf(placed, Bytes)) << text;
+    }
 }
 
 }  // namespace

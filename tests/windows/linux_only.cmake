@@ -39,6 +39,7 @@ set(linux_only_tool_tests
     ShowCommandOnLinux.*            # the width of a terminal of Linux, and encodings
     JsonCommandOnLinux.*            # standard streams
     FromJsonCommandOnLinux.*        # likewise, links
+    ReportCommandOnLinux.*          # names of files that Windows does not have, and encodings
     StandardOutput.*                # is closed, or a device that takes nothing
     ToolDocument.*                  # shows what Linux prints, and encodings
     FullFileSystem.*                # is mounted
