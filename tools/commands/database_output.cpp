@@ -1,12 +1,10 @@
-// A private file for the library, then the output.
+// The library writes to a private file, which is then read.
 // SPDX-License-Identifier: MIT
 #include "commands/database_output.h"
 
 #include "commands/source_input.h"
 #include "database/database_file.h"
 #include "file/private_file.h"
-#include "file/saved_file.h"
-#include "file/standard_streams.h"
 
 namespace vexil::tool {
 
@@ -34,20 +32,6 @@ std::optional<ExitCode> WriteText(const DatabaseOutput& names, std::string& text
         return ExitCannotWrite;
     }
     return std::nullopt;
-}
-
-std::optional<ExitCode> SaveText(const std::string& output, const std::string& text) {
-    const bool isStream = output == StandardStream;
-    const std::error_code error = isStream ? WriteStandardOutput(text) : SaveFile(output, text);
-    if (!error) {
-        return std::nullopt;
-    }
-    if (isStream) {
-        PrintError("cannot write standard output: " + error.message());
-    } else {
-        PrintFileError("write", output, error.message());
-    }
-    return ExitCannotWrite;
 }
 
 }  // namespace vexil::tool

@@ -1,4 +1,4 @@
-// The output of a command: the text of the database, and the file that it is saved to.
+// The text of the database, for the commands that save it.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -19,8 +19,5 @@ struct DatabaseOutput {
 // Lets the library write the database to a private place, and fetches the text. After a failure,
 // which it has reported, returns the exit code.
 std::optional<ExitCode> WriteText(const DatabaseOutput& names, std::string& text);
-
-// Saves the text as the output, as a whole or not at all; in the same way.
-std::optional<ExitCode> SaveText(const std::string& output, const std::string& text);
 
 }  // namespace vexil::tool

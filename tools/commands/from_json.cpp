@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "commands/database_output.h"
+#include "commands/saved_output.h"
 #include "commands/source_input.h"
 #include "document/read_network.h"
 #include "file/saved_file.h"
@@ -62,7 +63,7 @@ ExitCode FromJson(const FromJsonOptions& options) {
     if (const auto failure = WriteText({options.input, options.output, options.order}, text)) {
         return *failure;
     }
-    if (const auto failure = SaveText(options.output, text)) {
+    if (const auto failure = SaveOutput(options.output, text)) {
         return *failure;
     }
     (isStream ? std::cerr : std::cout) << DocumentReport(options.input, result);

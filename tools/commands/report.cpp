@@ -10,9 +10,9 @@
 
 #include "account/account.h"
 #include "commands/input_files.h"
+#include "commands/saved_output.h"
 #include "commands/source_input.h"
 #include "file/saved_file.h"
-#include "file/standard_streams.h"
 #include "file/terminal.h"
 #include "view/html_report.h"
 #include "view/progress.h"
@@ -44,7 +44,11 @@ class Reporter {
             }
         }
         progress.Clear();
-        return hasFile ? std::max(Save(), worst) : worst;
+        if (hasFile) {
+            worst =
+                std::max(worst, SaveOutput(settings.output, report.Page()).value_or(ExitSuccess));
+        }
+        return worst;
     }
 
   private:
@@ -87,22 +91,6 @@ class Reporter {
         report.Add({path, snapshot, account, FindLayoutFaults(account, snapshot)});
         hasFile = true;
         return std::nullopt;
-    }
-
-    ExitCode Save() {
-        const std::string page = report.Page();
-        const bool isStream = settings.output == StandardStream;
-        const std::error_code error =
-            isStream ? WriteStandardOutput(page) : SaveFile(settings.output, page);
-        if (!error) {
-            return ExitSuccess;
-        }
-        if (isStream) {
-            PrintError("cannot write standard output: " + error.message());
-        } else {
-            PrintFileError("write", settings.output, error.message());
-        }
-        return ExitCannotWrite;
     }
 
     const ReportOptions& settings;

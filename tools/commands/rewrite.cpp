@@ -7,6 +7,7 @@
 
 #include "account/rewrite_summary.h"
 #include "commands/database_output.h"
+#include "commands/saved_output.h"
 #include "commands/source_input.h"
 #include "file/saved_file.h"
 #include "view/rewrite_report.h"
@@ -51,7 +52,7 @@ ExitCode Rewrite(const RewriteOptions& options) {
     // Windows replaces no file that is open.
     static_cast<void>(input.file.file.Close());
     if (!isHeld && !options.dryRun) {
-        if (const auto failure = SaveText(options.output, text)) {
+        if (const auto failure = SaveOutput(options.output, text)) {
             return *failure;
         }
     }

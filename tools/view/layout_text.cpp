@@ -34,7 +34,7 @@ std::size_t ShownBytes(const Snapshot& snapshot, const MessageFacts& message) {
 }
 
 std::string LayoutText(const Snapshot& snapshot, const MessageFacts& message,
-                      std::optional<std::uint32_t> multiplexValue) {
+                       std::optional<std::uint32_t> multiplexValue) {
     const std::vector<BitCell> cells =
         FrameLayout(snapshot, message, multiplexValue, ShownBytes(snapshot, message));
     std::string runs;

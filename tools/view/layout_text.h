@@ -20,7 +20,7 @@ inline constexpr std::size_t LongestFrame = 64;
 // bits of the first signal, 8 free ones, and 4 on which the second signal overlaps another one.
 //   multiplexValue  as in FrameLayout
 std::string LayoutText(const Snapshot& snapshot, const MessageFacts& message,
-                      std::optional<std::uint32_t> multiplexValue);
+                       std::optional<std::uint32_t> multiplexValue);
 
 // Returns the length in bytes of the frame that LayoutText describes: that of the message, or up to
 // the end of its last signal, but LongestFrame at most.
