@@ -238,6 +238,17 @@ def test_prints_as_a_document(page):
     assert pdf.startswith("JVBER")  # %PDF in base64
 
 
+def test_narrow_screens_need_no_scrolling_aside(page):
+    page.driver.execute_cdp_cmd("Emulation.setDeviceMetricsOverride", {
+        "width": 390, "height": 800, "deviceScaleFactor": 1, "mobile": False})
+    try:
+        page.open(POWERTRAIN, ROOF)
+        page.one("#unfold").click()
+        assert page.run("return [innerWidth, document.documentElement.scrollWidth]") == [390, 390]
+    finally:
+        page.driver.execute_cdp_cmd("Emulation.clearDeviceMetricsOverride", {})
+
+
 BACKGROUND = "return getComputedStyle(document.body).backgroundColor"
 
 
