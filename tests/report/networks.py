@@ -43,7 +43,7 @@ BO_ {number}x {text}: 8 {text}
 CM_ BO_ {number} "{text}";
 CM_ SG_ {number} Plain "{text}";
 VAL_ {number} Plain 0 "{text}" ;
-BA_ "GenMsgSendType" BO_ {number} "{text}";
+BA_ "GenMsgSendType" BO_ {number} {number % 3};
 BA_ "Marrowby_Msg_Name" BO_ {number} "{text}";
 BA_ "{text}" BO_ {number} 1;
 CM_ "{text}";
@@ -52,8 +52,8 @@ VERSION "{text}"
 
 
 def hostile_network():
-    definitions = """BA_DEF_ BO_ "GenMsgSendType" STRING ;
-BA_DEF_DEF_ "GenMsgSendType" "";
+    definitions = """BA_DEF_ BO_ "GenMsgSendType" ENUM "None","<script>window.ran=1</script>","<svg/onload=window.ran=1>";
+BA_DEF_DEF_ "GenMsgSendType" "None";
 BA_DEF_ BO_ "Marrowby_Msg_Name" STRING ;
 BA_DEF_DEF_ "Marrowby_Msg_Name" "";
 """

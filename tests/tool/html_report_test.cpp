@@ -157,6 +157,55 @@ TEST_F(HtmlReportTest, ListsAHundredPlacesOfACause) {
     EXPECT_NE(page.find("<p>and 3 more; vexil-dbc check --all lists them</p>"), std::string::npos);
 }
 
+TEST_F(HtmlReportTest, ListsTwentyPlacesOfAnIgnoredCause) {
+    std::string text = "BO_ 1 A: 8 N\n";
+    for (int number = 0; number < 22; ++number) {
+        text += "CM_ BU_ N" + std::to_string(number) + " \"a node\";\n";
+    }
+    const std::string page = PageOf(text);
+    EXPECT_NE(page.find(">CM_ BU_ N19 "), std::string::npos);
+    EXPECT_EQ(page.find(">CM_ BU_ N20 "), std::string::npos);
+    EXPECT_NE(page.find("<p>and 2 more; vexil-dbc check --all lists them</p>"), std::string::npos);
+}
+
+TEST_F(HtmlReportTest, NamesFiftyOverlapsOfAMessage) {
+    std::string text = "BO_ 1 A: 8 N\n";
+    for (int number = 0; number < 53; ++number) {
+        text += " SG_ S" + std::to_string(number) + " : 0|1@1+ (1,0) [0|0] \"\" R\n";
+    }
+    EXPECT_NE(PageOf(text).find("; S50 overlaps S0; and 2 more<p data-l=1a!63.>"),
+              std::string::npos);
+}
+
+TEST_F(HtmlReportTest, ShowsTypesAndAttributes) {
+    const std::string page = PageOf(
+        "BO_ 1 A: 20 N\n"
+        " SG_ F : 0|32@1- (1,0) [0|0] \"\" R\n"
+        " SG_ D : 39|64@0- (2.5,1) [-1.5|1e9] \"\" R\n"
+        " SG_ I : 96|9@1- (1,0) [0|0] \"\" R\n"
+        "SIG_VALTYPE_ 1 F : 1;\nSIG_VALTYPE_ 1 D : 2;\n"
+        "BA_DEF_ BO_ \"GenMsgSendType\" ENUM \"Cyclic\",\"OnChange\";\n"
+        "BA_DEF_DEF_ \"GenMsgSendType\" \"Cyclic\";\n"
+        "BA_DEF_ SG_ \"GenSigStartValue\" INT 0 9;\nBA_DEF_DEF_ \"GenSigStartValue\" 0;\n"
+        "BA_DEF_ SG_ \"GenSigInactiveValue\" INT 0 9;\nBA_DEF_DEF_ \"GenSigInactiveValue\" 0;\n"
+        "BA_ \"GenMsgSendType\" BO_ 1 1;\n"
+        "BA_ \"GenSigStartValue\" SG_ 1 I 5;\nBA_ \"GenSigInactiveValue\" SG_ 1 I 7;\n"
+        "CM_ SG_ 1 I \"An integer\";\n");
+    EXPECT_NE(page.find("<p>Send type: OnChange<p data-l="), std::string::npos);
+    EXPECT_NE(page.find("<tr><th>F<td>0 f32<td>1<td><td>R"
+                        "<tr><th>D<td>39 f64 BE<td>2.5, 1<td>-1.5..1000000000<td>R"
+                        "<tr><th>I<td>96 s9<td>1<td><td>R"
+                        "<td>Start value 5\nInactive value 7\nAn integer</table>"),
+              std::string::npos)
+        << page.substr(page.find("<table><tr><th>F"), 300);
+}
+
+TEST_F(HtmlReportTest, LeavesOutEmptyCellsAtTheEndOfARow) {
+    EXPECT_NE(PageOf("BO_ 1 A: 8 N\n SG_ S : 0|8@1+ (1,0) [0|0] \"\"\nCM_ SG_ 1 S \"\";\n")
+                  .find("<tr><th>S<td>0 u8<td>1</table>"),
+              std::string::npos);
+}
+
 TEST_F(HtmlReportTest, ShowsALimitedNumberOfLayouts) {
     std::string text = "BO_ 1 A: 2 N\n SG_ Page M : 0|8@1+ (1,0) [0|0] \"\" R\n";
     for (int value = 0; value < 300; ++value) {
