@@ -102,7 +102,7 @@ TEST_F(ReportCommand, FailsWhereThePageCannotBeWritten) {
                        "vexil-dbc: cannot write '" + nowhere + "': No such file or directory\n"}));
 }
 
-// The library keeps the bus type of the file that it has read before.
+// The library itself would keep the bus type of the file that it has read before.
 TEST_F(ReportCommand, ShowsTheBusOfEachFileAlone) {
     const std::string fd = MakeFile("fd.dbc",
                                     "BO_ 1 A: 8 N\nBA_DEF_ \"BusType\" STRING ;\n"

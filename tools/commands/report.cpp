@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "commands/report.h"
 
-#include <vexil64.h>
-
 #include <algorithm>
 #include <iostream>
 #include <optional>
@@ -69,9 +67,6 @@ class Reporter {
         }
         const SourceText source(std::move(input.file.bytes));
         if (!failure) {
-            // The library keeps the bus type of the last file where a file has none.
-            constexpr DatabaseInfo Nothing{};
-            VexilSetDatabaseInfo(&Nothing, sizeof Nothing);
             failure = LoadDatabase(input, source.Bytes());
         }
         progress.Clear();
