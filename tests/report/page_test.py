@@ -122,6 +122,8 @@ BO_ 2 B: 2 N
     page.message("A").click()
     page.message("B").click()
     assert page.run("return [...document.querySelectorAll('svg line')].map(each => each.y1.baseVal.value)") == [38]
+    captions = [each.text for each in page.all("figcaption")]
+    assert ["a line at the end of the message" in each for each in captions] == [True, False]
     # The start bit has a dot, in the middle of its cell but for a margin.
     dots = page.run("return [...document.querySelectorAll('svg circle')].map(each => [each.cx.baseVal.value, each.cy.baseVal.value])")
     assert dots == [[34 + 4 * 64 - 7, 42]]

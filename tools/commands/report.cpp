@@ -52,7 +52,7 @@ class Reporter {
   private:
     void Fail(const std::string& path, const std::string& reason) {
         report.AddFailure(path, reason);
-        worst = ExitCannotRead;
+        worst = std::max(worst, ExitCannotRead);
     }
 
     // Returns an exit code only after a failure that ends the command.

@@ -111,11 +111,13 @@ function drawLayouts(message) {
     const value = place.dataset.m;
     const multiplexer = value === undefined ? '' : ' with the multiplexer value ' + value;
     const label = `Layout of ${message.name}${multiplexer}. Its table of signals has the same start bits and lengths.`;
+    const picture = draw(place.dataset.l, signals, bytes, label);
     const caption = document.createElement('figcaption');
     caption.textContent = `Layout${multiplexer}: bytes downwards, bits across, a dot at each start bit` +
-      (place.dataset.l.includes('!') ? ', dashes around bits of several signals' : '');
+      (picture.querySelector('.x') ? ', dashes around bits of several signals' : '') +
+      (picture.querySelector('.e') ? ', a line at the end of the message' : '');
     const figure = document.createElement('figure');
-    figure.append(caption, draw(place.dataset.l, signals, bytes, label));
+    figure.append(caption, picture);
     place.replaceWith(figure);
   }
 }
