@@ -1,11 +1,11 @@
 // A message of a report.
 // SPDX-License-Identifier: MIT
-#include <fmt/format.h>
 
 #include <algorithm>
 #include <map>
 #include <string>
 
+#include "format/format.h"
 #include "layout/bit_layout.h"
 #include "view/layout_text.h"
 #include "view/report_values.h"
@@ -22,8 +22,8 @@ constexpr std::size_t MostOverlaps = 50;
 constexpr std::uint32_t ExtendedFrame = 0x80000000U;
 
 std::string IdText(std::uint32_t id) {
-    return (id & ExtendedFrame) != 0 ? fmt::format("0x{:08X} ext", id & ~ExtendedFrame)
-                                     : fmt::format("0x{:03X}", id);
+    return (id & ExtendedFrame) != 0 ? Format("0x{:08X} ext", id & ~ExtendedFrame)
+                                     : Format("0x{:03X}", id);
 }
 
 // The text of a record as its author wrote it: records have a backslash before each double quote.
@@ -41,7 +41,7 @@ std::string TypeText(const SignalFacts& signal) {
     const bool isFloat = signal.valueType == ValueFloat32 || signal.valueType == ValueFloat64;
     const char* const kind = isFloat ? "f" : signal.valueType == ValueSigned ? "s" : "u";
     const char* const order = signal.byteOrder == ByteOrderBigEndian ? " BE" : "";
-    return fmt::format("{}{}{}", kind, signal.bitLength, order);
+    return Format("{}{}{}", kind, signal.bitLength, order);
 }
 
 std::string MultiplexText(const SignalFacts& signal) {
@@ -49,22 +49,22 @@ std::string MultiplexText(const SignalFacts& signal) {
         case MultiplexSelector:
             return "M";
         case MultiplexSelected:
-            return fmt::format("m{}", signal.multiplexValue);
+            return Format("m{}", signal.multiplexValue);
         default:
             return "";
     }
 }
 
 std::string ScalingText(const SignalFacts& signal) {
-    return signal.offset == 0 ? fmt::format("{}", signal.factor)
-                              : fmt::format("{}, {}", signal.factor, signal.offset);
+    return signal.offset == 0 ? Format("{}", signal.factor)
+                              : Format("{}, {}", signal.factor, signal.offset);
 }
 
 // Such as "0..100 km/h".
 std::string RangeText(const SignalFacts& signal, std::string_view unit) {
     std::string text;
     if (signal.minimum != 0 || signal.maximum != 0) {
-        text = fmt::format("{}..{}", signal.minimum, signal.maximum);
+        text = Format("{}..{}", signal.minimum, signal.maximum);
     }
     text += text.empty() || unit.empty() ? "" : " ";
     text += unit;
@@ -141,7 +141,7 @@ class MessageReader {
                     Text(database.signals[overlaps[index].other].name);
         }
         if (overlaps.size() > MostOverlaps) {
-            text += fmt::format("; and {} more", overlaps.size() - MostOverlaps);
+            text += Format("; and {} more", overlaps.size() - MostOverlaps);
         }
         values.Set("overlaps", text);
     }
@@ -161,10 +161,10 @@ class MessageReader {
         const std::string range = RangeText(signal, database.Text(signal.unitUtf8));
         std::string notes = longName == name ? "" : longName + "\n";
         if (signal.startValue != 0) {
-            notes += fmt::format("Start value {}\n", signal.startValue);
+            notes += Format("Start value {}\n", signal.startValue);
         }
         if (signal.inactiveValue != 0) {
-            notes += fmt::format("Inactive value {}\n", signal.inactiveValue);
+            notes += Format("Inactive value {}\n", signal.inactiveValue);
         }
         notes += PlainText(database.Text(signal.comment));
         TemplateValues row;
@@ -196,7 +196,7 @@ class MessageReader {
             for (std::uint32_t index = 0; index < signal.descriptionCount; ++index) {
                 const DescriptionFacts& each = Description(signal, index);
                 const std::string_view text = database.Text(each.text);
-                key += fmt::format("{} {} ", each.value, text.size());
+                key += Format("{} {} ", each.value, text.size());
                 key += text;
             }
             std::vector<std::uint32_t>& signals = signalsOfTable[key];

@@ -1,9 +1,9 @@
 // The summary of a network in a report.
 // SPDX-License-Identifier: MIT
-#include <fmt/format.h>
 
 #include <string>
 
+#include "format/format.h"
 #include "view/network_facts.h"
 #include "view/report_values.h"
 
@@ -23,13 +23,13 @@ std::string BusName(const DatabaseInfo& info) {
 }
 
 std::string RateText(double rate) {
-    return rate == 0 ? "" : fmt::format("{:.1f}", rate);
+    return rate == 0 ? "" : Format("{:.1f}", rate);
 }
 
 std::string BitUseText(const BitUse& use) {
     constexpr std::uint64_t Percent = 100;
     return use.bits == 0 ? "none"
-                         : fmt::format("{} % of {} bits", use.used * Percent / use.bits, use.bits);
+                         : Format("{} % of {} bits", use.used * Percent / use.bits, use.bits);
 }
 
 }  // namespace
