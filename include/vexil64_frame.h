@@ -1,35 +1,37 @@
-/* vexil64_frame - the value of a signal in the bytes of a CAN frame, and back.
+/* vexil64_frame - decodes and encodes the values of signals in the bytes of a CAN frame.
  * SPDX-License-Identifier: MIT
  *
- * Header only: a program that includes this file needs no library for it. It compiles as C89 and
- * later and as C++98 and later, in both cases with <stdint.h>. It allocates nothing, keeps no state
- * and may be used by several threads at once.
+ * Header only: a program that includes this file links no library for it. It compiles as C89 and
+ * later and as C++98 and later, in both cases with <stdint.h>. The functions take signal records of
+ * vexil64.h, as VexilGetCanSignalData fills them, and the data bytes of a frame.
  *
- * The functions take the signal records of vexil64.h, as VexilGetCanSignalData fills them, and the
- * data bytes of a frame. Conventions that hold for every function:
+ * Conventions of all functions
  *
- *  1. Result. A function returns FrameOk, which is 0, or the reason of the failure. This differs
- *     from the functions of the library, which return 1 for success. A function that fails changes
+ *  1. Results. A function that can fail returns FrameOk, which is 0, or the reason of the failure.
+ *     The functions of the library differ: they return 1 for success. A function that fails changes
  *     neither its output nor the frame.
- *  2. Frame. size is the number of bytes at data: 8 at most for classic CAN, 64 at most for CAN FD.
- *     The functions have no maximum, since transport protocols carry longer messages. A frame may
- *     be shorter than the dlc of its message; only the bytes of the signal must be there. A frame
- *     of size 0 may be null.
+ *  2. Frame. "size" is the number of bytes at "data": at most 8 in classic CAN, at most 64 in CAN
+ *     FD. The functions have no limit, since transport protocols carry longer messages. A frame may
+ *     be shorter than the dlc of its message, as long as it contains all bits of the signal. "data"
+ *     may be null if "size" is 0.
  *  3. Bits. Bit b of a frame is bit b % 8 of byte b / 8, where bit 0 of a byte is the least
- *     significant one. startBit is the least significant bit of a little-endian signal, whose
- *     further bits have ascending numbers. It is the most significant bit of a big-endian signal,
- *     which continues towards bit 0 of its byte, then with bit 7 of the next byte.
- *  4. Raw value. The bits of a signal as a uint64_t. A ValueSigned signal is extended with its sign
- *     to 64 bits, so that the cast to int64_t gives its number. The raw value of a ValueFloat32 and
- *     ValueFloat64 signal is its IEEE 754 bit pattern.
+ *     significant one. In a little-endian signal, startBit is the least significant bit, and the
+ *     other bits have the next higher numbers. In a big-endian signal, startBit is the most
+ *     significant bit; the signal continues towards bit 0 of its byte, then with bit 7 of the next
+ *     byte.
+ *  4. Raw value. The bits of a signal as a uint64_t. The raw value of a ValueSigned signal is
+ *     sign-extended to 64 bits, so a cast to int64_t gives the number. The raw value of a
+ *     ValueFloat32 or ValueFloat64 signal is the IEEE 754 bit pattern.
  *  5. Physical value. number * factor + offset, calculated as double. The number is the raw value,
- *     or the floating-point number with that bit pattern. Integers of more than 53 bits may be
- *     rounded, since a double has no more digits: use the raw value where each bit counts. The last
- *     bit of the result may depend on the compiler, which is free to fuse the multiplication and
- *     the addition where the processor can. With options such as -ffast-math, under which a
- *     compiler assumes that there are no infinities and NaNs, they are not recognised.
- *  6. Multiplexing. Only VexilCheckPresence looks at the multiplexer. All other functions take the
- *     signal as present.
+ *     or the floating-point number with this bit pattern. A double has 53 significant bits, so the
+ *     physical value of a longer integer may be rounded: use the raw value where each bit counts.
+ *     The last bit of a physical value can differ between compilers and processors, which may fuse
+ *     the multiplication and the addition. Options such as -ffast-math, which assume that there are
+ *     no infinities and NaNs, disable the checks for them.
+ *  6. Multiplexing. Only VexilCheckPresence evaluates the multiplexer. All other functions treat
+ *     every signal as present.
+ *  7. Memory and threads. The functions allocate no memory and have no state, so several threads
+ *     may call them at once. Pointers that are not null must be valid.
  */
 #ifndef VEXIL64_FRAME_H
 #define VEXIL64_FRAME_H
@@ -61,11 +63,11 @@ typedef enum VexilFrameResult {
     FrameOk = 0,
     FrameNullArgument = 1, /* a pointer is null */
     FrameBadLayout = 2,    /* bitLength is not 1 to 64, byteOrder or valueType is not one of the
-                              constants, or a ValueFloat32 is not of 32 bits or a ValueFloat64 not
-                              of 64 bits */
-    FrameTooShort = 3,     /* the signal has bits after the end of the frame */
-    FrameBadScaling = 4,   /* factor or offset is infinite or not a number, or factor is 0 when a
-                              physical value is encoded */
+                              constants, a ValueFloat32 has not 32 bits or a ValueFloat64 has not
+                              64 bits */
+    FrameTooShort = 3,     /* the frame does not contain all bits of the signal */
+    FrameBadScaling = 4,   /* factor or offset is infinite or not a number; when encoding, also a
+                              factor of 0 */
     FrameOutOfRange = 5,   /* encoding: the value does not fit into the bits of the signal;
                               decoding: the physical value does not fit into a double */
     FrameNotPresent = 6,   /* the multiplexer selects other signals */
@@ -75,108 +77,143 @@ typedef enum VexilFrameResult {
 /* -- Physical values -------------------------------------------------------------------------- */
 
 /* Decodes the physical value of a signal in a frame.
- *   signal  the signal.
- *   data    the bytes of the frame.
- *   size    number of bytes at data.
- *   value   receives the physical value. minimum and maximum are not applied.
- * Returns FrameOk, FrameNullArgument, FrameBadLayout, FrameTooShort, FrameBadScaling or
- * FrameOutOfRange. The infinities and NaNs of a floating-point signal are values: FrameOk. */
+ *
+ * Parameters:
+ *   signal      the signal.
+ *   data, size  the frame.
+ *   value       receives the physical value.
+ * Returns:
+ *   FrameOk, FrameNullArgument, FrameBadLayout, FrameTooShort, FrameBadScaling or FrameOutOfRange.
+ * Notes:
+ *   minimum and maximum are not applied. Infinities and NaNs of a floating-point signal are values,
+ *   not failures. */
 VEXIL64_INLINE VexilFrameResult VexilDecodeValue(const CanSignalRecord* signal, const uint8_t* data,
                                                  size_t size, double* value);
 
-/* Encodes a physical value into a frame. No bit outside the signal changes.
- *   signal  the signal.
- *   value   the physical value, rounded to the nearest raw value, and away from zero where two are
- *           equally near. A ValueFloat32 signal takes the nearest float. minimum and maximum are
- *           not applied: see VexilIsWithinLimits.
- *   data    the bytes of the frame.
- *   size    number of bytes at data.
- * Returns FrameOk, FrameNullArgument, FrameBadLayout, FrameTooShort, FrameBadScaling or
- * FrameOutOfRange. An integer signal has no infinities and NaNs: FrameOutOfRange. */
+/* Encodes a physical value into a frame. Bits outside the signal do not change.
+ *
+ * Parameters:
+ *   signal      the signal.
+ *   value       the physical value.
+ *   data, size  the frame.
+ * Returns:
+ *   FrameOk, FrameNullArgument, FrameBadLayout, FrameTooShort, FrameBadScaling or FrameOutOfRange.
+ * Notes:
+ *   The value is rounded to the nearest raw value, and halfway cases away from zero. For a
+ *   ValueFloat32 signal the nearest float is encoded. minimum and maximum are not applied; see
+ *   VexilIsWithinLimits. Infinities and NaNs can be encoded into floating-point signals only; for
+ *   an integer signal the result is FrameOutOfRange. */
 VEXIL64_INLINE VexilFrameResult VexilEncodeValue(const CanSignalRecord* signal, double value,
                                                  uint8_t* data, size_t size);
 
-/* Compares a physical value with minimum and maximum of a signal.
+/* Compares a physical value with the minimum and maximum of a signal.
+ *
+ * Parameters:
  *   signal  the signal; null returns 0.
- *   value   the physical value. It may exceed a limit by what encoding rounds: half of factor for
- *           an integer signal, FLT_EPSILON times the limit for a ValueFloat32, nothing for a
- *           ValueFloat64.
- * Returns 1 if the value is between the limits, or if both are 0, which in a DBC file means that
- * there are none. Returns 0 if it is not, and for a NaN. */
+ *   value   the physical value.
+ * Returns:
+ *   1  The value is within the limits, or both limits are 0, which in a DBC file means that the
+ *      signal has no limits.
+ *   0  The value is outside the limits or a NaN.
+ * Notes:
+ *   A value may exceed a limit by the rounding error of encoding: by half of factor for an integer
+ *   signal, by FLT_EPSILON times the limit for a ValueFloat32, not at all for a ValueFloat64. */
 VEXIL64_INLINE uint8_t VexilIsWithinLimits(const CanSignalRecord* signal, double value);
 
 /* -- Raw values ------------------------------------------------------------------------------- */
 
 /* Decodes the raw value of a signal in a frame.
- *   signal  the signal; factor and offset are not used.
- *   data    the bytes of the frame.
- *   size    number of bytes at data.
- *   raw     receives the raw value.
- * Returns FrameOk, FrameNullArgument, FrameBadLayout or FrameTooShort. */
+ *
+ * Parameters:
+ *   signal      the signal; factor and offset are not used.
+ *   data, size  the frame.
+ *   raw         receives the raw value.
+ * Returns:
+ *   FrameOk, FrameNullArgument, FrameBadLayout or FrameTooShort. */
 VEXIL64_INLINE VexilFrameResult VexilDecodeRaw(const CanSignalRecord* signal, const uint8_t* data,
                                                size_t size, uint64_t* raw);
 
-/* Encodes a raw value into a frame. No bit outside the signal changes.
- *   signal  the signal; factor and offset are not used.
- *   raw     the raw value; that of a ValueSigned signal is extended with its sign to 64 bits.
- *   data    the bytes of the frame.
- *   size    number of bytes at data.
- * Returns FrameOk, FrameNullArgument, FrameBadLayout, FrameTooShort or FrameOutOfRange. */
+/* Encodes a raw value into a frame. Bits outside the signal do not change.
+ *
+ * Parameters:
+ *   signal      the signal; factor and offset are not used.
+ *   raw         the raw value; sign-extended to 64 bits for a ValueSigned signal.
+ *   data, size  the frame.
+ * Returns:
+ *   FrameOk, FrameNullArgument, FrameBadLayout, FrameTooShort or FrameOutOfRange. */
 VEXIL64_INLINE VexilFrameResult VexilEncodeRaw(const CanSignalRecord* signal, uint64_t raw,
                                                uint8_t* data, size_t size);
 
-/* Converts a raw value into a physical value. The position of the signal is not used.
- *   signal  the signal.
- *   raw     the raw value, as VexilDecodeRaw returns it. It is not checked that it fits the signal.
+/* Converts a raw value into a physical value.
+ *
+ * Parameters:
+ *   signal  the signal; startBit is not used.
+ *   raw     the raw value, as VexilDecodeRaw returns it; not checked against bitLength.
  *   value   receives the physical value.
- * Returns FrameOk, FrameNullArgument, FrameBadLayout, FrameBadScaling or FrameOutOfRange. */
+ * Returns:
+ *   FrameOk, FrameNullArgument, FrameBadLayout, FrameBadScaling or FrameOutOfRange. */
 VEXIL64_INLINE VexilFrameResult VexilRawToValue(const CanSignalRecord* signal, uint64_t raw,
                                                 double* value);
 
-/* Converts a physical value into a raw value, rounded as by VexilEncodeValue. The position of the
- * signal is not used.
- *   signal  the signal.
+/* Converts a physical value into a raw value, with the rounding of VexilEncodeValue.
+ *
+ * Parameters:
+ *   signal  the signal; startBit is not used.
  *   value   the physical value.
- *   raw     receives the raw value, as VexilEncodeRaw takes it.
- * Returns FrameOk, FrameNullArgument, FrameBadLayout, FrameBadScaling or FrameOutOfRange. */
+ *   raw     receives the raw value, in the form that VexilEncodeRaw takes.
+ * Returns:
+ *   FrameOk, FrameNullArgument, FrameBadLayout, FrameBadScaling or FrameOutOfRange. */
 VEXIL64_INLINE VexilFrameResult VexilValueToRaw(const CanSignalRecord* signal, double value,
                                                 uint64_t* raw);
 
 /* -- Multiplexing ----------------------------------------------------------------------------- */
 
-/* Returns the first multiplexer of a list of signals, or null if there is none or signals is null.
- *   signals  all signals of a message.
- *   count    number of signals. */
+/* Returns the first multiplexer in an array of signals.
+ *
+ * Parameters:
+ *   signals  all signals of a message; may be null.
+ *   count    number of signals.
+ * Returns:
+ *   A pointer into the array, or null if it contains no MultiplexSelector. */
 VEXIL64_INLINE const CanSignalRecord* VexilFindSelector(const CanSignalRecord* signals,
                                                         size_t count);
 
 /* Checks whether a signal is present in a frame.
- *   signal    the signal. Unless it is MultiplexSelected it is always present, and no other
- *             argument is used.
- *   selector  the multiplexer of the same message. Its bits, taken as an unsigned number, are
- *             compared with the multiplexValue of the signal.
- *   data      the bytes of the frame.
- *   size      number of bytes at data.
- * Returns FrameOk if the signal is present and FrameNotPresent if it is not. Returns
- * FrameNoSelector if selector is null or not a MultiplexSelector, FrameNullArgument if signal or
- * data is null, FrameBadLayout or FrameTooShort if the multiplexer cannot be decoded. A multiplexer
- * that is a floating-point number is a FrameBadLayout. Whether all bits of the signal are in the
- * frame is not checked. */
+ *
+ * Parameters:
+ *   signal      the signal. A signal that is not MultiplexSelected is always present; the other
+ *               arguments are not used then.
+ *   selector    the multiplexer of the same message, from VexilFindSelector; may be null.
+ *   data, size  the frame.
+ * Returns:
+ *   FrameOk            The signal is present.
+ *   FrameNotPresent    The signal is not present.
+ *   FrameNoSelector    selector is null or not a MultiplexSelector.
+ *   FrameNullArgument  signal or data is null.
+ *   FrameBadLayout     The multiplexer cannot be decoded, or it is a floating-point signal.
+ *   FrameTooShort      The frame does not contain all bits of the multiplexer.
+ * Notes:
+ *   The bits of the multiplexer, as an unsigned number, are compared with the multiplexValue of the
+ *   signal. Whether the frame contains the bits of the signal is not checked. */
 VEXIL64_INLINE VexilFrameResult VexilCheckPresence(const CanSignalRecord* signal,
                                                    const CanSignalRecord* selector,
                                                    const uint8_t* data, size_t size);
 
 /* -- Results ---------------------------------------------------------------------------------- */
 
-/* Returns a result in words, in English and without a full stop; never null.
- *   result  a result; "unknown result" for any other number. */
+/* Returns the description of a result.
+ *
+ * Parameters:
+ *   result  a result.
+ * Returns:
+ *   A phrase in English without a full stop, "unknown result" for other numbers; never null. */
 VEXIL64_INLINE const char* VexilFrameResultText(VexilFrameResult result);
 
 /* -- Implementation --------------------------------------------------------------------------- */
 
 /* C has no auto. NOLINTBEGIN(modernize-use-auto) */
 
-/* A mask of the lowest bits, 1 to 64 of them. */
+/* Returns a mask of the lowest bits. Precondition: 1 to 64 bits. */
 VEXIL64_INLINE uint64_t VexilFrameMask(uint32_t bits) {
     return ~VEXIL64_CAST(uint64_t, 0) >> (64 - bits);
 }
@@ -204,8 +241,8 @@ VEXIL64_INLINE VexilFrameResult VexilFrameCheckLayout(const CanSignalRecord* sig
 
 VEXIL64_INLINE VexilFrameResult VexilFrameCheckBounds(const CanSignalRecord* signal,
                                                       const uint8_t* data, size_t size) {
-    /* The number of bits in the frame before the signal: big-endian signals begin at the most
-     * significant bit of a byte. */
+    /* Number of bits of the frame before the signal. A big-endian signal counts the bits of a byte
+     * from the most significant one. */
     const uint32_t before =
         signal->byteOrder == ByteOrderLittleEndian ? signal->startBit : signal->startBit ^ 7U;
     if (VEXIL64_CAST(uint64_t, before) + signal->bitLength > VEXIL64_CAST(uint64_t, size) * 8) {
@@ -214,8 +251,8 @@ VEXIL64_INLINE VexilFrameResult VexilFrameCheckBounds(const CanSignalRecord* sig
     return data ? FrameOk : FrameNullArgument;
 }
 
-/* The least significant bit of a signal, as a number of the frame. Both directions of a loop over
- * the bytes of a signal begin there: upwards for little-endian signals, downwards for big-endian
+/* Returns the number of the least significant bit of a signal. The loops over the bytes of a signal
+ * start there: towards higher bytes for little-endian signals, towards lower bytes for big-endian
  * ones. */
 VEXIL64_INLINE uint64_t VexilFrameLowestBit(const CanSignalRecord* signal) {
     const uint64_t start = signal->startBit;
@@ -259,9 +296,8 @@ VEXIL64_INLINE uint64_t VexilFrameExtendSign(const CanSignalRecord* signal, uint
     return signal->valueType == ValueSigned ? (bits ^ sign) - sign : bits;
 }
 
-/* Rounds to the nearest integer, and away from zero from the middle between two. From 2^52 on,
- * every double is an integer. Calls nothing of <math.h>, which some systems have in a library of
- * its own. */
+/* Rounds to the nearest integer, and halfway cases away from zero. From 2^52 on, every double is an
+ * integer. Calls no function of <math.h>, for which some systems need a further library. */
 VEXIL64_INLINE double VexilFrameRound(double number) {
     double integer;
     if (!(number > -4503599627370496.0 && number < 4503599627370496.0)) {
@@ -407,7 +443,7 @@ VEXIL64_INLINE double VexilFrameMagnitude(double number) {
     return number < 0 ? -number : number;
 }
 
-/* By how much encoding may move a value beyond a limit. */
+/* Returns how far rounding can move an encoded value beyond a limit. */
 VEXIL64_INLINE double VexilFrameSlack(const CanSignalRecord* signal, double limit) {
     if (signal->valueType == ValueFloat64) {
         return 0;
