@@ -1,22 +1,26 @@
-// vexil64 for C++17 and later - reads, walks, extends and writes DBC files with exceptions, ranges
-// and std::string_view. Header only, around the functions of vexil64.h; link the same library.
+// vexil64 for C++17 and later - reads and writes DBC files with ranges, exceptions and
+// std::string_view. A header-only layer on the functions of vexil64.h; link the same library.
 // SPDX-License-Identifier: MIT
 //
-//  1. One database. This header has no state of its own: every function works on the one
-//     process-wide database of the library, so there are no objects for networks. Calls must not
-//     overlap.
-//  2. Items. A Message, Signal, Description or StatementError holds a copy of its record and stays
-//     as it is whatever is called later. Its position is valid until the next read or clear.
-//  3. Ranges. messages(), errors(), Message::signals() and Signal::descriptions() fetch an item for
-//     each step of an iterator. A reference to an item is valid until the iterator is incremented:
-//     copy the item to keep it. Ranges are input ranges, in C++20 also views.
-//  4. Text. Every text is UTF-8. A std::string_view points into the item that returned it, which is
-//     why a temporary item returns none. A text argument must not be null, and must not contain a
-//     NUL.
-//  5. Errors. A failed read or write throws Error with the result code. try_read and try_write
-//     return it instead. A bad argument throws std::invalid_argument before the library is called.
-//     A position that is not in the database throws std::out_of_range. Decoding and encoding throw
-//     FrameError. Out of memory is std::bad_alloc.
+// Conventions
+//
+//  1. One database. This header has no state. Every function works on the one database that the
+//     library has for the process, so there is no class for a network. Calls must not overlap.
+//  2. Items. A Message, Signal, Description or StatementError holds a copy of its record, which
+//     later calls do not change. It also holds its indexes, which are valid until the next read or
+//     clear.
+//  3. Ranges. messages(), errors(), Message::signals() and Signal::descriptions() return input
+//     ranges, in C++20 also views. An iterator fetches one item at a time, and a reference to the
+//     item is valid until the iterator is incremented. Copy an item to keep it.
+//  4. Text. UTF-8 throughout. A returned std::string_view points into the item, so the functions
+//     that return one do not compile on a temporary item. Text arguments must not contain a NUL.
+//  5. Errors. Failures are exceptions:
+//     - Error: a file could not be read or written. try_read and try_write return a Result instead.
+//     - FrameError: a value could not be decoded or encoded.
+//     - std::invalid_argument: an argument is refused before the library is called.
+//     - std::out_of_range: an index is not in the database.
+//     - std::length_error: a message cannot take another signal.
+//     - std::bad_alloc: out of memory. See convention 10 of vexil64.h.
 #ifndef VEXIL64_HPP
 #define VEXIL64_HPP
 
@@ -39,7 +43,8 @@
 #include "vexil64.h"
 #include "vexil64_frame.h"
 
-// The names are in the style of the standard library, whose loops and algorithms use some of them.
+// Names have the style of the standard library, because range-based for loops and algorithms need
+// some of them, such as begin and value_type.
 // NOLINTBEGIN(readability-identifier-naming)
 namespace vexil64 {
 
@@ -69,20 +74,20 @@ class FrameError : public std::runtime_error {
     VexilFrameResult m_result;
 };
 
-// How a read or write went: true for success.
+// The outcome of a read or write; converts to true for success.
 struct Result {
     bool success;
-    std::uint32_t code;  // a State constant
+    std::uint32_t code;  // the result code, a State constant
 
     explicit operator bool() const noexcept { return success; }
 };
 
 // -- Text arguments --
 
-// A text argument that is not null. Throws std::invalid_argument for a null pointer.
+// A text argument. The constructor throws std::invalid_argument for a null pointer.
 class Text {
   public:
-    // Implicit, so that functions with a Text take each kind of text.
+    // Implicit, so that a function with a Text parameter takes any of these types.
     Text(const char* text) : m_view(text ? text : throw std::invalid_argument("a text is null")) {}
     Text(const std::string& text) : m_view(text) {}
     Text(std::string_view text) : m_view(text) {}
@@ -96,7 +101,8 @@ class Text {
 
 namespace detail {
 
-// The number of bytes of the UTF-8 character at the front of a text, 0 if there is no valid one.
+// Returns the number of bytes of the first UTF-8 character of a text, or 0 if it is not valid.
+// Precondition: the text is not empty.
 inline std::size_t character_size(std::string_view text) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
     const unsigned lead = byte(0);
@@ -107,7 +113,7 @@ inline std::size_t character_size(std::string_view text) {
     if (lead < 0xC2 || lead > 0xF4 || text.size() < size) {
         return 0;
     }
-    // Overlong forms, surrogates and numbers from 0x110000 on are recognised by the second byte.
+    // The second byte shows overlong forms, surrogates and code points above 0x10FFFF.
     const unsigned lowest = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
     const unsigned highest = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
     if (byte(1) < lowest || byte(1) > highest) {
@@ -132,7 +138,8 @@ inline bool is_utf8(std::string_view text) {
     return true;
 }
 
-// Stores a text in an array of a record. Throws std::invalid_argument with the name of the field.
+// Copies a text into an array of a record and fills the rest with zeros. Throws
+// std::invalid_argument, with the name of the field, for a text that is too long or not valid.
 template <std::size_t Size>
 void store(char (&array)[Size], const char* field, Text text) {
     const std::string_view view = text.view();
@@ -152,7 +159,7 @@ void store(char (&array)[Size], const char* field, Text text) {
     view.copy(array, Size);
 }
 
-// The text in an array of a record, up to its NUL.
+// Returns the text in an array of a record, up to its NUL.
 template <std::size_t Size>
 std::string_view load(const char (&array)[Size]) {
     const char* const end = std::find(std::begin(array), std::end(array), '\0');
@@ -163,7 +170,7 @@ std::string_view load(const char (&array)[Size]) {
 template <typename Call>
 Result call_with_path(Text path, const Call& call) {
     const std::string buffer(path.view());
-    // The size counts the NUL. All longer paths have the same result.
+    // The size counts the NUL. Every size above the maximum gives the same result code.
     const std::size_t size = std::min<std::size_t>(buffer.size() + 1, MaxPathBufferSize + 1);
     Result result = {false, StatePathInvalid};
     if (buffer.find('\0') == std::string::npos) {
@@ -199,10 +206,10 @@ inline const char* reason(std::uint32_t code) {
 
 // -- Ranges --
 
-// The items of one owner, such as the signals of a message. Item provides
-//   Owner                  the position of the owner
-//   fetch(owner, index)    the item, or nothing where the index is too large
-//   count(owner)           the number of items, 0 where the owner is not in the database
+// The items of one owner, such as the signals of a message. A type Item has these members:
+//   Owner                the indexes of the owner in the database
+//   fetch(owner, index)  returns an item, or nothing for an out-of-range index
+//   count(owner)         returns the number of items, 0 if the owner is not in the database
 template <typename Item>
 class Range {
   public:
@@ -230,7 +237,7 @@ class Range {
             ++*this;
             return before;
         }
-        // Two iterators of one range are equal at the same item, and at the end.
+        // Precondition: both iterators belong to the same range.
         friend bool operator==(const iterator& a, const iterator& b) {
             return a.m_item.has_value() == b.m_item.has_value() &&
                    (!a.m_item || a.m_index == b.m_index);
@@ -252,7 +259,7 @@ class Range {
     std::size_t size() const { return Item::count(m_owner); }
     bool empty() const { return size() == 0; }
 
-    // Returns a copy of one item. Throws std::out_of_range where the index is too large.
+    // Returns a copy of one item. Throws std::out_of_range for an out-of-range index.
     Item at(std::uint32_t index) const {
         std::optional<Item> item = Item::fetch(m_owner, index);
         if (!item) {
@@ -320,14 +327,15 @@ class Signal {
         return count;
     }
 
-    // Where the signal is: indexes for the functions of vexil64.h.
+    // The indexes of the signal, for the functions of vexil64.h.
     std::uint32_t message_index() const { return m_position.message; }
     std::uint32_t index() const { return m_position.signal; }
 
     const CanSignalRecord& record() const& { return m_record; }
     const CanSignalRecord& record() const&& = delete;
 
-    // Texts. The unit is the one in UTF-8. The comment has a backslash before each double quote.
+    // The texts of CanSignalRecord. unit() is unitUtf8; record().unit is the unit in ASCII. The
+    // comment has a backslash before each double quote.
     std::string_view name() const& { return detail::load(m_record.name); }
     std::string_view name() const&& = delete;
     std::string_view long_name() const& { return detail::load(m_record.longName); }
@@ -339,7 +347,7 @@ class Signal {
     std::string_view comment() const& { return detail::load(m_record.comment); }
     std::string_view comment() const&& = delete;
 
-    // Numbers, as described at CanSignalRecord.
+    // The numbers of CanSignalRecord.
     std::uint32_t multiplex_type() const { return m_record.multiplexType; }
     std::uint32_t multiplex_value() const { return m_record.multiplexValue; }
     std::uint32_t start_bit() const { return m_record.startBit; }
@@ -375,13 +383,13 @@ class Message {
     }
     static std::size_t count(Owner /*database*/) { return VexilGetNumCanMessages(); }
 
-    // The index for the functions of vexil64.h.
+    // The index of the message, for the functions of vexil64.h.
     std::uint32_t index() const { return m_index; }
 
     const CanMessageRecord& record() const& { return m_record; }
     const CanMessageRecord& record() const&& = delete;
 
-    // Texts. The comment has a backslash before each double quote.
+    // The texts of CanMessageRecord. The comment has a backslash before each double quote.
     std::string_view name() const& { return detail::load(m_record.name); }
     std::string_view name() const&& = delete;
     std::string_view long_name() const& { return detail::load(m_record.longName); }
@@ -393,16 +401,17 @@ class Message {
     std::string_view send_type() const& { return detail::load(m_record.sendType); }
     std::string_view send_type() const&& = delete;
 
-    // The id as the file has it: bit 31 marks an extended frame. frame_id() has no such bit.
+    // id() is the id of the record, in which bit 31 is set for extended ids. frame_id() is the id
+    // without this bit.
     std::uint32_t id() const { return m_record.id; }
     std::uint32_t frame_id() const { return m_record.id & 0x7FFFFFFFU; }
     bool is_extended() const { return m_record.id >> 31U != 0; }
-    std::uint32_t dlc() const { return m_record.dlc; }              // size in bytes
-    std::int32_t cycle_time() const { return m_record.cycleTime; }  // milliseconds
+    std::uint32_t dlc() const { return m_record.dlc; }  // payload size in bytes
+    std::int32_t cycle_time() const { return m_record.cycleTime; }
 
     Range<Signal> signals() const { return Range<Signal>(Signal::Owner{m_index}); }
 
-    // Returns the multiplexer, if there is one.
+    // Returns the first multiplexer of the message, if there is one.
     std::optional<Signal> selector() const {
         for (const Signal& signal : signals()) {
             if (signal.multiplex_type() == MultiplexSelector) {
@@ -417,7 +426,7 @@ class Message {
     std::uint32_t m_index = 0;
 };
 
-// A statement that the last read refused.
+// A BO_ or SG_ statement that the last read refused. See ParseError for line and text.
 class StatementError {
   public:
     struct Owner {};
@@ -438,7 +447,7 @@ class StatementError {
     std::uint32_t line() const { return m_record.line; }
     std::string_view text() const& { return detail::load(m_record.text); }
     std::string_view text() const&& = delete;
-    // The text up to the end of its first line.
+    // The first line of text(), without its line end.
     std::string_view first_line() const& { return text().substr(0, text().find_first_of("\r\n")); }
     std::string_view first_line() const&& = delete;
 
@@ -458,7 +467,7 @@ inline Range<StatementError> errors() {
     return {};
 }
 
-// Returns the first message with an id, if there is one. The time grows with the number of
+// Returns the first message with an id, if there is one. Takes linear time in the number of
 // messages.
 inline std::optional<Message> find_message(std::uint32_t id) {
     for (const Message& message : messages()) {
@@ -469,7 +478,7 @@ inline std::optional<Message> find_message(std::uint32_t id) {
     return std::nullopt;
 }
 
-// Returns the first signal of a message with a name, if there is one.
+// Returns the first signal of a message whose name() is the argument, if there is one.
 inline std::optional<Signal> find_signal(const Message& message, Text name) {
     for (const Signal& signal : message.signals()) {
         if (signal.name() == name.view()) {
@@ -479,12 +488,15 @@ inline std::optional<Signal> find_signal(const Message& message, Text name) {
     return std::nullopt;
 }
 
-// Empties the database. DatabaseInfo::busType stays as it is.
+// Removes all messages and parse errors. DatabaseInfo::busType keeps its value.
 inline void clear() {
     VexilClearData();
 }
 
-// Reads a file into the database, which is emptied first.
+// Clears the database and reads a file into it.
+//
+// Returns:
+//   The outcome. A path that contains a NUL gives StatePathInvalid.
 inline Result try_read(Text path) {
     clear();
     return detail::call_with_path(path, [](const char* buffer, auto size, auto* code) {
@@ -492,9 +504,13 @@ inline Result try_read(Text path) {
     });
 }
 
-// Reads a file into the database, which is emptied first. Returns the statements that were refused.
-// Throws Error where the file cannot be read; the database then holds what was read until the
-// failure.
+// Clears the database and reads a file into it.
+//
+// Returns:
+//   The statements that were refused.
+// Throws:
+//   Error  The file could not be opened or read. With StateStreamError, the database has what was
+//          read before the failure; with any other code it is empty.
 inline Range<StatementError> read(Text path) {
     if (const Result result = try_read(path); !result) {
         detail::fail("read", path, result.code);
@@ -503,31 +519,40 @@ inline Range<StatementError> read(Text path) {
 }
 
 // Writes the database to a file.
-//   order  an Order constant.
-// Fails with StateClosed where there is no message; no file is touched then.
+//
+// Parameters:
+//   path   the path of the file, which is emptied as soon as it is opened.
+//   order  order of the messages: an Order constant.
+// Returns:
+//   The outcome. If the database has no message, the write fails with StateClosed and no file is
+//   touched.
+// Notes:
+//   Signals of one message that share a name are renamed, see VexilWriteDbcFile.
 inline Result try_write(Text path, std::uint32_t order = OrderAsStored) {
     Result result =
         detail::call_with_path(path, [order](const char* buffer, auto size, auto* code) {
             return VexilWriteDbcFile(buffer, size, order, code);
         });
-    // A failure of the last line is a success of the call with another code.
+    // If only the last line could not be written, the call succeeds with StateStreamError.
     result.success = result.success && result.code == StateClosed;
     return result;
 }
 
-// Writes the database to a file. Throws Error where try_write fails.
+// Writes the database to a file, as try_write does. Throws Error if the write fails.
 inline void write(Text path, std::uint32_t order = OrderAsStored) {
     if (const Result result = try_write(path, order); !result) {
         detail::fail("write", path, result.code);
     }
 }
 
-// Return and set protocol and bus type.
+// Returns the protocol and the bus type.
 inline DatabaseInfo info() {
     DatabaseInfo info = {};
     VexilGetDatabaseInfo(&info, sizeof info);
     return info;
 }
+
+// Sets the protocol and the bus type. The values are not checked.
 inline void set_info(const DatabaseInfo& info) {
     VexilSetDatabaseInfo(&info, sizeof info);
 }
@@ -539,8 +564,8 @@ inline float version() {
 
 // -- Appending --
 
-// A message to append. Each text throws std::invalid_argument where it is too long for its record,
-// not valid UTF-8 or has a NUL.
+// A message to append. Functions that take a text throw std::invalid_argument if the text is too
+// long for its field, is not valid UTF-8 or contains a NUL.
 class NewMessage {
   public:
     NewMessage(std::uint32_t id, Text longName) {
@@ -565,8 +590,8 @@ class NewMessage {
     CanMessageRecord m_record = {};
 };
 
-// A signal to append. By default it is one unsigned bit at bit 0, with the factor 1.
-// Texts throw as those of NewMessage do.
+// A signal to append. By default it is a little-endian unsigned signal of one bit at bit 0, with
+// factor 1 and offset 0. Functions that take a text throw as those of NewMessage do.
 class NewSignal {
   public:
     explicit NewSignal(Text longName) {
@@ -601,7 +626,7 @@ class NewSignal {
         m_record.multiplexType = MultiplexSelector;
         return *this;
     }
-    // Makes the signal present where the multiplexer has a value.
+    // Makes the signal present in frames in which the multiplexer has this value.
     NewSignal& multiplexed(std::uint32_t value) {
         m_record.multiplexType = MultiplexSelected;
         m_record.multiplexValue = value;
@@ -611,7 +636,7 @@ class NewSignal {
         detail::store(m_record.unit, "unit", text);
         return *this;
     }
-    // Takes the names of nodes with commas between them.
+    // Takes the names of the receiving nodes, separated by commas.
     NewSignal& receivers(Text nodes) {
         detail::store(m_record.receiverList, "receivers", nodes);
         return *this;
@@ -641,17 +666,19 @@ class NewSignal {
     CanSignalRecord m_record = {};
 };
 
-// Appends a message without signals at the end of the database and returns it.
+// Adds a message without signals at the end of the database and returns it.
 inline Message append(const NewMessage& message) {
     const auto index = static_cast<std::uint32_t>(VexilGetNumCanMessages());
     VexilAppendCanMessage(&message.record());
     return messages().at(index);
 }
 
-// Appends a signal at the end of a message and returns it. Throws
-//   std::invalid_argument  where a floating-point number has not its length
-//   std::out_of_range      where the message is not in the database
-//   std::length_error      where the message has MaxSignalsPerMessage signals already
+// Adds a signal at the end of a message and returns it.
+//
+// Throws:
+//   std::invalid_argument  A ValueFloat32 signal has not 32 bits or a ValueFloat64 not 64 bits.
+//   std::out_of_range      The message is not in the database.
+//   std::length_error      The message already has MaxSignalsPerMessage signals.
 inline Signal append(const Message& message, const NewSignal& signal) {
     const CanSignalRecord& record = signal.record();
     if ((record.valueType == ValueFloat32 && record.bitLength != 32) ||
@@ -669,9 +696,12 @@ inline Signal append(const Message& message, const NewSignal& signal) {
     return message.signals().at(static_cast<std::uint32_t>(count));
 }
 
-// Appends a value description to a signal. A value that is described already gets the new text
-// after its old one. Throws std::invalid_argument for a bad text, std::out_of_range where the
-// signal is not in the database.
+// Adds a value description to a signal. If the value already has a description, the text is added
+// to it after " - ".
+//
+// Throws:
+//   std::invalid_argument  The text is too long, is not valid UTF-8 or contains a NUL.
+//   std::out_of_range      The signal is not in the database.
 inline void append(const Signal& signal, std::int32_t value, Text text) {
     CanEnumRecord record = {};
     record.value = value;
@@ -694,8 +724,11 @@ inline void check(VexilFrameResult result, const Signal& signal) {
 
 }  // namespace detail
 
-// Returns the physical value of a signal in a frame. A frame is anything that std::data and
-// std::size take, with elements of std::uint8_t. Multiplexing is not looked at: see is_present.
+// A Frame is any type with elements of std::uint8_t that std::data and std::size take, such as
+// std::vector, std::array and C arrays. vexil64_frame.h has the rules of values.
+
+// Returns the physical value of a signal in a frame. Throws FrameError. Treats every signal as
+// present: see is_present.
 template <typename Frame>
 double decode(const Signal& signal, const Frame& frame) {
     double value = 0;
@@ -704,15 +737,19 @@ double decode(const Signal& signal, const Frame& frame) {
     return value;
 }
 
-// Puts a physical value, rounded to the nearest raw value, into a frame.
+// Encodes a physical value, rounded to the nearest raw value, into a frame. Throws FrameError; the
+// frame is unchanged then.
 template <typename Frame>
 void encode(const Signal& signal, double value, Frame& frame) {
     detail::check(VexilEncodeValue(&signal.record(), value, std::data(frame), std::size(frame)),
                   signal);
 }
 
-// Returns whether a signal is present in a frame.
-//   selector  Message::selector() of its message
+// Returns whether a signal is present in a frame. Throws FrameError if the multiplexer is missing
+// or cannot be decoded.
+//
+// Parameters:
+//   selector  the multiplexer of the same message, from Message::selector().
 template <typename Frame>
 bool is_present(const Signal& signal, const std::optional<Signal>& selector, const Frame& frame) {
     const VexilFrameResult result =
@@ -728,7 +765,7 @@ bool is_present(const Signal& signal, const std::optional<Signal>& selector, con
 // NOLINTEND(readability-identifier-naming)
 
 #ifdef __cpp_lib_ranges
-// A range is as cheap to copy as the position that it holds.
+// A range holds only the indexes of its owner, and its iterators do not refer to it.
 template <typename Item>
 inline constexpr bool std::ranges::enable_view<vexil64::Range<Item>> = true;
 template <typename Item>
