@@ -1,4 +1,4 @@
-"""Names the wheel: any Python 3, and the platform of the library in it."""
+"""Tags the wheel for every Python 3 and for the platform of the library in it."""
 # SPDX-License-Identifier: MIT
 import os
 
@@ -7,7 +7,7 @@ from wheel.bdist_wheel import bdist_wheel
 
 
 class BinaryDistribution(Distribution):
-    """Nothing is compiled here, but the library belongs to the modules of a platform."""
+    """Makes the wheel platform-specific, because it contains the library."""
 
     def has_ext_modules(self):
         return True
@@ -15,7 +15,7 @@ class BinaryDistribution(Distribution):
 
 class PlatformWheel(bdist_wheel):
     def get_tag(self):
-        # There is no wheel without a library, so there is no default.
+        # No default: every wheel contains a library.
         return "py3", "none", os.environ["VEXIL64_WHEEL_PLATFORM"]
 
 

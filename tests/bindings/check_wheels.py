@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Installs the wheels of a folder with pip, without a network, and uses those of this platform.
+"""Checks the files of each wheel in a folder, and installs it with pip without network access.
 
     check_wheels.py FOLDER SAMPLE
 
-Checks the files of each wheel, too. SAMPLE is a DBC file of two messages.
+Uses the installed wheels of this platform to read SAMPLE, a DBC file with two messages.
 """
 # SPDX-License-Identifier: MIT
 import os

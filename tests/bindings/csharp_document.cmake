@@ -1,5 +1,5 @@
-# Checks the programs that the document for C# shows: the first one is the example and prints what is
-# shown, the second one is the body of a program that writes engine.dbc.
+# Checks the programs in docs/csharp.md. The first one must be the example and print the output on the
+# page. The second one is the body of a program that writes engine.dbc.
 #   cmake -DBINDING=... -DDOCUMENT=... -DEXAMPLE=... -DLIBRARY=... -DSAMPLE=... -DWORK=...
 #         -P csharp_document.cmake
 cmake_minimum_required(VERSION 3.25)

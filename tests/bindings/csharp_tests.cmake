@@ -1,5 +1,5 @@
-# Compiles the tests of Vexil64.cs with mcs and runs them with mono, with the right library, without one,
-# and with one of another version. Without Mono it says so and does nothing.
+# Compiles the tests of Vexil64.cs with mcs. Runs them under mono with the right library, without a
+# library, and with a library of another version. Without Mono, reports that the test is skipped.
 #   cmake -DBINDING=... -DTESTS=... -DLIBRARY=... -DOTHER_VERSION=... -DRECORD_LAYOUT=...
 #         -DFRAME_ANSWERS=... -DLAYOUT_FILE=... -DSAMPLES=... -DWORK=... -P csharp_tests.cmake
 cmake_minimum_required(VERSION 3.25)
@@ -23,16 +23,16 @@ if(NOT result EQUAL 0)
     message(FATAL_ERROR "The tests failed: ${errors}")
 endif()
 
-# Without arguments it loads the library and prints what is wrong.
+# Without arguments, the program loads the library and prints the error.
 function(expect_refusal folder reason)
     run_mono("${folder}" "${WORK}/tests.exe")
     string(FIND "${output}" "LibraryException: ${reason}" at)
     if(NOT at EQUAL 0)
-        message(FATAL_ERROR "In place of <${reason}> it prints\n${output}${errors}")
+        message(FATAL_ERROR "Expected <${reason}>, but the program prints\n${output}${errors}")
     endif()
 endfunction()
 expect_refusal("" "the vexil64 library was not found. Put vexil64.dll or libvexil64.so beside the program")
 cmake_path(GET OTHER_VERSION PARENT_PATH folder)
-expect_refusal("${folder}" "the library is vexil64 1.32, and this program needs vexil64 1.33")
+expect_refusal("${folder}" "the library is vexil64 1.32, but this program needs vexil64 1.33")
 file(COPY_FILE "${FRAME_ANSWERS}" "${WORK}/files/libvexil64.so")
 expect_refusal("${WORK}/files" "the vexil64 library was not found")

@@ -1,7 +1,7 @@
-# What the checks of the programs in documents share. document is the text that is still to be read, and
-# DOCUMENT its file.
+# Functions for the tests of programs on pages. DOCUMENT is the file of a page, and document the part of
+# its text that is not yet processed.
 
-# Takes the next fenced block of a language from the document.
+# Returns the next fenced block of a language and removes the text up to its end from document.
 function(take_block language out)
     string(FIND "${document}" "\n```${language}\n" start)
     if(start EQUAL -1)
@@ -20,6 +20,6 @@ endfunction()
 
 function(expect_same shown actual)
     if(NOT shown STREQUAL actual)
-        message(FATAL_ERROR "${DOCUMENT} shows\n${shown}and not\n${actual}")
+        message(FATAL_ERROR "${DOCUMENT} shows\n${shown}but must show\n${actual}")
     endif()
 endfunction()

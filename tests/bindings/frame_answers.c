@@ -1,12 +1,15 @@
-/* Prints what the functions of vexil64_frame.h answer for the signals, values and frames on
- * standard input, one line for each, so that other languages can compare their answers. input
- * startBit bitLength byteOrder valueType factor offset minimum maximum multiplexType multiplexValue
- * value raw data output  of DecodeRaw, DecodeValue, EncodeRaw, EncodeValue, RawToValue, ValueToRaw,
- *           CheckPresence: the result, and after a success a colon and the raw value, the bits of
- *           the physical value, or the frame; then the answer of IsWithinLimits
- * Doubles are the hexadecimal digits of their bits, and so are the bytes of the frame. The
- * multiplexer is the signal at the first byte of the frame.
- * SPDX-License-Identifier: MIT */
+/* Prints the results of the functions of vexil64_frame.h, for comparison with the bindings.
+ * SPDX-License-Identifier: MIT
+ *
+ * Each line of the input is a case:
+ *   startBit bitLength byteOrder valueType factor offset minimum maximum multiplexType
+ *   multiplexValue value raw data
+ * Each line of the output has the results of DecodeRaw, DecodeValue, EncodeRaw, EncodeValue,
+ * RawToValue, ValueToRaw and CheckPresence, then the return value of IsWithinLimits. On success, a
+ * result is followed by a colon and the raw value, the physical value or the frame.
+ *
+ * A double is written as the hexadecimal digits of its bits, a frame as those of its bytes. The
+ * multiplexer is a signal in the first byte of the frame. */
 #include <inttypes.h>
 #include <stdio.h>
 #include <string.h>
@@ -50,8 +53,8 @@ static void PrintFrame(VexilFrameResult result, const uint8_t* data, size_t size
     printf(" ");
 }
 
-static void Answer(const CanSignalRecord* signal, double value, uint64_t raw, const uint8_t* data,
-                   size_t size) {
+static void PrintResults(const CanSignalRecord* signal, double value, uint64_t raw,
+                         const uint8_t* data, size_t size) {
     CanSignalRecord selector = {0};
     uint64_t number = 0;
     double decoded = 0;
@@ -79,7 +82,7 @@ static void Answer(const CanSignalRecord* signal, double value, uint64_t raw, co
     printf("%u\n", VexilIsWithinLimits(signal, value));
 }
 
-/* Reads the bytes of a frame; returns how many. */
+/* Parses the bytes of a frame and returns their number. */
 static size_t ReadData(const char* digits, uint8_t* data) {
     size_t size = 0;
     unsigned byte;
@@ -104,7 +107,7 @@ int main(void) {
         signal.offset = FromBits(offset);
         signal.minimum = FromBits(minimum);
         signal.maximum = FromBits(maximum);
-        Answer(&signal, FromBits(value), raw, data, size);
+        PrintResults(&signal, FromBits(value), raw, data, size);
     }
     return 0;
 }

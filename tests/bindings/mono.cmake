@@ -1,8 +1,8 @@
-# What the tests in C# share: the compiler and the runtime of Mono.
+# Functions for the tests in C#, which use the compiler and the runtime of Mono.
 find_program(MCS mcs)
 find_program(MONO mono)
 
-# Ends the test where they are missing.
+# Skips the test if Mono is missing.
 macro(require_mono)
     if(NOT MCS OR NOT MONO)
         message("Skipped: no mcs or mono on this machine. Install the Debian package mono-mcs.")
@@ -16,7 +16,7 @@ function(compile program)
         COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
-# Runs a program in WORK with the folder of a library. Sets result, output and errors.
+# Runs a program in the folder WORK. FOLDER is where it finds the library. Sets result, output and errors.
 #   run_mono(FOLDER PROGRAM ARGUMENT...)
 macro(run_mono folder)
     execute_process(

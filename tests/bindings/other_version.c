@@ -1,4 +1,4 @@
-/* A library with the names of vexil64 and another version, which bindings must refuse.
+/* A library with the file name of vexil64 but another version, which the bindings must refuse.
  * SPDX-License-Identifier: MIT */
 float VexilGetLibraryVersion(void);
 

@@ -1,5 +1,5 @@
-# Runs the tests of the package for Python with the Python of Debian. Without pytest it says so and does
-# nothing.
+# Runs the tests of the Python package with the Python of Debian. Without pytest, reports that the test is
+# skipped.
 #   cmake -DPACKAGE=... -DLIBRARY=... -DRECORD_LAYOUT=... -DFRAME_ANSWERS=... -P python_tests.cmake
 cmake_minimum_required(VERSION 3.25)
 

@@ -1,4 +1,4 @@
-# Checks the program in C# that the document for Windows shows, the body of a Main: it prints what is shown.
+# Checks the C# code in docs/windows.md, the body of a Main: it must print the output on the page.
 #   cmake -DBINDING=... -DDOCUMENT=... -DLIBRARY=... -DSAMPLE=... -DWORK=... -P windows_document.cmake
 cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/mono.cmake")

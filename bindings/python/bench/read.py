@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Prints how long the values of Python take, as a ratio to the calls of the library alone.
+"""Measures the conversion of records into Python values, as a ratio to the library calls alone.
 
     read.py [FILE]
 
-Reads FILE, or a network of 20,000 signals that it makes itself. VEXIL64_LIBRARY names the library. Each
-figure is the processor time of the best of 20 runs.
+Reads FILE, or else a generated network of 20,000 signals. VEXIL64_LIBRARY is the path of the library.
+Each figure is the shortest processor time of 20 runs.
 """
 # SPDX-License-Identifier: MIT
 import ctypes
@@ -33,7 +33,7 @@ def make_network(path):
 
 
 def call_alone(library):
-    """Fetches each record, as a read does, and looks at none."""
+    """Fetches every record without converting it."""
     message = ctypes.byref(_records.CanMessageRecord())
     record = _records.CanSignalRecord()
     signal = ctypes.byref(record)
@@ -65,9 +65,9 @@ def main(path):
     values = best(_fetch.messages, library)
     whole = best(vexil64.read, path)
     print(f"{len(network.messages)} messages, {signals} signals")
-    print(f"calls of the library alone          {1e3 * alone:8.1f} ms   1.0")
-    print(f"calls and values                    {1e3 * values:8.1f} ms   {values / alone:.1f}")
-    print(f"vexil64.read, reading the file too  {1e3 * whole:8.1f} ms   {whole / alone:.1f}")
+    print(f"fetching all records                {1e3 * alone:8.1f} ms   1.0")
+    print(f"fetching and converting them        {1e3 * values:8.1f} ms   {values / alone:.1f}")
+    print(f"vexil64.read, with reading the file {1e3 * whole:8.1f} ms   {whole / alone:.1f}")
 
 
 if __name__ == "__main__":

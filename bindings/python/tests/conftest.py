@@ -1,7 +1,8 @@
-"""What the tests share: the folders of the project, and a network to work on.
+"""Fixtures and helpers of all tests.
 
-VEXIL64_LIBRARY names the library under test. VEXIL64_RECORD_LAYOUT and VEXIL64_FRAME_ANSWERS name
-programs in C to compare with; a test without its program is skipped.
+VEXIL64_LIBRARY is the path of the library under test. VEXIL64_RECORD_LAYOUT and
+VEXIL64_FRAME_ANSWERS are the paths of C programs, whose output is compared with that of the package.
+A test whose program is not given is skipped.
 """
 # SPDX-License-Identifier: MIT
 import os

@@ -1,4 +1,4 @@
-"""The document and the example: the programs that they show run and print what is shown."""
+"""The programs in docs/python.md run and print the output on the page."""
 # SPDX-License-Identifier: MIT
 import re
 import subprocess
@@ -12,8 +12,8 @@ DOCUMENT = (ROOT / "docs" / "python.md").read_text(encoding="utf-8")
 EXAMPLE = ROOT / "examples" / "python" / "list_signals.py"
 
 
-def blocks(language, document=DOCUMENT):
-    return re.findall(rf"^```{language}\n(.*?)^```$", document, re.DOTALL | re.MULTILINE)
+def blocks(language):
+    return re.findall(rf"^```{language}\n(.*?)^```$", DOCUMENT, re.DOTALL | re.MULTILINE)
 
 
 def test_shows_the_example():
@@ -45,7 +45,7 @@ def test_shows_how_to_decode_and_encode(monkeypatch):
 
 def test_lists_every_name_of_the_package():
     names = set(vexil64.__all__) - {"LIBRARY_VERSION", "MAX_SIGNALS_PER_MESSAGE"}
-    # Types of values are described by their fields.
+    # The page documents these types by their fields.
     described = {"Message", "Signal", "StatementError", "Step", "Multiplex", "ByteOrder",
                  "FrameResult"}
     assert {name for name in names - described if not re.search(rf"\b{name}\b", DOCUMENT)} == set()

@@ -1,4 +1,4 @@
-"""Values in the bytes of a frame: the answers of vexil64_frame.h."""
+"""Decoding and encoding give the results of vexil64_frame.h."""
 # SPDX-License-Identifier: MIT
 import math
 import random
@@ -41,7 +41,7 @@ def any_number(rng):
 
 
 def any_case(rng):
-    """Returns a signal, a value, a raw value and a frame; most of them valid together."""
+    """Returns a random signal, value, raw value and frame. Most combinations are valid."""
     size = rng.choice([1, 2, 3, 8, 8, 8, 12, 64])
     value_type = rng.choice([0, 0, 1, 1, 2, 3, 4 if rng.random() < 0.05 else 0])
     length = {2: 32, 3: 64}.get(value_type) or rng.randint(1, 64)
@@ -78,8 +78,8 @@ def unsigned(raw):
 
 
 def answer(case, value, raw, data):
-    """Answers as frame_answers.c does."""
-    # In C a negative raw value is one of 64 bits.
+    """Returns the line that frame_answers.c prints for a question."""
+    # In C, a raw value is unsigned and sign-extended to 64 bits.
     number = raw - 2**64 if case.value_type == 1 and raw >> 63 else raw
 
     def encoded(encode, argument):
@@ -102,7 +102,7 @@ def answer(case, value, raw, data):
         str(int(vexil64.is_within_limits(case, value)))])
 
 
-def test_answers_what_the_header_answers():
+def test_gives_the_same_results_as_the_header():
     rng = random.Random(64)
     cases = [any_case(rng) for _ in range(CASES)]
     questions = "".join(question(*case) + "\n" for case in cases)
@@ -110,7 +110,7 @@ def test_answers_what_the_header_answers():
                              capture_output=True, text=True).stdout.splitlines()
     answers = [answer(*case) for case in cases]
     assert len(printed) == CASES
-    # Each result must be among the cases, or they compare too little.
+    # The random cases must produce every result.
     results = {part.split(":")[0] for line in printed for part in line.split()[:-1]}
     assert results == set("023456")
     different = [(question(*case), got, expected)
@@ -121,7 +121,7 @@ def test_answers_what_the_header_answers():
 @pytest.mark.parametrize("case, frame", [
     (signal(0, 12, 1), "5b0a"), (signal(4, 12, 1), "b0a5"),
     (signal(7, 12, 0), "a5b0"), (signal(3, 12, 0), "0a5b")])
-def test_puts_the_bits_where_the_documents_show_them(case, frame):
+def test_numbers_bits_as_the_documentation_shows(case, frame):
     data = bytearray(2)
     vexil64.encode_raw(case, 0xA5B, data)
     assert data.hex() == frame
@@ -156,14 +156,14 @@ def test_a_message_decodes_the_signals_that_are_present(powertrain):
         "Page": 1.0, "BoostPressure": 100.0}
 
 
-def test_a_message_encodes_what_it_decodes(powertrain):
+def test_encoding_a_message_reverses_decoding(powertrain):
     message = powertrain.message(512)
     frame = message.encode({"Page": 1, "BoostPressure": 100})
     assert frame.hex() == "01e8030000000000"
     assert message.encode({"Page": 2}, frame).hex() == "02e8030000000000"
 
 
-def test_a_message_refuses_what_it_cannot_encode(powertrain):
+def test_a_message_refuses_values_that_it_cannot_encode(powertrain):
     message = powertrain.message(512)
     with pytest.raises(KeyError, match="Diagnostics has no signal 'Speed'"):
         message.encode({"Speed": 1})

@@ -1,4 +1,4 @@
-"""How the library is found, and what is said where it is not."""
+"""Finding and loading the library, and the errors."""
 # SPDX-License-Identifier: MIT
 import os
 import pathlib
@@ -17,17 +17,17 @@ SHOW = "import vexil64; print(vexil64.load()._name)"
 
 
 def run(code, folder=None, **environment):
-    """Runs Python code in a process of its own. Returns what it printed, or its last line of errors."""
+    """Runs Python code in a new process. Returns its output, or the last line of its error output."""
     clean = {name: value for name, value in os.environ.items()
              if name not in ("VEXIL64_LIBRARY", "LD_LIBRARY_PATH")}
     clean.update(environment, PYTHONPATH=str(folder or PACKAGE.parent))
     done = subprocess.run([sys.executable, "-c", code], env=clean, capture_output=True, text=True,
-                          cwd=clean["PYTHONPATH"])  # which comes first in the search for modules
+                          cwd=clean["PYTHONPATH"])  # the first folder in which Python searches for modules
     return (done.stdout or done.stderr).splitlines()[-1]
 
 
 def compiled(tmp_path, source):
-    """Compiles a library in C, or skips the test."""
+    """Compiles C code to a shared library. Skips the test without a compiler."""
     if not shutil.which("cc"):
         pytest.skip("there is no C compiler")
     path = tmp_path / "other.so"
@@ -47,7 +47,7 @@ def test_the_library_is_found_beside_the_package(tmp_path):
 
 
 @pytest.mark.skipif(sys.platform != "linux", reason="LD_LIBRARY_PATH is of Linux")
-def test_the_library_is_found_by_the_system(tmp_path):
+def test_the_system_finds_the_library(tmp_path):
     shutil.copytree(PACKAGE, tmp_path / "vexil64", ignore=shutil.ignore_patterns("*.so"))
     assert run(SHOW, tmp_path, LD_LIBRARY_PATH=os.path.dirname(LIBRARY)) == "libvexil64.so"
 
@@ -88,10 +88,10 @@ def test_a_library_of_another_version_is_a_library_error(tmp_path):
     other = compiled(tmp_path, "float VexilGetLibraryVersion(void) { return 1.32f; }\n" + "".join(
         f"void {name}(void) {{}}\n" for name in names))
     assert run(SHOW, VEXIL64_LIBRARY=str(other)) == (
-        f"vexil64._errors.LibraryError: {other} is vexil64 1.32, and this package needs vexil64 1.33")
+        f"vexil64._errors.LibraryError: {other} is vexil64 1.32, but this package needs vexil64 1.33")
 
 
-def test_loading_the_same_library_again_gives_it():
+def test_loading_the_same_library_again_returns_it():
     assert vexil64.load(LIBRARY) is vexil64.load()
 
 

@@ -1,4 +1,4 @@
-"""Reading a file gives plain values."""
+"""Reading: networks as plain values, and errors."""
 # SPDX-License-Identifier: MIT
 import math
 import os
@@ -40,7 +40,7 @@ BA_ "GenSigInactiveValue" SG_ 2147483649 S -4;
     assert signal[6:18] == (2, 7, 12, 9, 0, 1, 0.5, -40.0, -1.5, 99.25, -3, -4)
 
 
-def test_tells_extended_frames(tmp_path):
+def test_splits_an_extended_id_into_frame_id_and_flag(tmp_path):
     network = vexil64.read(write(tmp_path, "BO_ 2147483649 X: 8 A\nBO_ 5 Y: 8 A\n"))
     assert [(m.id, m.frame_id, m.is_extended) for m in network.messages] == [
         (0x80000001, 1, True), (5, 5, False)]
@@ -68,7 +68,7 @@ BA_ "J1939PGN" 1;
     assert (network.protocol_type, network.bus_type) == (Protocol.J1939, Bus.CAN_FD)
 
 
-def test_the_bus_of_one_file_does_not_reach_the_next(tmp_path, samples):
+def test_a_read_resets_the_bus_type(tmp_path, samples):
     vexil64.read(write(tmp_path, 'BA_DEF_ "BusType" STRING ;\nBA_ "BusType" "CAN FD";\n'))
     assert vexil64.read(samples / "roof.dbc").bus_type == Bus.CLASSIC_CAN
 
@@ -89,7 +89,7 @@ def test_a_signal_that_is_missing_is_a_key_error(roof):
         roof.messages[0].signal("Move")
 
 
-def test_keeps_a_network_after_the_next_read(samples, roof):
+def test_a_later_read_does_not_change_a_network(samples, roof):
     before = pickle.loads(pickle.dumps(roof.messages))
     vexil64.read(samples / "powertrain.dbc")
     assert roof.messages == before
@@ -105,7 +105,7 @@ def test_takes_each_kind_of_path(samples, kind):
     assert len(vexil64.read(kind(samples / "roof.dbc")).messages) == 2
 
 
-def test_takes_a_path_of_any_characters(tmp_path):
+def test_takes_a_path_with_non_ascii_characters(tmp_path):
     path = write(tmp_path, "BO_ 1 M: 8 A\n", "\N{SNOWMAN} \N{PILE OF POO}.dbc")
     assert vexil64.read(path).messages[0].name == "M"
 
@@ -146,7 +146,7 @@ def test_a_path_of_another_type_is_a_type_error(path):
         vexil64.read(path)
 
 
-def test_threads_do_not_disturb_each_other(samples):
+def test_concurrent_reads_give_the_right_networks(samples):
     expected = {name: vexil64.read(samples / name).messages for name in
                 ("roof.dbc", "powertrain.dbc")}
     wrong = []

@@ -1,4 +1,4 @@
-"""The records agree with those of the C compiler, and pass both ways without a change."""
+"""The records have the layout of the C compiler, and the library reads and fills them correctly."""
 # SPDX-License-Identifier: MIT
 import ctypes
 import subprocess
@@ -23,24 +23,24 @@ def layout():
     return "".join(lines)
 
 
-def test_have_the_layout_of_the_contract():
+def test_records_have_the_documented_layout():
     assert layout() == (ROOT / "tests" / "abi" / "record_layout.txt").read_text()
 
 
-def test_have_the_layout_that_the_c_compiler_reports():
+def test_records_have_the_layout_of_the_c_compiler():
     printed = subprocess.run([program("VEXIL64_RECORD_LAYOUT")], check=True, capture_output=True,
                              text=True).stdout
     assert layout() == printed
 
 
-def test_declare_every_exported_function():
+def test_every_exported_function_is_declared():
     exports = (ROOT / "tests" / "abi" / "exports.txt").read_text().split()
     assert sorted(_library.FUNCTIONS) == sorted(exports)
     assert len(exports) == 17
 
 
 def filled(record, start):
-    """Fills each byte of a record with a value of its own; texts end with a NUL."""
+    """Fills a record with a byte pattern. Each text ends with a NUL."""
     size = ctypes.sizeof(record)
     pattern = bytes(ord("a") + (start + i) % 26 for i in range(size))
     ctypes.memmove(ctypes.byref(record), pattern, size)
@@ -54,7 +54,7 @@ def fields(record, names):
     return {name: getattr(record, name) for name in names}
 
 
-def test_a_sentinel_record_of_each_kind_comes_back_from_the_library():
+def test_records_pass_through_the_library_unchanged():
     library = vexil64.load()
     library.VexilClearData()
 

@@ -1,4 +1,4 @@
-"""Networks that are made or extended, and written."""
+"""Appending to networks and writing them."""
 # SPDX-License-Identifier: MIT
 import os
 
@@ -77,7 +77,7 @@ def test_a_read_network_can_be_extended(tmp_path, roof):
     assert [s.name for s in again.message(800).signals] == ["DoorOpen", "WindowPosition", "Locked"]
 
 
-def test_a_write_shows_the_names_that_it_changed(tmp_path, network, message):
+def test_a_write_updates_the_names_of_renamed_signals(tmp_path, network, message):
     other = network.append_message(5, "Other")
     for _ in range(2):
         network.append_signal(message, "Same", start_bit=0, bit_length=1)
@@ -95,20 +95,20 @@ def test_an_empty_network_is_not_written(tmp_path, network):
     assert not (tmp_path / "a.dbc").exists()
 
 
-def test_a_folder_is_not_written(tmp_path, network, message):
+def test_writing_to_a_folder_is_a_file_error(tmp_path, network, message):
     with pytest.raises(FileError, match=r"result code 6\)") as caught:
         network.write(tmp_path)
     assert caught.value.path == str(tmp_path)
 
 
-@pytest.mark.skipif(not os.path.exists("/dev/full"), reason="there is no device that is always full")
+@pytest.mark.skipif(not os.path.exists("/dev/full"), reason="this system has no /dev/full")
 def test_a_write_that_fails_is_a_file_error(network, message):
     with pytest.raises(FileError) as caught:
         network.write("/dev/full")
     assert caught.value.code == ResultCode.STREAM_ERROR
 
 
-def test_an_older_network_is_refused_by_name(tmp_path, roof):
+def test_a_stale_network_is_refused(tmp_path, roof):
     message = roof.messages[0]
     vexil64.new()
     with pytest.raises(StaleNetworkError):
@@ -124,13 +124,13 @@ def test_an_older_network_is_refused_by_name(tmp_path, roof):
 def test_values_of_another_network_are_refused(samples, roof):
     message = roof.messages[0]
     again = vexil64.read(samples / "roof.dbc")
-    with pytest.raises(ValueError, match="DoorStatus is not of this network"):
+    with pytest.raises(ValueError, match="DoorStatus is not part of this network"):
         again.append_signal(message, "S", start_bit=0, bit_length=1)
-    with pytest.raises(ValueError, match="DoorOpen is not of this network"):
+    with pytest.raises(ValueError, match="DoorOpen is not part of this network"):
         again.append_description(message.signals[0], 1, "one")
 
 
-def test_the_longest_texts_are_taken(network):
+def test_texts_of_the_maximum_size_are_accepted(network):
     message = network.append_message(1, "x" * 255, transmitter="y" * 32, comment="\xe4" * 127)
     assert (message.long_name, message.transmitter, message.comment) == (
         "x" * 255, "y" * 32, "\xe4" * 127)
@@ -138,14 +138,14 @@ def test_the_longest_texts_are_taken(network):
 
 @pytest.mark.parametrize("fields, error, reason", [
     ({"long_name": "a\0b"}, ValueError, "long_name contains a NUL"),
-    ({"long_name": "x" * 256}, ValueError, "long_name has 256 bytes, at most 255 are possible"),
-    ({"comment": "\xe4" * 128}, ValueError, "comment has 256 bytes, at most 255 are possible"),
-    ({"transmitter": "x" * 33}, ValueError, "transmitter has 33 bytes, at most 32 are possible"),
-    ({"comment": "\ud800"}, ValueError, "comment has a character without a UTF-8 form"),
+    ({"long_name": "x" * 256}, ValueError, "long_name has 256 bytes; the maximum is 255"),
+    ({"comment": "\xe4" * 128}, ValueError, "comment has 256 bytes; the maximum is 255"),
+    ({"transmitter": "x" * 33}, ValueError, "transmitter has 33 bytes; the maximum is 32"),
+    ({"comment": "\ud800"}, ValueError, "comment has a character that UTF-8 cannot encode"),
     ({"long_name": b"M"}, TypeError, "long_name must be a str, not bytes"),
     ({"long_name": None}, TypeError, "long_name must be a str, not NoneType"),
-    ({"id": -1}, ValueError, "id is -1, and must be from 0 to 4294967295"),
-    ({"id": 2**32}, ValueError, "id is 4294967296, and must be from 0 to 4294967295"),
+    ({"id": -1}, ValueError, "id is -1; it must be from 0 to 4294967295"),
+    ({"id": 2**32}, ValueError, "id is 4294967296; it must be from 0 to 4294967295"),
     ({"id": "1"}, TypeError, "id must be an int, not str"),
     ({"dlc": 8.0}, TypeError, "dlc must be an int, not float"),
 ])
@@ -157,13 +157,13 @@ def test_a_message_with_a_bad_field_is_refused(network, fields, error, reason):
 
 
 @pytest.mark.parametrize("fields, error, reason", [
-    ({"unit": "x" * 33}, ValueError, "unit has 33 bytes, at most 32 are possible"),
+    ({"unit": "x" * 33}, ValueError, "unit has 33 bytes; the maximum is 32"),
     ({"receivers": "A\0"}, ValueError, "receivers contains a NUL"),
     ({"factor": "1"}, TypeError, "factor must be a float, not str"),
     ({"maximum": 10**400}, ValueError, "maximum is too large for a float"),
     ({"start_value": 2**31}, ValueError,
-     "start_value is 2147483648, and must be from -2147483648 to 2147483647"),
-    ({"start_bit": -1}, ValueError, "start_bit is -1, and must be from 0 to 4294967295"),
+     "start_value is 2147483648; it must be from -2147483648 to 2147483647"),
+    ({"start_bit": -1}, ValueError, "start_bit is -1; it must be from 0 to 4294967295"),
     ({"value_type": 2}, ValueError, "bit_length of a FLOAT32 signal must be 32"),
     ({"value_type": 3}, ValueError, "bit_length of a FLOAT64 signal must be 64"),
 ])
@@ -187,12 +187,12 @@ def test_a_description_with_a_bad_field_is_refused(network, message):
 def test_a_message_takes_10000_signals_and_no_more(network, message):
     for position in range(vexil64.MAX_SIGNALS_PER_MESSAGE):
         network.append_signal(message, f"S{position}", start_bit=0, bit_length=1)
-    with pytest.raises(ValueError, match="Engine_data has 10000 signals already"):
+    with pytest.raises(ValueError, match="Engine_data already has 10000 signals"):
         network.append_signal(message, "S", start_bit=0, bit_length=1)
     assert len(message.signals) == 10000
 
 
-def test_a_database_that_others_emptied_is_noticed(network, message):
+def test_a_database_that_other_code_cleared_is_detected(network, message):
     vexil64.load().VexilClearData()
-    with pytest.raises(StaleNetworkError, match="changed by others"):
+    with pytest.raises(StaleNetworkError, match="other code of this process changed"):
         network.append_signal(message, "S", start_bit=0, bit_length=1)

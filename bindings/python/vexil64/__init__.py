@@ -1,4 +1,4 @@
-"""Reads, extends and writes DBC files, the descriptions of CAN bus networks.
+"""Reads and writes DBC files, which describe CAN bus networks, and decodes frames.
 
     network = vexil64.read("network.dbc")
     for message, signal in network.signals():

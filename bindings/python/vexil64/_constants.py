@@ -72,7 +72,7 @@ class Order(IntEnum):
 
 
 class FrameResult(IntEnum):
-    """Why a value could not be decoded or encoded. 1 is a null pointer, which Python does not have."""
+    """Why a value could not be decoded or encoded. FrameNullArgument, 1, cannot occur in Python."""
 
     OK = 0
     BAD_LAYOUT = 2

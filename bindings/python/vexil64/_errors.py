@@ -22,15 +22,15 @@ _FRAME_REASONS = {
 
 
 class VexilError(Exception):
-    """The base of the exceptions of this package."""
+    """Base class of the exceptions of this package."""
 
 
 class LibraryError(VexilError):
-    """The library is missing, cannot be loaded, or is not the one that this package needs."""
+    """The library is missing, cannot be loaded, or has another version than this package needs."""
 
 
 class StaleNetworkError(VexilError):
-    """The library holds another network by now, since it has only one database."""
+    """The one database of the library now holds another network."""
 
 
 class FileError(VexilError, OSError):
@@ -44,7 +44,7 @@ class FileError(VexilError, OSError):
 
 
 class FrameError(VexilError, ValueError):
-    """A value could not be decoded or encoded. `result` is the reason, `signal` the name."""
+    """A value could not be decoded or encoded. `result` is the reason, `signal` a signal name."""
 
     def __init__(self, signal: str, result: FrameResult) -> None:
         self.result = result

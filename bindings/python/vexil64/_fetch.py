@@ -1,8 +1,8 @@
-"""Turns the records of the library into plain values.
+"""Converts records of the library into plain values.
 
-Most of the time of a read is spent here, so each record type has one buffer, texts go through the
-arrays of ctypes, which stop at the NUL, and the numbers of a signal are unpacked in one call.
-Precondition of all functions: the lock is held.
+Most of the time of a read is spent here. So a function reuses one record for all items, texts are
+read as ctypes arrays, which end at the NUL, and the numbers of a signal are unpacked in one call.
+Precondition of all functions: the caller holds the lock.
 """
 # SPDX-License-Identifier: MIT
 import struct
@@ -12,7 +12,7 @@ from typing import Dict, List
 from ._model import Message, Signal, StatementError
 from ._records import CanEnumRecord, CanMessageRecord, CanSignalRecord, ParseError
 
-# From multiplexType to inactiveValue; factor has an offset that is a multiple of eight.
+# The fields from multiplexType to inactiveValue. The four padding bytes align factor to 8 bytes.
 _NUMBERS = struct.Struct("=6I4x4dIii")
 _NUMBERS_AT = CanSignalRecord.multiplexType.offset  # type: ignore[attr-defined]
 
@@ -21,7 +21,7 @@ def descriptions(library: CDLL, message: int, signal: int, count: int) -> Dict[i
     found = {}
     record = CanEnumRecord()
     for index in range(count):
-        # Fails for a text that cannot be cut at a character, and the next one may be sound.
+        # Not an error: a text that cannot be cut at a character fails alone.
         if library.VexilGetCanSignalEnumData(message, signal, index, byref(record)):
             found[record.value] = record.text.decode()
     return found
@@ -34,7 +34,7 @@ def signals(library: CDLL, message: int, first: int = 0) -> List[Signal]:
     reference = byref(record)
     fetch = library.VexilGetCanSignalData
     unpack = _NUMBERS.unpack_from
-    make = tuple.__new__  # what Signal(...) calls in the end
+    make = tuple.__new__  # faster than Signal(...), which calls it
     index = first
     while fetch(message, index, reference):
         (multiplex_type, multiplex_value, start_bit, bit_length, byte_order, value_type, factor,
@@ -70,6 +70,6 @@ def errors(library: CDLL) -> List[StatementError]:
     found: List[StatementError] = []
     record = ParseError()
     while library.VexilGetErrorData(len(found), byref(record)):
-        # The text lacks its last byte, which may be a part of a character.
+        # The last byte of the statement is missing in the text, so its last character may be cut.
         found.append(StatementError(record.line, record.code, record.text.decode("utf-8", "ignore")))
     return found

@@ -1,7 +1,7 @@
-"""The value of a signal in the bytes of a frame, and back: the rules of vexil64_frame.h.
+"""Decodes and encodes the values of signals in the bytes of a frame, by the rules of vexil64_frame.h.
 
-A raw value is an int, and negative for a negative number. That of a floating-point signal is its
-IEEE 754 bit pattern.
+A raw value is an int. It is negative for a negative number of a signed signal, and the IEEE 754 bit
+pattern for a floating-point signal.
 """
 # SPDX-License-Identifier: MIT
 import math
@@ -22,7 +22,7 @@ _FLOAT_EPSILON = 2.0**-23
 
 
 class Layout(Protocol):
-    """What the functions use of a signal."""
+    """The properties of a signal that the functions of this module use."""
 
     @property
     def name(self) -> str: ...
@@ -57,10 +57,10 @@ def _check_layout(signal: Layout) -> None:
 
 
 def _shift(signal: Layout, size: int) -> int:
-    """Returns how many bits the number of the whole frame has below those of the signal.
+    """Returns the position of the least significant bit of a signal in the frame as one integer.
 
-    Read in the byte order of the signal, the bytes of a frame are one number, in which the bits of
-    the signal are side by side.
+    When the frame is converted to an integer in the byte order of the signal, the bits of the signal
+    are adjacent.
     """
     if signal.byte_order == ByteOrder.LITTLE_ENDIAN:
         shift = signal.start_bit
@@ -93,7 +93,7 @@ def decode_raw(signal: Layout, data: Buffer) -> int:
 
 
 def encode_raw(signal: Layout, raw: int, data: bytearray) -> None:
-    """Stores a raw value in a frame. No bit outside the signal changes."""
+    """Encodes a raw value into a frame. Bits outside the signal do not change."""
     _check_layout(signal)
     size = len(data)
     shift = _shift(signal, size)
@@ -109,7 +109,7 @@ def encode_raw(signal: Layout, raw: int, data: bytearray) -> None:
 
 
 def raw_to_value(signal: Layout, raw: int) -> float:
-    """Returns the physical value of a raw value."""
+    """Converts a raw value into a physical value."""
     _check_layout(signal)
     if not (math.isfinite(signal.factor) and math.isfinite(signal.offset)):
         raise FrameError(signal.name, FrameResult.BAD_SCALING)
@@ -126,7 +126,7 @@ def raw_to_value(signal: Layout, raw: int) -> float:
 
 
 def value_to_raw(signal: Layout, value: float) -> int:
-    """Returns the raw value that is nearest to a physical value."""
+    """Converts a physical value into the nearest raw value; halfway cases away from zero."""
     _check_layout(signal)
     factor = signal.factor
     if not (math.isfinite(factor) and math.isfinite(signal.offset)) or factor == 0:
@@ -153,7 +153,7 @@ def _float_to_raw(signal: Layout, value: float, number: float, formats: Tuple[st
 
 
 def _rounded(number: float) -> int:
-    """Rounds to the nearest integer, and away from zero from the middle between two."""
+    """Rounds to the nearest integer, and halfway cases away from zero."""
     whole = int(number)
     rest = number - whole
     if rest >= 0.5:
@@ -167,15 +167,18 @@ def decode(signal: Layout, data: Buffer) -> float:
 
 
 def encode(signal: Layout, value: float, data: bytearray) -> None:
-    """Stores a physical value in a frame. No bit outside the signal changes."""
+    """Encodes a physical value into a frame. Bits outside the signal do not change."""
     encode_raw(signal, value_to_raw(signal, value), data)
 
 
 def is_within_limits(signal: Layout, value: float) -> bool:
-    """Compares a physical value with minimum and maximum, which are no limits if both are 0."""
+    """Returns whether a physical value is within minimum and maximum; True if both are 0.
+
+    A value may exceed a limit by the rounding error of encoding.
+    """
     if math.isnan(value):
         return False
-    # A minimum and maximum that are not numbers count as 0 here.
+    # Written so that a NaN counts as 0.
     if not abs(signal.minimum) > 0 and not abs(signal.maximum) > 0:
         return True
 
@@ -191,7 +194,11 @@ def is_within_limits(signal: Layout, value: float) -> bool:
 
 
 def is_present(signal: Layout, selector: Optional[Layout], data: Buffer) -> bool:
-    """Returns whether a signal is present in a frame. `selector` is the multiplexer of its message."""
+    """Returns whether a signal is present in a frame.
+
+    `selector` is the multiplexer of the same message. Raises FrameError if it is missing or cannot be
+    decoded.
+    """
     if signal.multiplex_type != Multiplex.SELECTED:
         return True
     if selector is None or selector.multiplex_type != Multiplex.SELECTOR:

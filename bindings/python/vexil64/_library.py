@@ -14,7 +14,7 @@ LIBRARY_VERSION = "1.33"
 ENVIRONMENT_VARIABLE = "VEXIL64_LIBRARY"
 FilePath = Union[str, "os.PathLike[str]"]
 
-# What each function returns, and what it takes. A path is bytes, to which ctypes adds the NUL.
+# The return type and the parameter types of each function. ctypes adds the NUL to a path.
 FUNCTIONS: Dict[str, Tuple[Any, List[Any]]] = {
     "VexilGetLibraryVersion": (c_float, []),
     "VexilReadDbcFile": (c_uint8, [c_char_p, c_uint32, POINTER(c_uint32)]),
@@ -35,7 +35,7 @@ FUNCTIONS: Dict[str, Tuple[Any, List[Any]]] = {
     "VexilWriteDbcFile": (c_uint8, [c_char_p, c_uint32, c_uint32, POINTER(c_uint32)]),
 }
 
-# Held during every use of the library, whose calls must not overlap.
+# Held during every call, because calls of the library must not overlap.
 lock = threading.RLock()
 _loaded: Optional[ctypes.CDLL] = None
 
@@ -47,7 +47,7 @@ def _file_names() -> List[str]:
 
 
 def _candidates() -> List[str]:
-    """Where the library may be. A name without a folder is left to the system to find."""
+    """Returns the paths to try. The system searches for a name without a folder."""
     named = os.environ.get(ENVIRONMENT_VARIABLE)
     if named:
         return [os.path.abspath(named)]
@@ -79,15 +79,15 @@ def _declare(library: ctypes.CDLL, path: str) -> None:
     version = f"{library.VexilGetLibraryVersion():.2f}"
     if version != LIBRARY_VERSION:
         raise LibraryError(
-            f"{path} is vexil64 {version}, and this package needs vexil64 {LIBRARY_VERSION}")
+            f"{path} is vexil64 {version}, but this package needs vexil64 {LIBRARY_VERSION}")
 
 
 def load(path: Optional[FilePath] = None) -> ctypes.CDLL:
-    """Loads the library, if that did not happen yet, and returns it with its functions declared.
+    """Loads the library unless it is loaded already, and returns it with its functions declared.
 
-    Without a path it is the one that the environment variable VEXIL64_LIBRARY names, else the one in
-    the folder of this package, else the one that the system finds. Raises LibraryError, also where
-    another library was loaded already.
+    Without a path, loads the file that the environment variable VEXIL64_LIBRARY names, else the one in
+    the folder of this package, else the one that the system finds. Raises LibraryError if this fails,
+    or if the library is already loaded from another path.
     """
     global _loaded
     with lock:

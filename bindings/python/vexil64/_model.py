@@ -1,4 +1,4 @@
-"""What a network is made of, as plain values."""
+"""Messages, signals and refused statements as plain values."""
 # SPDX-License-Identifier: MIT
 from typing import Dict, Iterable, Mapping, NamedTuple, Optional, Sequence
 
@@ -11,25 +11,26 @@ _LARGEST_MESSAGE = 4095
 
 
 class StatementError(NamedTuple):
-    """A statement that could not be read."""
+    """A BO_ or SG_ statement that the library refused; see ParseError in vexil64.h."""
 
     line: int
     step: int  # a Step
-    text: str  # the front of the statement
+    text: str  # at most 254 bytes of the statement
 
     @property
     def first_line(self) -> str:
+        """The first line of text."""
         return self.text.split("\n", 1)[0]
 
 
 class Signal(NamedTuple):
-    """A signal of a message. Immutable; the fields are described in vexil64.h."""
+    """A signal of a message. CanSignalRecord in vexil64.h documents the fields."""
 
     name: str
     long_name: str
     unit: str
     ascii_unit: str
-    receivers: str  # with commas between them
+    receivers: str  # separated by commas
     comment: str
     multiplex_type: int  # a Multiplex
     multiplex_value: int
@@ -44,27 +45,27 @@ class Signal(NamedTuple):
     start_value: int
     inactive_value: int
     descriptions: Mapping[int, str]  # by raw value
-    message_position: int  # where the message is in the network
-    position: int  # where the signal is in the message
+    message_position: int  # index of the message in the network
+    position: int  # index of the signal in the message
 
 
 class Message(NamedTuple):
-    """A message. Immutable; the fields are described in vexil64.h."""
+    """A message. CanMessageRecord in vexil64.h documents the fields."""
 
-    id: int  # bit 31 marks an extended frame
+    id: int  # bit 31 is set for extended ids
     name: str
     long_name: str
-    dlc: int  # size in bytes
+    dlc: int  # payload size in bytes
     transmitter: str
     comment: str
     send_type: str
-    cycle_time: int  # milliseconds
+    cycle_time: int  # by custom in milliseconds
     signals: Sequence[Signal]
-    position: int  # where the message is in the network
+    position: int  # index of the message in the network
 
     @property
     def frame_id(self) -> int:
-        """The id without the mark of an extended frame."""
+        """The id without bit 31."""
         return self.id & ~_EXTENDED
 
     @property
@@ -73,26 +74,26 @@ class Message(NamedTuple):
 
     @property
     def selector(self) -> Optional[Signal]:
-        """The multiplexer, if there is one."""
+        """The first multiplexer, if there is one."""
         return next((s for s in self.signals if s.multiplex_type == Multiplex.SELECTOR), None)
 
     def signal(self, name: str) -> Signal:
-        """Returns the first signal of a name. Raises KeyError."""
+        """Returns the first signal with a name. Raises KeyError if there is none."""
         return _first((s for s in self.signals if s.name == name), f"{self.name} has no signal", name)
 
     def decode(self, data: Buffer) -> Dict[str, float]:
         """Returns the physical values of the signals that are present in a frame.
 
-        Raises FrameError if the frame is too short for one of them, or a signal is not valid.
+        Raises FrameError if one of these signals or the multiplexer cannot be decoded.
         """
         selector = self.selector
         return {s.name: decode(s, data) for s in self.signals if is_present(s, selector, data)}
 
     def encode(self, values: Mapping[str, float], data: Optional[Buffer] = None) -> bytes:
-        """Returns a frame with the physical values of some signals.
+        """Returns a copy of `data` into which the physical values of signals are encoded.
 
-        The other bits are those of `data`, or 0 in a frame of `dlc` bytes. Raises KeyError for the
-        name of a signal that the message does not have, FrameError for a value that does not fit.
+        Without `data`, starts with `dlc` zero bytes; raises ValueError if `dlc` is above 4095. Raises
+        KeyError if the message has no signal with a name, FrameError if a value cannot be encoded.
         """
         if data is None and self.dlc > _LARGEST_MESSAGE:
             raise ValueError(f"{self.name} has {self.dlc} bytes, which is too long for a frame")

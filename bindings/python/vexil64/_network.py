@@ -1,4 +1,4 @@
-"""A network: read from a file, extended, written."""
+"""Networks: reading, appending and writing."""
 # SPDX-License-Identifier: MIT
 from ctypes import CDLL, byref, c_uint32, sizeof
 from typing import Iterator, List, Sequence, Tuple, Union
@@ -11,19 +11,19 @@ from ._model import Message, Signal, StatementError
 from ._records import CanEnumRecord, CanMessageRecord, CanSignalRecord, DatabaseInfo
 from ._text import Path, integer, path_bytes, path_text, real, text_bytes
 
-# Counts how often the database of the library was replaced.
+# The number of reads and new networks so far. A network is current if it has this number.
 _generation = 0
 
 
 class Network:
-    """A DBC file in memory. Its messages, signals and errors are plain values of Python.
+    """A network in memory. Its messages, signals and errors are plain Python values.
 
-    The library has one database, which holds the network that was read or made last. Only that one
-    can be extended and written; with an older one these functions raise StaleNetworkError.
+    The library has one database, which holds the network that was read or created last. Only this
+    network can be extended and written; for an older one, these methods raise StaleNetworkError.
     """
 
     def __init__(self, library: CDLL, generation: int) -> None:
-        """Takes what the database holds. Use read and new instead."""
+        """Copies the content of the database. Use read and new instead."""
         info = DatabaseInfo()
         library.VexilGetDatabaseInfo(byref(info), sizeof(info))
         self._library = library
@@ -35,16 +35,16 @@ class Network:
 
     @property
     def messages(self) -> Sequence[Message]:
-        """The messages, in the order of the file."""
+        """The messages, in the order of reading and appending."""
         return self._messages
 
     @property
     def errors(self) -> Sequence[StatementError]:
-        """The statements that could not be read, in the order of the file."""
+        """The statements that the library refused, in the order of the file."""
         return self._errors
 
     def message(self, key: Union[int, str]) -> Message:
-        """Returns the first message with an id or a name. Raises KeyError."""
+        """Returns the first message with an id or a name. Raises KeyError if there is none."""
         for message in self._messages:
             if key in (message.id, message.name):
                 return message
@@ -96,7 +96,7 @@ class Network:
             maximum=real("maximum", maximum),
             startValue=integer("start_value", start_value, "int32"),
             inactiveValue=integer("inactive_value", inactive_value, "int32"))
-        # The library would take them as signed integers.
+        # The library would change the type of such a signal to signed.
         for float_type, bits in ((ValueType.FLOAT32, 32), (ValueType.FLOAT64, 64)):
             if record.valueType == float_type and record.bitLength != bits:
                 raise ValueError(f"bit_length of a {float_type.name} signal must be {bits}")
@@ -104,13 +104,16 @@ class Network:
             self._check_current()
             signals = self._signals_of(message)
             if len(signals) >= MAX_SIGNALS_PER_MESSAGE:
-                raise ValueError(f"{message.name} has {MAX_SIGNALS_PER_MESSAGE} signals already")
+                raise ValueError(f"{message.name} already has {MAX_SIGNALS_PER_MESSAGE} signals")
             _expect(self._library.VexilAppendCanSignalToCanMessage(message.position, byref(record)))
             signals += _fetch.signals(self._library, message.position, len(signals))
         return signals[-1]
 
     def append_description(self, signal: Signal, value: int, text: str) -> None:
-        """Describes a raw value of a signal. A value that is described already gets both texts."""
+        """Adds a value description to a signal.
+
+        If the value already has a description, the text is added to it after " - ".
+        """
         record = CanEnumRecord(value=integer("value", value, "int32"),
                                text=text_bytes("text", text, LONG_TEXT_SIZE))
         with _library.lock:
@@ -119,7 +122,7 @@ class Network:
             if not (message < len(self._messages)
                     and position < len(self._messages[message].signals)
                     and self._messages[message].signals[position] is signal):
-                raise ValueError(f"the signal {signal.name} is not of this network")
+                raise ValueError(f"the signal {signal.name} is not part of this network")
             _expect(self._library.VexilAppendEnumToCanSignal(message, position, byref(record)))
             count = c_uint32()
             self._library.VexilGetNumEnumsInCanSignal(message, position, byref(count))
@@ -128,10 +131,10 @@ class Network:
             signal.descriptions.update(found)
 
     def write(self, path: Path, order: int = Order.AS_STORED) -> None:
-        """Writes the network to a file. Raises FileError.
+        """Writes the network to a file. Raises FileError if that fails.
 
-        Signals of one message that share a name get a numbered suffix, for which new values replace
-        their message and its signals in `messages`.
+        Signals of one message that share a name get a numbered suffix. In `messages`, a new Message
+        with new signals then replaces this message.
         """
         utf8 = path_bytes("write", path)
         code = c_uint32()
@@ -142,13 +145,13 @@ class Network:
             self._check_current()
             self._library.VexilSetDatabaseInfo(byref(info), sizeof(info))
             success = self._library.VexilWriteDbcFile(utf8, len(utf8) + 1, order, byref(code))
-            # The last line of a file that failed is a success with another code.
+            # If only the last line could not be written, the call succeeds with STREAM_ERROR.
             if not success or code.value != ResultCode.CLOSED:
                 raise FileError("write", path_text(utf8), code.value)
             self._take_new_names()
 
     def _take_new_names(self) -> None:
-        """Replaces the messages whose signals were renamed, and only those."""
+        """Replaces only the messages whose signals were renamed."""
         for message in _fetch.messages(self._library):
             if message != self._messages[message.position]:
                 self._messages[message.position] = message
@@ -156,25 +159,31 @@ class Network:
     def _check_current(self) -> None:
         if self._generation != _generation:
             raise StaleNetworkError(
-                "the library holds another network by now; read or make this one again")
+                "the library now holds another network; read or create this network again")
 
     def _signals_of(self, message: Message) -> List[Signal]:
         position = message.position
         if position >= len(self._messages) or self._messages[position] is not message:
-            raise ValueError(f"the message {message.name} is not of this network")
+            raise ValueError(f"the message {message.name} is not part of this network")
         assert isinstance(message.signals, list)
         return message.signals
 
 
 def _expect(success: int) -> None:
-    """The arguments were checked, so a call can only fail where another user of the library in this
-    process has changed the database."""
+    """Raises StaleNetworkError for a failed call.
+
+    The arguments were checked, so a call fails only if other code of this process, which does not use
+    this package, changed the database.
+    """
     if not success:
-        raise StaleNetworkError("the database of the library was changed by others")
+        raise StaleNetworkError("other code of this process changed the database of the library")
 
 
 def _start(library: CDLL) -> int:
-    """Empties the database. The bus type would otherwise outlive the network before."""
+    """Clears the database and returns the number of the new network.
+
+    A clear keeps the bus type, so it is set to that of an empty network.
+    """
     global _generation
     _generation += 1
     info = DatabaseInfo(Protocol.PLAIN_CAN, Bus.CLASSIC_CAN)
@@ -184,9 +193,10 @@ def _start(library: CDLL) -> int:
 
 
 def read(path: Path) -> Network:
-    """Reads a DBC file. Raises FileError, or LibraryError where there is no library.
+    """Reads a DBC file and returns its network.
 
-    Statements that cannot be read do not fail a read: they are in `errors` of the network.
+    Raises FileError if the file cannot be read, LibraryError if the library cannot be loaded. Refused
+    BO_ and SG_ statements do not make a read fail: they are in `errors` of the network.
     """
     library = _library.load()
     utf8 = path_bytes("read", path)
@@ -199,7 +209,7 @@ def read(path: Path) -> Network:
 
 
 def new() -> Network:
-    """Returns a network without messages, to be filled and written."""
+    """Returns an empty network. Raises LibraryError if the library cannot be loaded."""
     library = _library.load()
     with _library.lock:
         return Network(library, _start(library))

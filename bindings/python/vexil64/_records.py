@@ -1,4 +1,4 @@
-"""The records of vexil64.h, field by field and with the names that they have there."""
+"""The records of vexil64.h, with the same field names."""
 # SPDX-License-Identifier: MIT
 import ctypes
 
