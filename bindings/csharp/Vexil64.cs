@@ -1,16 +1,18 @@
-// vexil64 for C#: reads, extends and writes DBC files, the descriptions of CAN bus networks. Add this one
-// file to a program. It needs vexil64.dll or libvexil64.so, C# 6, and .NET, .NET Framework 4.5 or Mono.
+// vexil64 for C#: reads, extends and writes DBC files, and decodes and encodes frames. Add this one file to
+// a program. It needs vexil64.dll or libvexil64.so, C# 6, and .NET, .NET Framework 4.5 or Mono.
 // SPDX-License-Identifier: MIT
 //
-//  1. Network is the object layer: everything that it holds is a plain value. Records and Native are the
-//     records and the seventeen functions of vexil64.h, where their rules are described.
-//  2. The library has one database, which holds the network that was read or made last. Only that one
-//     can be extended and written.
-//  3. Network takes a lock for each use of the library. A program that calls Native itself, from several
-//     threads, needs one of its own.
-//  4. Errors. A file that cannot be read or written is a FileException with the result code. A missing
-//     library, or one of another version, is a LibraryException. A bad argument is an ArgumentException
-//     before the library is called. A value that cannot be decoded or encoded is a FrameException.
+//  1. Two layers. Network is the object layer; its messages and signals are objects that later calls do
+//     not change. Below it, Native has the seventeen functions of vexil64.h and the structs its records.
+//     The comments of vexil64.h document both.
+//  2. One database. The library has one database for the process, which holds the network that was read
+//     or created last. Only this network can be extended and written.
+//  3. Threads. Network takes a lock for each use of the library. A program that calls Native from several
+//     threads must serialise these calls itself.
+//  4. Errors. FileException: a file could not be read or written. LibraryException: the library is missing
+//     or has another version. FrameException: a value could not be decoded or encoded. ArgumentException:
+//     an argument is refused before the library is called. InvalidOperationException: the library now
+//     holds another network, or a message cannot take another signal.
 using System;
 using System.Collections.Generic;
 using System.Runtime.InteropServices;
@@ -52,7 +54,7 @@ namespace Vexil64
         public const int MaxSignalsPerMessage = 10000;
     }
 
-    // -- Records. They have the natural alignment of their fields, so they need no packing. --
+    // -- Records. Their fields are naturally aligned, as in C, so they need no packing. --
 
     [StructLayout(LayoutKind.Sequential)]
     public struct DatabaseInfo
@@ -114,7 +116,7 @@ namespace Vexil64
         [MarshalAs(UnmanagedType.ByValArray, SizeConst = Limits.LongTextSize)] public byte[] Text;
     }
 
-    // -- The seventeen functions. A bool of C# would be four bytes, so the results are bytes. --
+    // -- The seventeen functions. They return byte instead of bool, which is marshalled as four bytes. --
 
     public static class Native
     {
@@ -146,7 +148,7 @@ namespace Vexil64
         public VexilException(string message, Exception cause = null) : base(message, cause) { }
     }
 
-    // The library is missing, cannot be loaded, or is not the one that this file needs.
+    // The library is missing, cannot be loaded, or has another version than this file needs.
     public sealed class LibraryException : VexilException
     {
         public LibraryException(string message, Exception cause = null) : base(message, cause) { }
@@ -213,14 +215,15 @@ namespace Vexil64
     {
         private static readonly UTF8Encoding Strict = new UTF8Encoding(false, true);
 
-        // The text of a field: UTF-8 up to the NUL.
+        // Returns the text of a field: UTF-8 up to the NUL.
         public static string Load(byte[] field)
         {
             int end = Array.IndexOf(field, (byte)0);
             return Encoding.UTF8.GetString(field, 0, end < 0 ? field.Length : end);
         }
 
-        // A text as the bytes of a field. Throws ArgumentException with the name of the field.
+        // Returns a text as the bytes of a field. Throws ArgumentException, with the name of the field, for
+        // a text that does not fit or cannot be encoded.
         public static byte[] Store(string name, string text, int size)
         {
             if (text == null)
@@ -234,15 +237,16 @@ namespace Vexil64
             }
             catch (EncoderFallbackException)
             {
-                throw new ArgumentException("the text has a character without a UTF-8 form", name);
+                throw new ArgumentException("the text has a character that UTF-8 cannot encode", name);
             }
             if (bytes.Length >= size)
-                throw new ArgumentException("the text has " + bytes.Length + " bytes, at most " + (size - 1) + " are possible", name);
+                throw new ArgumentException("the text has " + bytes.Length + " bytes; the maximum is " + (size - 1), name);
             Array.Resize(ref bytes, size);
             return bytes;
         }
 
-        // A path as the library takes it, with its NUL. Throws FileException.
+        // Returns a path as UTF-8 with its NUL. Throws FileException for a path that the library would refuse
+        // or cut.
         internal static byte[] StorePath(string action, string path)
         {
             if (path == null)
@@ -264,22 +268,22 @@ namespace Vexil64
         }
     }
 
-    // -- What a network is made of: values that do not change --
+    // -- Messages, signals and refused statements --
 
-    // A statement that could not be read.
+    // A BO_ or SG_ statement that the library refused; see ParseError in vexil64.h.
     public sealed class StatementError
     {
         public StatementError(ParseError record)
         {
             Line = record.Line;
             Step = record.Code;
-            // The text lacks its last byte, which may be a part of a character.
+            // The last byte of the statement is missing in the text, so its last character may be cut.
             Text = Vexil64.Text.Load(record.Text).TrimEnd('\uFFFD');
         }
 
         public uint Line { get; }
         public Step Step { get; }
-        public string Text { get; }             // the front of the statement
+        public string Text { get; }             // at most 254 bytes of the statement
         public string FirstLine { get { return Text.Split('\n')[0]; } }
     }
 
@@ -317,7 +321,7 @@ namespace Vexil64
         public string LongName { get; }
         public string Unit { get; }
         public string AsciiUnit { get; }
-        public string Receivers { get; }        // with commas between them
+        public string Receivers { get; }        // separated by commas
         public string Comment { get; }
         public Multiplex MultiplexType { get; }
         public uint MultiplexValue { get; }
@@ -352,31 +356,31 @@ namespace Vexil64
             CycleTime = record.CycleTime;
         }
 
-        public uint Id { get; }                 // bit 31 marks an extended frame
+        public uint Id { get; }                 // bit 31 is set for extended ids
         public uint FrameId { get { return Id & 0x7FFFFFFF; } }
         public bool IsExtended { get { return Id >> 31 != 0; } }
         public string Name { get; }
         public string LongName { get; }
-        public uint Dlc { get; }                // size in bytes
+        public uint Dlc { get; }                // payload size in bytes
         public string Transmitter { get; }
         public string Comment { get; }
         public string SendType { get; }
-        public int CycleTime { get; }           // milliseconds
+        public int CycleTime { get; }           // by custom in milliseconds
         public IReadOnlyList<Signal> Signals { get { return signals; } }
 
-        // The multiplexer, or null.
+        // The first multiplexer, or null if there is none.
         public Signal Selector { get { return signals.Find(s => s.MultiplexType == Multiplex.Selector); } }
 
-        // The first signal of a name, or null.
+        // Returns the first signal with a name, or null if there is none.
         public Signal FindSignal(string name) { return signals.Find(s => s.Name == name); }
     }
 
-    // -- What is added to a network --
+    // -- Messages and signals to append. The library makes the names from the long names. --
 
     public sealed class NewMessage
     {
         public uint Id { get; set; }
-        public string LongName { get; set; } = "";      // the name is made from it
+        public string LongName { get; set; } = "";
         public uint Dlc { get; set; }
         public string Transmitter { get; set; } = "";
         public string Comment { get; set; } = "";
@@ -396,9 +400,9 @@ namespace Vexil64
 
     public sealed class NewSignal
     {
-        public string LongName { get; set; } = "";      // the name is made from it
+        public string LongName { get; set; } = "";
         public string Unit { get; set; } = "";
-        public string Receivers { get; set; } = "";     // with commas between them
+        public string Receivers { get; set; } = "";     // separated by commas
         public string Comment { get; set; } = "";
         public Multiplex MultiplexType { get; set; }
         public uint MultiplexValue { get; set; }
@@ -415,9 +419,9 @@ namespace Vexil64
 
         internal CanSignalRecord Record()
         {
-            // The library would take them as signed integers.
+            // The library would change the type of such a signal to signed.
             if ((ValueType == ValueType.Float32 && BitLength != 32) || (ValueType == ValueType.Float64 && BitLength != 64))
-                throw new ArgumentException("a " + ValueType + " signal has another length", "BitLength");
+                throw new ArgumentException("a " + ValueType + " signal must have " + (ValueType == ValueType.Float32 ? 32 : 64) + " bits", "BitLength");
             return new CanSignalRecord
             {
                 LongName = Text.Store("LongName", LongName, Limits.LongTextSize),
@@ -448,13 +452,14 @@ namespace Vexil64
 
         private const ulong InfoSize = 8;
         private static readonly object Gate = new object();
-        private static bool isChecked;          // the library is there, and has the right version
-        private static Network current;         // the one that the database of the library holds
+        private static bool isChecked;          // the library was loaded and has the right version
+        private static Network current;         // the network in the database of the library
 
         private readonly List<Message> messages = new List<Message>();
         private readonly List<StatementError> errors = new List<StatementError>();
 
-        // Reads a file. Statements that cannot be read do not fail a read: they are in Errors.
+        // Reads a file and returns its network. Throws FileException if the file cannot be read. Refused BO_
+        // and SG_ statements do not make a read fail: they are in Errors.
         public static Network Read(string path)
         {
             byte[] bytes = Text.StorePath("read", path);
@@ -468,7 +473,7 @@ namespace Vexil64
             }
         }
 
-        // Returns a network without messages, to be filled and written.
+        // Returns an empty network.
         public static Network New()
         {
             lock (Gate)
@@ -483,7 +488,7 @@ namespace Vexil64
         public Protocol ProtocolType { get; set; }
         public Bus BusType { get; set; }
 
-        // The first message with an id or a name, or null.
+        // Returns the first message with an id or a name, or null if there is none.
         public Message FindMessage(uint id) { return messages.Find(m => m.Id == id); }
         public Message FindMessage(string name) { return messages.Find(m => m.Name == name); }
 
@@ -513,14 +518,15 @@ namespace Vexil64
                 CheckCurrent();
                 CheckOwned(message);
                 if (message.signals.Count >= Limits.MaxSignalsPerMessage)
-                    throw new InvalidOperationException(message.Name + " has " + Limits.MaxSignalsPerMessage + " signals already");
+                    throw new InvalidOperationException(message.Name + " already has " + Limits.MaxSignalsPerMessage + " signals");
                 Expect(Native.VexilAppendCanSignalToCanMessage(message.position, ref record));
                 message.signals.Add(FetchSignal(message, (uint)message.signals.Count));
                 return message.signals[message.signals.Count - 1];
             }
         }
 
-        // Describes a raw value of a signal. A value that is described already gets both texts.
+        // Adds a value description to a signal. If the value already has a description, the text is added to
+        // it after " - ".
         public void Append(Signal signal, int value, string text)
         {
             if (signal == null)
@@ -535,8 +541,8 @@ namespace Vexil64
             }
         }
 
-        // Writes the network to a file. Signals of one message that share a name get a numbered suffix, for
-        // which new objects replace their message and its signals in Messages.
+        // Writes the network to a file. Throws FileException if that fails. Signals of one message that share
+        // a name get a numbered suffix; in Messages, a new Message with new signals then replaces this one.
         public void Write(string path, Order order = Order.AsStored)
         {
             byte[] bytes = Text.StorePath("write", path);
@@ -547,14 +553,14 @@ namespace Vexil64
                 Native.VexilSetDatabaseInfo(ref info, InfoSize);
                 ResultCode code;
                 byte success = Native.VexilWriteDbcFile(bytes, (uint)bytes.Length, order, out code);
-                // The last line of a file that failed is a success with another code.
+                // If only the last line could not be written, the call succeeds with StreamError.
                 if (success == 0 || code != ResultCode.Closed)
                     throw new FileException("write", path, code);
                 TakeNewNames();
             }
         }
 
-        // Takes what the database holds.
+        // Copies the content of the database.
         private Network()
         {
             DatabaseInfo info;
@@ -568,7 +574,7 @@ namespace Vexil64
                 errors.Add(new StatementError(record));
         }
 
-        // Empties the database. The bus type would otherwise outlive the network before.
+        // Clears the database. A clear keeps the bus type, so it is set to that of an empty network.
         private static void Start()
         {
             if (!isChecked)
@@ -589,24 +595,24 @@ namespace Vexil64
             }
             catch (DllNotFoundException error)
             {
-                throw new LibraryException("the vexil64 library was not found. Put vexil64.dll or libvexil64.so beside the program, or install it. " + error.Message, error);
+                throw new LibraryException("the vexil64 library was not found. Put vexil64.dll or libvexil64.so into the folder of the program, or install it. " + error.Message, error);
             }
             catch (BadImageFormatException error)
             {
-                throw new LibraryException("the vexil64 library is of 64 bits, and this program is not, or its file is damaged", error);
+                throw new LibraryException("the vexil64 library needs a 64-bit process, and this process is not, or the file of the library is damaged", error);
             }
             catch (EntryPointNotFoundException error)
             {
                 throw new LibraryException("the library that was found is not vexil64: it has no VexilGetLibraryVersion", error);
             }
             if (version != LibraryVersion)
-                throw new LibraryException("the library is vexil64 " + version + ", and this program needs vexil64 " + LibraryVersion);
+                throw new LibraryException("the library is vexil64 " + version + ", but this program needs vexil64 " + LibraryVersion);
         }
 
         private void CheckCurrent()
         {
             if (current != this)
-                throw new InvalidOperationException("the library holds another network by now; read or make this one again");
+                throw new InvalidOperationException("the library now holds another network; read or create this network again");
         }
 
         private void CheckOwned(Message message)
@@ -614,14 +620,15 @@ namespace Vexil64
             if (message == null)
                 throw new ArgumentNullException("message");
             if (message.position >= messages.Count || messages[(int)message.position] != message)
-                throw new ArgumentException(message.Name + " is not of this network", "message");
+                throw new ArgumentException(message.Name + " is not part of this network", "message");
         }
 
-        // The arguments were checked, so a call can only fail where Native was used to change the database.
+        // The arguments were checked, so a call fails only if code that does not use Network changed the
+        // database.
         private static void Expect(byte success)
         {
             if (success == 0)
-                throw new InvalidOperationException("the database of the library was changed by others");
+                throw new InvalidOperationException("other code of this process changed the database of the library");
         }
 
         private static Message FetchMessage(uint index)
@@ -652,7 +659,7 @@ namespace Vexil64
             for (uint e = 0; e < count; ++e)
             {
                 CanEnumRecord record;
-                // Fails for a text that cannot be cut at a character, and the next one may be sound.
+                // Not an error: a text that cannot be cut at a character fails alone.
                 if (Native.VexilGetCanSignalEnumData(signal.message.position, signal.position, e, out record) != 0)
                     signal.descriptions[record.Value] = Text.Load(record.Text);
             }
@@ -675,24 +682,24 @@ namespace Vexil64
         }
     }
 
-    // -- The value of a signal in the bytes of a frame, and back: the rules of vexil64_frame.h. A function
-    // -- that throws changes no byte of the frame.
+    // -- Frames. Decodes and encodes values by the rules of vexil64_frame.h. A function that throws does not
+    // -- change the frame.
 
     public static class Frame
     {
-        // The physical value of a signal.
+        // Decodes the physical value of a signal. Treats every signal as present: see IsPresent.
         public static double Decode(Signal signal, byte[] data)
         {
             return RawToValue(signal, DecodeRaw(signal, data));
         }
 
-        // Stores a physical value. No bit outside the signal changes.
+        // Encodes a physical value. Bits outside the signal do not change.
         public static void Encode(Signal signal, double value, byte[] data)
         {
             EncodeRaw(signal, ValueToRaw(signal, value), data);
         }
 
-        // The physical values of the signals that are present in a frame, by name.
+        // Decodes the physical values of the signals that are present in a frame, by name.
         public static Dictionary<string, double> Decode(Message message, byte[] data)
         {
             if (message == null)
@@ -707,8 +714,8 @@ namespace Vexil64
             return values;
         }
 
-        // The raw value. That of a signed signal is extended with its sign, so that the cast to long gives
-        // its number; that of a floating-point signal is its bit pattern.
+        // Decodes the raw value of a signal. The raw value of a signed signal is sign-extended to 64 bits, so
+        // a cast to long gives the number. The raw value of a floating-point signal is its bit pattern.
         public static ulong DecodeRaw(Signal signal, byte[] data)
         {
             CheckLayout(signal);
@@ -725,7 +732,7 @@ namespace Vexil64
             return ExtendSign(signal, bits & Mask(signal.BitLength));
         }
 
-        // Stores a raw value. No bit outside the signal changes.
+        // Encodes a raw value. Bits outside the signal do not change.
         public static void EncodeRaw(Signal signal, ulong raw, byte[] data)
         {
             CheckLayout(signal);
@@ -746,6 +753,7 @@ namespace Vexil64
             }
         }
 
+        // Converts a raw value into a physical value.
         public static double RawToValue(Signal signal, ulong raw)
         {
             CheckLayout(signal);
@@ -758,7 +766,7 @@ namespace Vexil64
             return value;
         }
 
-        // The raw value that is nearest to a physical value.
+        // Converts a physical value into the nearest raw value; halfway cases away from zero.
         public static ulong ValueToRaw(Signal signal, double value)
         {
             CheckLayout(signal);
@@ -778,11 +786,12 @@ namespace Vexil64
             bool isSigned = signal.ValueType == ValueType.Signed;
             if (!(number >= (isSigned ? -half : 0) && number < (isSigned ? half : half * 2)))
                 throw new FrameException(signal.Name, FrameResult.OutOfRange);
-            // The lower half of the numbers is also that of a long.
+            // Converted through long, because the number can be negative. From 2^63 on, the top bit is added.
             return unchecked(number < TwoTo63 ? (ulong)(long)number : (ulong)(long)(number - TwoTo63) + (1UL << 63));
         }
 
-        // Whether a signal is present in a frame. The selector is the multiplexer of its message.
+        // Returns whether a signal is present in a frame. The selector is the multiplexer of the same message.
+        // Throws FrameException if it is missing or cannot be decoded.
         public static bool IsPresent(Signal signal, Signal selector, byte[] data)
         {
             if (signal == null)
@@ -797,7 +806,8 @@ namespace Vexil64
             return (raw & Mask(selector.BitLength)) == signal.MultiplexValue;
         }
 
-        // Whether a physical value is between minimum and maximum, which are no limits if both are 0.
+        // Returns whether a physical value is within minimum and maximum; true if both are 0. A value may
+        // exceed a limit by the rounding error of encoding.
         public static bool IsWithinLimits(Signal signal, double value)
         {
             if (signal == null)
@@ -833,7 +843,7 @@ namespace Vexil64
                 throw new FrameException(signal.Name, FrameResult.TooShort);
         }
 
-        // The least significant bit of a signal, as a number of the frame.
+        // Returns the number of the least significant bit of a signal.
         private static long LowestBit(Signal signal)
         {
             long start = signal.StartBit;
@@ -855,12 +865,12 @@ namespace Vexil64
                 case ValueType.Float32: return BitConverter.ToSingle(BitConverter.GetBytes(unchecked((uint)raw)), 0);
                 case ValueType.Float64: return BitConverter.Int64BitsToDouble(unchecked((long)raw));
                 case ValueType.Signed: return unchecked((long)raw);
-                // In two exact halves, since old runtimes round the conversion of an ulong twice.
+                // Converted in two exact halves, because old runtimes round twice when they convert a ulong.
                 default: return (raw >> 32) * 4294967296.0 + unchecked((uint)raw);
             }
         }
 
-        // Rounds to the nearest integer, and away from zero from the middle between two.
+        // Rounds to the nearest integer, and halfway cases away from zero.
         private static double Round(double number)
         {
             if (!(Math.Abs(number) < 4503599627370496.0))
@@ -871,7 +881,7 @@ namespace Vexil64
             return integer - number >= 0.5 ? integer - 1 : integer;
         }
 
-        // By how much encoding may move a value beyond a limit.
+        // Returns how far rounding can move an encoded value beyond a limit.
         private static double Slack(Signal signal, double limit)
         {
             if (signal.ValueType == ValueType.Float64)

@@ -1,4 +1,4 @@
-// Values in the bytes of a frame: the answers of vexil64_frame.h.
+// Decoding and encoding give the results of vexil64_frame.h.
 // SPDX-License-Identifier: MIT
 using System;
 using System.Collections.Generic;
@@ -19,21 +19,21 @@ static class FrameTests
         public byte[] Data;
     }
 
-    public static void AnswersWhatTheHeaderAnswers()
+    public static void GivesTheSameResultsAsTheHeader()
     {
         var random = new Random(64);
         List<Case> cases = Enumerable.Range(0, Cases).Select(i => AnyCase(random)).ToList();
         string questions = string.Join("", cases.Select(c => Question(c) + "\n"));
         string[] expected = Runner.Output(Runner.FrameAnswers, questions).Split(new[] { '\n' }, StringSplitOptions.RemoveEmptyEntries);
         Expect.Equal(Cases, expected.Length);
-        // Each result must be among the cases, or they compare too little.
+        // The random cases must produce every result.
         var results = expected.SelectMany(line => line.Split(' ').Take(7)).Select(part => part.Split(':')[0]).Distinct().OrderBy(r => r);
         Expect.Equal("0 2 3 4 5 6", string.Join(" ", results));
         for (int i = 0; i < Cases; ++i)
             Expect.Equal(Question(cases[i]) + " " + expected[i], Question(cases[i]) + " " + Answer(cases[i]));
     }
 
-    public static void RawValuesOfSignedSignalsAreExtended()
+    public static void RawValuesOfSignedSignalsAreSignExtended()
     {
         var signal = Blank(new CanSignalRecord { BitLength = 4, ByteOrder = ByteOrder.LittleEndian, ValueType = Vexil64.ValueType.Signed, Factor = 1 });
         Expect.Equal(-1L, (long)Frame.DecodeRaw(signal, new byte[] { 0xFF }));
@@ -94,7 +94,7 @@ static class FrameTests
 
     static T OneOf<T>(Random random, params T[] choices) { return choices[random.Next(choices.Length)]; }
 
-    // Most of the parts of a case are valid together.
+    // A random case. Most combinations are valid.
     static Case AnyCase(Random random)
     {
         int size = OneOf(random, 1, 2, 3, 8, 8, 8, 12, 64);
@@ -158,7 +158,7 @@ static class FrameTests
         return Hex(data);
     }
 
-    // Answers as frame_answers.c does.
+    // Returns the line that frame_answers.c prints for a case.
     static string Answer(Case c)
     {
         var selector = Blank(new CanSignalRecord { MultiplexType = Multiplex.Selector, BitLength = 8, ByteOrder = ByteOrder.LittleEndian });

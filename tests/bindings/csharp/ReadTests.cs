@@ -1,4 +1,4 @@
-// Reading a file gives plain values.
+// Reading: networks as objects, and errors.
 // SPDX-License-Identifier: MIT
 using System;
 using System.IO;
@@ -28,7 +28,7 @@ static class ReadTests
         Expect.Equal("\u00B0C _C B,C", s.Unit + " " + s.AsciiUnit + " " + s.Receivers);
     }
 
-    public static void ExtendedFramesHaveTheirMark()
+    public static void AnExtendedIdIsSplitIntoFrameIdAndFlag()
     {
         Network network = Network.Read(Written("BO_ 2147483649 X: 8 A\nBO_ 5 Y: 8 A\n"));
         Expect.Equal("2147483649 1 True, 5 5 False", string.Join(", ", network.Messages.Select(m => m.Id + " " + m.FrameId + " " + m.IsExtended)));
@@ -40,7 +40,7 @@ static class ReadTests
             string.Join(", ", Roof().Errors.Select(e => e.Line + " " + e.Step + " " + e.FirstLine)));
     }
 
-    public static void TheBusOfOneFileDoesNotReachTheNext()
+    public static void AReadResetsTheBusType()
     {
         Network network = Network.Read(Written("BA_DEF_ \"BusType\" STRING ;\nBA_ \"BusType\" \"CAN FD\";\nBA_DEF_ \"J1939PGN\" INT 0 1;\nBA_ \"J1939PGN\" 1;\n"));
         Expect.Equal("CanFd J1939", network.BusType + " " + network.ProtocolType);
@@ -57,14 +57,14 @@ static class ReadTests
         Expect.Equal(null, roof.Messages[0].FindSignal("Move"));
     }
 
-    public static void KeepsANetworkAfterTheNextRead()
+    public static void ALaterReadDoesNotChangeANetwork()
     {
         Network roof = Roof();
         Network.Read(Path.Combine(Runner.Samples, "powertrain.dbc"));
         Expect.Equal("DoorStatus, RoofCommand", string.Join(", ", roof.Messages.Select(m => m.Name)));
     }
 
-    public static void TakesAPathOfAnyCharacters()
+    public static void TakesAPathWithNonAsciiCharacters()
     {
         Expect.Equal("M", Network.Read(Written("BO_ 1 M: 8 A\n", "\u2603 \U0001F4A9.dbc")).Messages[0].Name);
     }
@@ -85,7 +85,7 @@ static class ReadTests
         Expect.Throws<ArgumentNullException>("", () => Network.Read(null));
     }
 
-    public static void ThreadsDoNotDisturbEachOther()
+    public static void ConcurrentReadsGiveTheRightNetworks()
     {
         int wrong = 0;
         var threads = Enumerable.Range(0, 4).Select(i => new Thread(() =>

@@ -1,4 +1,4 @@
-// The records agree with those of the C compiler, and pass both ways without a change.
+// The records have the layout of the C compiler, and the library reads and fills them correctly.
 // SPDX-License-Identifier: MIT
 using System;
 using System.IO;
@@ -10,17 +10,17 @@ using Vexil64;
 
 static class RecordTests
 {
-    public static void HaveTheLayoutOfTheContract()
+    public static void HaveTheDocumentedLayout()
     {
         Expect.Equal(File.ReadAllText(Runner.LayoutFile), Layout());
     }
 
-    public static void HaveTheLayoutThatTheCCompilerReports()
+    public static void HaveTheLayoutOfTheCCompiler()
     {
         Expect.Equal(Runner.Output(Runner.RecordLayout), Layout());
     }
 
-    public static void ThereIsADeclarationOfEachFunction()
+    public static void EveryExportedFunctionIsDeclared()
     {
         string exports = Path.Combine(Path.GetDirectoryName(Runner.LayoutFile), "exports.txt");
         string[] expected = File.ReadAllText(exports).Split(new[] { '\n', ' ' }, StringSplitOptions.RemoveEmptyEntries);
@@ -31,7 +31,7 @@ static class RecordTests
         Expect.Sequence(expected, declared);
     }
 
-    public static void ASentinelRecordOfEachKindComesBackFromTheLibrary()
+    public static void RecordsPassThroughTheLibraryUnchanged()
     {
         Native.VexilClearData();
         var message = Filled<CanMessageRecord>(0);
@@ -48,7 +48,7 @@ static class RecordTests
         Expect.Equal(1, Native.VexilGetCanMessageData(0, out gotMessage));
         Expect.Equal(1, Native.VexilGetCanSignalData(0, 0, out gotSignal));
         Expect.Equal(1, Native.VexilGetCanSignalEnumData(0, 0, 0, out gotDescription));
-        // The fields that the library makes itself.
+        // These fields are set by the library.
         Expect.Equal(Text.Load(message.LongName).Substring(0, 32), Text.Load(gotMessage.Name));
         Expect.Equal(1UL, gotMessage.SignalCount);
         Expect.Equal(Text.Load(signal.LongName).Substring(0, 32), Text.Load(gotSignal.Name));
@@ -108,7 +108,7 @@ static class RecordTests
         return Marshal.SizeOf(field.FieldType.IsEnum ? Enum.GetUnderlyingType(field.FieldType) : field.FieldType);
     }
 
-    // A record with a letter of its own in each byte; texts end with a NUL.
+    // Returns a record filled with a byte pattern. Each text ends with a NUL.
     static T Filled<T>(int start) where T : struct
     {
         int size = Marshal.SizeOf(typeof(T));

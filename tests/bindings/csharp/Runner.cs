@@ -1,10 +1,10 @@
-// Runs the tests of Vexil64.cs: all public static methods of the classes below, each with a name that
-// says the behaviour. Prints the failures; the exit code is 1 if there are any. Without arguments it
-// only loads the library, and prints why it cannot.
+// Runs the tests of Vexil64.cs: all public static methods of the test classes. Prints the failures; the
+// exit code is 1 if there are any. Without arguments, only loads the library and prints the error.
 //   tests.exe RECORD_LAYOUT FRAME_ANSWERS LAYOUT_FILE SAMPLES WORK
-//     RECORD_LAYOUT, FRAME_ANSWERS  the programs in C to compare with
+//     RECORD_LAYOUT, FRAME_ANSWERS  C programs, whose output is compared with that of the binding
 //     LAYOUT_FILE                   record_layout.txt
-//     SAMPLES, WORK                 the folder of the samples, and one to write to
+//     SAMPLES                       the folder of the samples
+//     WORK                          a folder for written files
 // SPDX-License-Identifier: MIT
 using System;
 using System.Diagnostics;
@@ -59,13 +59,13 @@ static class Runner
         }
     }
 
-    // Runs a program; returns what it printed.
+    // Runs a program and returns its output.
     public static string Output(string program, string input = "")
     {
         var start = new ProcessStartInfo(program) { UseShellExecute = false, RedirectStandardInput = true, RedirectStandardOutput = true };
         using (Process process = Process.Start(start))
         {
-            // Both at once: either side may wait for the other to take what it has printed.
+            // Writes and reads at the same time: with a full pipe, each side waits for the other to read.
             var output = process.StandardOutput.ReadToEndAsync();
             process.StandardInput.Write(input);
             process.StandardInput.Close();
@@ -99,7 +99,7 @@ static class Expect
         }
         catch (T error)
         {
-            // Runtimes add the name of the parameter, each in its own form.
+            // Not the whole message: runtimes append the parameter name in different forms.
             if (!error.Message.StartsWith(message))
                 throw new Exception("expected the message <" + message + ">, got <" + error.Message + ">");
             return error;

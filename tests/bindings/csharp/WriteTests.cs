@@ -1,4 +1,4 @@
-// Networks that are made or extended, and written.
+// Appending to networks and writing them.
 // SPDX-License-Identifier: MIT
 using System;
 using System.IO;
@@ -63,7 +63,7 @@ static class WriteTests
         }
     }
 
-    public static void AWriteShowsTheNamesThatItChanged()
+    public static void AWriteUpdatesTheNamesOfRenamedSignals()
     {
         Network network = Network.New();
         Message message = network.Append(new NewMessage { Id = 1, LongName = "M" });
@@ -87,11 +87,11 @@ static class WriteTests
             Expect.Equal(ResultCode.StreamError, Expect.Throws<FileException>("cannot write", () => network.Write("/dev/full")).Code);
     }
 
-    public static void AnOlderNetworkIsRefused()
+    public static void AStaleNetworkIsRefused()
     {
         Network roof = ReadTests.Roof();
         Network.New();
-        const string reason = "the library holds another network by now";
+        const string reason = "the library now holds another network";
         Expect.Throws<InvalidOperationException>(reason, () => roof.Write(File));
         Expect.Throws<InvalidOperationException>(reason, () => roof.Append(new NewMessage { LongName = "M" }));
         Expect.Throws<InvalidOperationException>(reason, () => roof.Append(roof.Messages[0], new NewSignal { BitLength = 1 }));
@@ -102,11 +102,11 @@ static class WriteTests
     {
         Message message = ReadTests.Roof().Messages[0];
         Network again = ReadTests.Roof();
-        Expect.Throws<ArgumentException>("DoorStatus is not of this network", () => again.Append(message, new NewSignal { BitLength = 1 }));
-        Expect.Throws<ArgumentException>("DoorStatus is not of this network", () => again.Append(message.Signals[0], 1, "one"));
+        Expect.Throws<ArgumentException>("DoorStatus is not part of this network", () => again.Append(message, new NewSignal { BitLength = 1 }));
+        Expect.Throws<ArgumentException>("DoorStatus is not part of this network", () => again.Append(message.Signals[0], 1, "one"));
     }
 
-    public static void TheLongestTextsAreTaken()
+    public static void TextsOfTheMaximumSizeAreAccepted()
     {
         Message message = Network.New().Append(new NewMessage { LongName = new string('x', 255), Transmitter = new string('y', 32), Comment = new string('\u00E4', 127) });
         Expect.Equal("255 32 127", message.LongName.Length + " " + message.Transmitter.Length + " " + message.Comment.Length);
@@ -118,10 +118,10 @@ static class WriteTests
         foreach (var row in new[]
         {
             new { Message = new NewMessage { LongName = "a\0b" }, Reason = "the text contains a NUL" },
-            new { Message = new NewMessage { LongName = new string('x', 256) }, Reason = "the text has 256 bytes, at most 255 are possible" },
-            new { Message = new NewMessage { Comment = new string('\u00E4', 128) }, Reason = "the text has 256 bytes, at most 255 are possible" },
-            new { Message = new NewMessage { Transmitter = new string('x', 33) }, Reason = "the text has 33 bytes, at most 32 are possible" },
-            new { Message = new NewMessage { Comment = "\uD800" }, Reason = "the text has a character without a UTF-8 form" },
+            new { Message = new NewMessage { LongName = new string('x', 256) }, Reason = "the text has 256 bytes; the maximum is 255" },
+            new { Message = new NewMessage { Comment = new string('\u00E4', 128) }, Reason = "the text has 256 bytes; the maximum is 255" },
+            new { Message = new NewMessage { Transmitter = new string('x', 33) }, Reason = "the text has 33 bytes; the maximum is 32" },
+            new { Message = new NewMessage { Comment = "\uD800" }, Reason = "the text has a character that UTF-8 cannot encode" },
             new { Message = new NewMessage { Comment = null }, Reason = "" },
             new { Message = (NewMessage)null, Reason = "" }
         })
@@ -136,8 +136,8 @@ static class WriteTests
         Network network = Network.New();
         Message message = network.Append(new NewMessage { LongName = "M" });
         Expect.Throws<ArgumentException>("the text has 33 bytes", () => network.Append(message, new NewSignal { BitLength = 1, Unit = new string('x', 33) }));
-        Expect.Throws<ArgumentException>("a Float32 signal has another length", () => network.Append(message, new NewSignal { BitLength = 31, ValueType = Vexil64.ValueType.Float32 }));
-        Expect.Throws<ArgumentException>("a Float64 signal has another length", () => network.Append(message, new NewSignal { BitLength = 32, ValueType = Vexil64.ValueType.Float64 }));
+        Expect.Throws<ArgumentException>("a Float32 signal must have 32 bits", () => network.Append(message, new NewSignal { BitLength = 31, ValueType = Vexil64.ValueType.Float32 }));
+        Expect.Throws<ArgumentException>("a Float64 signal must have 64 bits", () => network.Append(message, new NewSignal { BitLength = 32, ValueType = Vexil64.ValueType.Float64 }));
         Expect.Throws<ArgumentNullException>("", () => network.Append((Message)null, new NewSignal()));
         Expect.Equal(0, message.Signals.Count);
         Signal signal = network.Append(message, new NewSignal { LongName = "S", BitLength = 1 });
@@ -153,7 +153,7 @@ static class WriteTests
         Message message = network.Append(new NewMessage { LongName = "M" });
         for (int i = 0; i < Limits.MaxSignalsPerMessage; ++i)
             network.Append(message, new NewSignal { LongName = "S" + i, BitLength = 1 });
-        Expect.Throws<InvalidOperationException>("M has 10000 signals already", () => network.Append(message, new NewSignal { LongName = "S", BitLength = 1 }));
+        Expect.Throws<InvalidOperationException>("M already has 10000 signals", () => network.Append(message, new NewSignal { LongName = "S", BitLength = 1 }));
         Expect.Equal(10000, message.Signals.Count);
     }
 }
