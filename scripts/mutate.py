@@ -1,31 +1,30 @@
-"""Makes mutants of the sources and counts those that the tests kill. scripts/mutate calls this.
+"""Makes mutants of src and counts those that the tests kill. scripts/mutate calls this script.
 
 A mutant differs from src in one place:
-  - a comparison turned: < and <=, > and >=, == and !=
-  - a constant moved by one: a number up or down, a character up; true and false exchanged
-  - an operator exchanged: && and ||, + and -, * and /, & and |, << and >>, ++ and --, and those
-    with an assignment; a "!" left out
-  - a condition without any of these, or a value that is returned, negated
-  - a statement left out: an expression, such as a call, a reset or a clear, or a jump
-  - two neighbouring arguments of a call, or elements of a list in braces, exchanged
-  - a return moved up: over the statement before it (if that is a condition, a loop or a
-    declaration; of others it is the same as leaving them out), over the two before it, or to the
-    start of its block. The end of a function counts as a return.
+  - a comparison is changed: < and <=, > and >=, == and !=
+  - a constant is changed: a number by one up or down, a character by one up; true and false
+  - an operator is changed: && and ||, + and -, * and /, & and |, << and >>, ++ and --, and the
+    corresponding assignments; a "!" is removed
+  - a condition without any of these, or a returned value, is negated
+  - a statement is removed: an expression, such as a call, or a jump
+  - two adjacent arguments of a call, or elements of a braced list, are exchanged
+  - a return is moved up: before the preceding statement (if that is a condition, a loop or a
+    declaration; otherwise this equals removing it), before the two preceding ones, or to the start
+    of its block. The end of a function counts as a return.
 
-No mutants are made of what only declares: includes and all else of the preprocessor,
-static_assert, enumerations, template arguments such as the size of an array. Nor of what has no
-effect that a test could see: rooms set aside beforehand (reserve, Reserve, constants named
-Ordinary... or ...Reserve), arguments of std::min and std::max exchanged, and what is compiled on
-another system only.
+Declarations are not mutated: preprocessor directives, static_assert, enumerations and template
+arguments. Neither is code whose effect no test can observe: reserved capacity (reserve, Reserve,
+constants named Ordinary... or ...Reserve), the order of the arguments of std::min and std::max, and
+code for other systems.
 
-A mutant is compiled and linked aside, from a copy of its one file, and the test programs run until
-one fails, that of the changed folder first, or for a header those that are linked soonest. A test
-program that fails, crashes or takes more than ten times its time kills it. A mutant that does not
-compile, or of which the optimising compiler makes the very same program, is not counted; when
-mutants are drawn, another takes its place.
+A mutant is compiled and linked in a folder of its own, from a copy of the changed file. Then the test
+programs run until one fails: first the program of the changed folder, for a header the programs that
+are linked first. A test program that fails, crashes or exceeds ten times its usual time kills the
+mutant. Mutants that do not compile, and equivalent mutants, for which the optimising compiler
+produces the same program, are not counted; in a random selection, others replace them.
 
-The result of each mutant is a line of standard error, and of build/mutate/mutants.txt. Standard
-output gets the survivors and the share of the killed.
+The result of each mutant is a line on standard error and in build/mutate/mutants.txt. Standard output
+has the survivors and the share of killed mutants.
 """
 import collections
 import json
@@ -44,24 +43,24 @@ import time
 
 Workers = 2
 NeededShare = 97  # per cent
-CpuFactor = 10    # a mutant may take so many times the processor time of the unchanged program
-LeastCpu = 5      # seconds, for programs that hardly take any
-WallFactor = 20   # for those that sleep or wait, on top of the processor time allowed
+CpuFactor = 10    # limit of the processor time, as a multiple of that of the unchanged program
+LeastCpu = 5      # the lowest limit in seconds, for fast programs
+WallFactor = 20   # limit of the elapsed time, as a multiple of the limit of the processor time
 MemoryLimit = 4 << 30
 FileLimit = 1 << 30
 
-# In the order in which they run behind the program of the mutant's own folder.
+# In the order in which they run, after the program of the folder of the mutant.
 Programs = ["read_tests", "write_tests", "attributes_tests", "frame_tests", "text_tests",
             "golden_tests", "api_tests", "docs_tests", "property_tests", "fault_tests"]
 Library = "libvexil64.so"
 
-# What may become of a mutant that is not killed.
+# Results of mutants that are not killed.
 Survived = "survived"
 NotCompiled = "does not compile"
 SameProgram = "the same program"
 
 
-# ---- Making mutants
+# ---- Mutants
 
 class Token(collections.namedtuple("Token", "kind text start end")):
     pass
@@ -93,7 +92,7 @@ NoCall = {"if", "for", "while", "switch", "catch", "return", "sizeof", "alignof"
           "decltype", "noexcept", "operator", "static_assert"}
 AnyOrder = {"min", "max"}  # functions whose arguments may be exchanged
 
-# Lines that only set room aside, and an if for nothing else.
+# Lines that only reserve capacity, and an if that does nothing else.
 RoomOnly = re.compile(
     r".*\b[rR]eserve\(|.*\b(Ordinary\w+|\w+Reserve) =| *if \(.*\) \{\n.*\breserve\(.*\n *\}\n")
 
@@ -144,9 +143,9 @@ class File:
         return 0 <= at < len(self.tokens) and self.tokens[at].text in texts
 
     def match_brackets(self):
-        """Finds the partner of each bracket, and what stands inside functions."""
+        """Finds the partner of each bracket, and the tokens inside functions."""
         stack = []
-        header = 0  # where the declaration in front of a brace began
+        header = 0  # start of the declaration before a brace
         for at, token in enumerate(self.tokens):
             self.in_function.append(any(inside for _, inside in stack))
             self.in_braces.append(bool(stack) and self.is_text(stack[-1][0], "{"))
@@ -170,7 +169,7 @@ class File:
                 header = at + 1
 
     def mark_initialisers(self, header, brace):
-        """Counts the initialisers of a constructor to its function."""
+        """Treats the initialisers of a constructor as a part of its function."""
         at = header
         while at < brace:
             if self.is_text(at, ":") and self.is_text(at - 1, ")", "noexcept"):
@@ -219,7 +218,7 @@ class File:
         self.add(at, at, replacement, f"{self.tokens[at].text} to {replacement}")
 
     def is_binary(self, at):
-        """Whether a sign stands between two operands: the form of the code sets it off by blanks."""
+        """Whether a sign is a binary operator: the formatter puts blanks around those."""
         token = self.tokens[at]
         return self.text[token.start - 1].isspace() and self.text[token.end].isspace()
 
@@ -269,7 +268,7 @@ class File:
         if token.text == "return" and end - at > 2 and not self.is_text(at + 1, "{"):
             self.negate(at + 1, end - 1, "returned value negated")
         elif self.is_expression_statement(at, end):
-            # The semicolon stays, for what stands in front of the statement may want one.
+            # Keeps the semicolon, which the code before the statement can require, such as an if.
             self.add(at, end - 1, "", f"\"{self.brief(at, end)}\" left out")
 
     def mutate_arguments(self, at):
@@ -292,7 +291,7 @@ class File:
                          f"\"{self.brief(comma + 1, after - 1)}\" exchanged")
 
     def is_list(self, at):
-        """Whether a bracket holds the arguments of a call or the elements of a list."""
+        """Whether a bracket contains the arguments of a call or the elements of a list."""
         if self.is_text(at, "{"):
             return not self.is_block(at) and self.partner[at] > at + 1
         if self.is_text(at - 1, ">"):
@@ -305,7 +304,7 @@ class File:
             self.is_text(at - 1, ")", "else", "do", "try"))
 
     def mutate_return(self, at):
-        """Moves the return at the end of a block up."""
+        """Makes the mutants that move the return at the end of a block up."""
         if not (self.is_text(at, "{") and self.in_function[at + 1] and self.is_block(at)):
             return
         close = self.partner[at]
@@ -339,7 +338,7 @@ class File:
         return not self.is_text(before, "if", "constexpr", "for", "while", "switch", "catch")
 
     def end_of_any_statement(self, at):
-        """The last token of a statement with all that belongs to it, or of a label."""
+        """The last token of a statement, with its nested statements, or of a label."""
         if self.is_text(at, "case", "default"):
             return next(i for i in range(at, len(self.tokens)) if self.is_text(i, ":"))
         if self.is_text(at, "{"):
@@ -419,7 +418,7 @@ def all_mutants():
 # ---- The build
 
 class Build:
-    """How ninja compiles and links, taken from the finished build, to do the same aside."""
+    """The compile and link commands of the finished build, with which mutants are built."""
 
     def __init__(self, folder):
         self.folder = os.path.abspath(folder)
@@ -449,7 +448,7 @@ class Build:
         return [word for word in self.links[program] if word in self.compiles]
 
     def objects_with(self, path):
-        """The objects that a file of the tree goes into."""
+        """The objects that are compiled from a file or include it."""
         path = os.path.abspath(path)
         return self.includers[path] | {
             name for name, (source, _) in self.compiles.items() if source == path}
@@ -479,7 +478,7 @@ class Workshop:
         return os.path.join(self.folder, *names)
 
     def place(self, mutant):
-        """Takes up a mutant. Nothing is left of the one before."""
+        """Prepares the folder for a mutant and removes all files of the previous one."""
         self.clear()
         self.source = os.path.abspath(mutant.file)
         self.copy = self.path("sources", os.path.relpath(mutant.file, "src"))
@@ -490,14 +489,14 @@ class Workshop:
         self.linked = set()
 
     def write_copy(self, mutant, replacement=None):
-        """Writes the one file that differs, or the same file without the change."""
+        """Writes the changed file, or the same file without the change."""
         text = pathlib.Path(mutant.file).read_text(encoding="utf-8")
         if replacement is not None:
             text = text[:mutant.start] + replacement + text[mutant.end:]
         pathlib.Path(self.copy).write_text(text, encoding="utf-8")
 
     def stale(self, program):
-        """The objects of a program, or of the library that it uses, that the mutant changes."""
+        """The objects of a program, or of its library, that the mutant changes."""
         objects = set(self.build.objects_of(program))
         if self.build.uses_library(program):
             objects.update(self.build.objects_of(Library))
@@ -516,14 +515,14 @@ class Workshop:
         _, command = self.build.compiles[name]
         replaced = {name: target, self.source: self.copy}
         command = [replaced.get(word, word) for word in command] + ["-w", *options]
-        # A header is found here before it is found in the tree.
+        # The compiler finds a changed header in this folder before that in the tree.
         first = next(at for at, word in enumerate(command) if word.startswith("-I"))
         command.insert(first, "-I" + self.path("sources"))
         if self.run(command) != 0:
             raise DoesNotCompile
 
     def is_same_program(self, mutant):
-        """Whether the optimising compiler makes the same of the library with and without it."""
+        """Whether the optimised library is the same with and without the mutation."""
         def codes(name):
             for replacement in (mutant.replacement, None):
                 self.write_copy(mutant, replacement)
@@ -552,12 +551,12 @@ class Workshop:
         return target
 
     def test(self, program, path, seconds):
-        """Runs a test program. Returns None when it passes, else what killed it."""
+        """Runs a test program. Returns None if it passes, else the reason why the mutant is killed."""
         files = self.path("files")
         environment = {**os.environ, "TMPDIR": files}
         command = ["prlimit", f"--cpu={seconds}", f"--as={MemoryLimit}", f"--fsize={FileLimit}",
                    "--core=0", "--", path, "--gtest_brief=1", "--gtest_fail_fast"]
-        # In a group of its own, to end with all that it has started.
+        # In a new process group, so that its child processes can be ended as well.
         process = subprocess.Popen(command, cwd=files, env=environment, stdin=subprocess.DEVNULL,
                                    stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                                    start_new_session=True)
@@ -577,7 +576,7 @@ class Workshop:
 
 
 def least_work_first(workshop, mutant):
-    """The programs in the order in which they shall meet the mutant, without those it is not in."""
+    """The programs that contain the mutant, in the order in which they run."""
     programs = [program for program in Programs if workshop.stale(program)]
     own = mutant.file.split("/")[1] + "_tests"
     if mutant.file.endswith(".cpp"):
@@ -588,7 +587,7 @@ def least_work_first(workshop, mutant):
 
 
 def judge(workshop, mutant, limits):
-    """What became of the mutant."""
+    """Returns the result of a mutant."""
     try:
         workshop.place(mutant)
         for program in least_work_first(workshop, mutant):
@@ -602,7 +601,7 @@ def judge(workshop, mutant, limits):
 
 
 def limits_of(build):
-    """The processor seconds that a mutant may take in each program. All must pass unchanged."""
+    """The limit of processor seconds for each program. All must pass without a mutant."""
     limits = {}
     workshop = Workshop(build, "unchanged")
     for program in Programs:
@@ -619,7 +618,7 @@ def limits_of(build):
 # ---- The run
 
 class Run:
-    """The mutants, in their order, until as many as wanted have counted."""
+    """Tests mutants in their order until the requested number is counted."""
 
     def __init__(self, build, mutants, count, report):
         self.build = build
@@ -668,8 +667,8 @@ class Run:
                    for number in range(Workers)]
         for thread in threads:
             thread.start()
-        # A worker waits for no other: one that finds nothing may be too early, as long as a mutant
-        # that is under way may turn out not to compile. The last one then goes on alone.
+        # A worker that finds no mutant ends, although a mutant under way may turn out not to compile.
+        # The worker of that mutant then continues alone.
         for thread in threads:
             thread.join()
         if self.failed:
@@ -681,7 +680,7 @@ def described(mutant):
 
 
 def choose(arguments, folder):
-    """The mutants to try and how many of them."""
+    """Returns the mutants to test and the number of those that must be counted."""
     mutants = all_mutants()
     if arguments == ["--survivors"]:
         wanted = set((folder / "survivors.txt").read_text().splitlines())
@@ -707,7 +706,7 @@ def main(arguments):
     folder = pathlib.Path(arguments[0])
     mutants, count = choose(arguments[1:], folder)
     if not mutants:
-        sys.exit("There are no such mutants.")
+        sys.exit("No mutant matches the arguments.")
     start = time.monotonic()
     with open(folder / "mutants.txt", "w", encoding="utf-8") as report:
         run = Run(Build(folder), mutants, count, report)
@@ -721,7 +720,7 @@ def main(arguments):
     minutes = (time.monotonic() - start) / 60
     print(f"{run.killed} of {total} mutants killed, {share:.1f} %, in {minutes:.0f} minutes")
     if share < NeededShare:
-        sys.exit(f"Less than {NeededShare} %.")
+        sys.exit(f"Fewer than {NeededShare} % of the mutants were killed.")
 
 
 main(sys.argv[1:])
