@@ -1,6 +1,6 @@
-// Any bytes as a file that vexil-dbc accounts for: each character is in one statement, each
-// statement has one fate, the summary of a rewrite holds, and both take time and memory in
-// proportion to the file.
+// vexil-dbc accounts for any bytes as a file: each character is in one statement, each statement
+// has one fate, and the summary of a rewrite is true. Time and memory are proportional to the size
+// of the file.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <ctime>
@@ -29,7 +29,7 @@ std::int64_t ThreadNanoseconds() {
     return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
 }
 
-// Every character that is not white space is in one statement, and the places ascend.
+// Checks that every character that is not white space is in one statement, and that places ascend.
 void ExpectStatements(const tool::SourceText& source, const tool::Account& account) {
     const std::string_view text = source.Text();
     std::size_t at = source.ByteOrderMarkSize();
@@ -97,7 +97,7 @@ void CheckAccount(const tool::SourceText& source) {
            "nothing is lost twice");
     Expect(!tool::RewriteReport("any", summary).empty(), "a rewrite has a report");
 
-    // What the records hold counts as well: one comment reaches every message of its id.
+    // The records count as well, because one comment applies to every message of its id.
     const std::size_t size = source.Bytes().size() + snapshot.texts.size();
     constexpr std::int64_t BytesEach = 200;
     constexpr std::int64_t NanosecondsEach = 5'000;

@@ -1,5 +1,5 @@
-// The counters of allocated memory: they replace operators new and delete, which are all that the
-// library allocates with.
+// The counters of allocated memory, in replacements of the operators new and delete. The library
+// allocates only with these.
 // SPDX-License-Identifier: MIT
 #include "allocated_bytes.h"
 
@@ -13,7 +13,7 @@
 namespace vexil::fuzz {
 namespace {
 
-// Of each thread: a fuzzer has a thread of its own that watches the others.
+// One for each thread, because the fuzzer has a thread that monitors the others.
 constinit thread_local AllocatedBytes counted;
 
 void* AllocateOrRefuse(std::size_t size) noexcept {

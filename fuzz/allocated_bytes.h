@@ -1,5 +1,5 @@
-// Counts the memory that the process allocates. A program that contains allocated_bytes.cpp
-// allocates through it.
+// Counts the memory that the process allocates. A program that links allocated_bytes.cpp uses its
+// operators new and delete.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -7,9 +7,9 @@
 
 namespace vexil::fuzz {
 
-// Bytes of the current thread.
+// Counters of the current thread, in bytes.
 struct AllocatedBytes {
-    std::uint64_t total = 0;  // allocated so far, whether or not freed since
+    std::uint64_t total = 0;  // allocated so far, including freed memory
     std::int64_t live = 0;    // allocated and not freed
     std::int64_t peak = 0;    // the largest value of live since the last RestartPeak
 };

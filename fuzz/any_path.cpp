@@ -1,4 +1,4 @@
-// A path as a host may hand it over.
+// The table of paths.
 // SPDX-License-Identifier: MIT
 #include "any_path.h"
 
@@ -39,7 +39,7 @@ AnyPath PathOf(char choice) {
         case 4:
             return Bad(file, 0, StatePathEmpty);
         case 5:
-            return Bad(file, 1, StatePathInvalid);  // no room for any character
+            return Bad(file, 1, StatePathInvalid);  // a size of 1 has only the NUL
         case 6:
             return Bad(noText, 1, StatePathEmpty);
         case 7:

@@ -1,4 +1,4 @@
-// A path as a host may hand it over, good or bad. None leads out of the scratch folder.
+// Valid and invalid paths. None of them is outside the scratch folder.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -10,15 +10,15 @@ namespace vexil::fuzz {
 struct AnyPath {
     std::string buffer;
     bool isNull = false;
-    std::uint32_t size = 0;     // as the host tells it
-    std::string file;           // what it leads to; empty when the library does not get that far
-    std::uint32_t failure = 0;  // the State constant of a failure; 0 when the file can be opened
-    bool isFolder = false;      // which cannot be written, and may fail to open or to be read
+    std::uint32_t size = 0;     // the argument pathBufferSize
+    std::string file;           // the file of the path; empty if the library refuses the path
+    std::uint32_t failure = 0;  // the expected State constant; 0 if the file can be opened
+    bool isFolder = false;      // a folder can fail to open or to be read, and cannot be written
 
     const char* Pointer() const { return isNull ? nullptr : buffer.c_str(); }
 };
 
-// The path that a byte chooses.
+// Returns the path that a byte selects.
 AnyPath PathOf(char choice);
 
 }  // namespace vexil::fuzz

@@ -1,4 +1,4 @@
-// The budget of a call.
+// The limits of a call, and how they are measured.
 // SPDX-License-Identifier: MIT
 #include "budget.h"
 
@@ -11,14 +11,14 @@
 namespace vexil::fuzz {
 namespace {
 
-// What a call may cost for each byte, after what any call may cost.
+// The limit of a call: a cost for each byte and a fixed cost.
 struct Limit {
     std::uint64_t perByte;
     std::uint64_t atLeast;
 };
 
 constexpr Limit ReadPeak = {48, 256 * 1024};   // SECURITY.md states the 48 bytes
-constexpr Limit ReadTotal = {64, 256 * 1024};  // lists double, so they are allocated twice
+constexpr Limit ReadTotal = {64, 256 * 1024};  // lists that grow are allocated again
 constexpr Limit CallTotal = {32, 128 * 1024};
 constexpr Limit Nanoseconds = {1000, 200'000'000};
 

@@ -1,5 +1,5 @@
-// The memory and time that a call of the library may take, in proportion to the bytes that it takes
-// in and puts out. A call that takes more ends the process.
+// Limits of the memory and time of a call, proportional to the bytes that it processes and outputs.
+// A call that exceeds its limits ends the process.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -10,8 +10,8 @@
 
 namespace vexil::fuzz {
 
-// Counts from its construction on, so it is constructed directly before the call. There is one at a
-// time.
+// Measures from its construction on, so construct it directly before the call. Only one object may
+// exist at a time.
 class Budget {
   public:
     Budget();
@@ -19,8 +19,8 @@ class Budget {
     // Checks the cost of a read against the bytes of its file.
     void ExpectRead(std::uint64_t fileBytes) const;
 
-    // Checks the cost of any other call, or of several, against the bytes of the texts and records
-    // that the library went through or put out.
+    // Checks the cost of one or more other calls against the bytes of the texts and records that
+    // the library processed or output.
     void ExpectCall(std::uint64_t bytes) const;
 
   private:
@@ -28,7 +28,7 @@ class Budget {
     std::int64_t startNanoseconds;
 };
 
-// Makes a call other than a read under a budget for the bytes, and returns its result.
+// Makes a call other than a read, checks its cost against the bytes, and returns its result.
 template <typename Call>
 auto Within(std::uint64_t bytes, Call call) {
     const Budget budget;
@@ -42,9 +42,9 @@ auto Within(std::uint64_t bytes, Call call) {
     }
 }
 
-// The bytes that the messages and signals of the database come to in a file. A comment or value
-// description that several of them share counts for each, as a fetch and a write go through it for
-// each. Counting stops above enough.
+// Returns about how many bytes the messages and signals of the database have in a written file. A
+// comment or value description of several owners counts for each of them, because a fetch and a
+// write process it for each. Counting stops above "enough".
 std::uint64_t HeldBytes(std::uint64_t enough = ~std::uint64_t{0});
 
 }  // namespace vexil::fuzz

@@ -1,6 +1,7 @@
-// What a fuzz input says, taken from its front. An input that has ended says 0 and empty texts.
+// Takes numbers and texts from the front of a fuzz input. An input that has ended returns 0 and
+// empty texts.
 //
-// The form is meant to be typed: a digit is that number, and a text ends at "|".
+// Inputs can be typed: a digit is a number, and a text ends at "|".
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -19,7 +20,7 @@ class ByteSource {
 
     bool IsAtEnd() const { return rest.empty(); }
 
-    // What was not taken yet.
+    // The rest of the input.
     std::string_view Rest() const { return rest; }
 
     char Byte() {
@@ -27,15 +28,15 @@ class ByteSource {
         return byte.empty() ? '\0' : byte.front();
     }
 
-    // Takes the next byte away if it is this one.
+    // Removes the next byte if it is equal to the argument.
     bool Next(char ch) {
         const bool isNext = rest.starts_with(ch);
         Take(isNext ? 1 : 0);
         return isNext;
     }
 
-    // One byte: a digit is that number, "#" takes the next four bytes, any other byte chooses a
-    // number near to a limit.
+    // One byte: a digit is a number, "#" takes the next four bytes, any other byte selects a number
+    // near a limit.
     std::uint32_t Word() {
         constexpr std::uint32_t Edges[] = {
             10,  16,  31,  32,   33,  63,   64,         65,         254,        255,       256,
@@ -72,15 +73,16 @@ class ByteSource {
         return ch == '#' ? Raw<double>() : Edge(Edges, ch);
     }
 
-    // Up to the next such byte, which is taken away.
+    // The text up to the next end byte, which is removed, too.
     std::string_view TextUpTo(char ch) {
         const std::string_view text = Take(std::min(rest.find(ch), rest.size()));
         Take(1);
         return text;
     }
 
-    // A text into an array. One that begins with "*" is repeated until the array is full. A text
-    // that is as long as the array has no NUL; behind the NUL of another stands what is no UTF-8.
+    // Copies a text into an array. A text that begins with "*" is repeated until the array is full.
+    // A text as long as the array has no NUL; after the NUL of a shorter text, the array is filled
+    // with bytes that are not valid UTF-8.
     template <std::size_t Size>
     void TextInto(char (&array)[Size]) {
         std::string text(TextUpTo('|'));

@@ -1,7 +1,7 @@
 // The seventeen functions in any sequence, with any records, indexes, sizes, paths and files.
 //
-// Each call of an input begins with the letter of its function, see Host::Call; other bytes between
-// calls count for nothing. byte_source.h tells how the arguments stand behind it.
+// Each call of an input begins with the letter of its function, see Host::Call, followed by its
+// arguments in the form of byte_source.h. Other bytes between calls are ignored.
 // SPDX-License-Identifier: MIT
 #include "byte_source.h"
 #include "host.h"

@@ -1,5 +1,5 @@
-// What a target says when something does not hold: it tells what, and aborts, which is how a fuzzer
-// and a test learn of it.
+// Assertions of the targets. A failed assertion prints its reason and aborts, which both the fuzzer
+// and the tests detect.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -20,7 +20,7 @@ inline void Expect(bool holds, const char* what) {
     }
 }
 
-// Any two texts or numbers that must be equal.
+// Compares two texts or two numbers, which must be equal.
 template <typename Value, typename Other>
 void ExpectSame(const Value& value, const Other& expected, const char* what) {
     if (!(value == expected)) {

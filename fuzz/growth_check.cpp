@@ -1,4 +1,4 @@
-// The calls of a large file, without a model of what they give.
+// The calls for a large file, without a model of the expected results.
 // SPDX-License-Identifier: MIT
 #include "growth_check.h"
 
@@ -15,8 +15,8 @@
 namespace vexil::fuzz {
 namespace {
 
-// Comments and value descriptions of many owners can make an output of gigabytes. Beyond this size
-// a fetch and a write take too long to be worth it.
+// Comments and value descriptions of many owners can produce gigabytes of output. Above this size,
+// fetching and writing take too long.
 constexpr std::uint64_t MostHeldBytes = 8 * 1024 * 1024;
 
 // A record and the calls for it cost this much without its texts.

@@ -1,4 +1,4 @@
-// Whether the cost of reading, fetching and writing stays proportional to a file that is large.
+// Checks that the cost of reading, fetching and writing a large file is proportional to its size.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -6,8 +6,8 @@
 
 namespace vexil::fuzz {
 
-// Reads a file of these bytes, fetches all records, writes the file, writes it again and reads what
-// was written, each under its budget. Leaves the database empty.
+// Reads a file of these bytes, fetches all records, writes the database twice and reads the written
+// file, and checks each step against its budget. The database is empty then.
 void CheckGrowth(std::string_view bytes);
 
 }  // namespace vexil::fuzz

@@ -1,4 +1,4 @@
-// All that the database of the library holds.
+// Copies the complete database into a model, and compares models.
 // SPDX-License-Identifier: MIT
 #include "held_model.h"
 
@@ -46,7 +46,7 @@ test::ModelSignal ModelOf(const CANSignal& signal) {
     model.maximum = signal.maximum;
     model.startValue = signal.startValue;
     model.inactiveValue = signal.inactiveValue;
-    // Those that the database looked at last stay as they are.
+    // A separate object, so that the looks of the database do not change.
     Descriptions descriptions;
     descriptions.LookAt(signal.notes);
     LineBuffer scratch;
@@ -84,7 +84,8 @@ bool SameBytes(const CanEnumRecord& description, const CanEnumRecord& other) {
     return std::memcmp(&description, &other, sizeof description) == 0;
 }
 
-// From one member of a record to a later one. Precondition: no gap is between them.
+// Compares the members of two records from one member to a later one. Precondition: there is no gap
+// between them.
 template <typename Record, typename First, typename Last>
 bool SameMembers(const Record& record, const Record& other, First Record::*first,
                  Last Record::*last) {
@@ -93,7 +94,7 @@ bool SameMembers(const Record& record, const Record& other, First Record::*first
     return std::memcmp(begin, &(other.*first), static_cast<std::size_t>(end - begin)) == 0;
 }
 
-// All but the gaps, which a compiler need not fill.
+// Compares all bytes but the gaps, whose content is not defined.
 bool SameBytes(const CanMessageRecord& record, const CanMessageRecord& other) {
     using Record = CanMessageRecord;
     return SameMembers(record, other, &Record::id, &Record::name) &&
@@ -123,7 +124,7 @@ bool SameBytes(const test::MessageRecords& message, const test::MessageRecords& 
                       other.signals.end(), same);
 }
 
-// Where bytes differ that are no part of a text, or a NaN, the text has the last word.
+// If bytes differ, the models as texts decide: bytes after a NUL and NaNs may differ.
 bool SameBytes(const test::DatabaseRecords& records, const test::DatabaseRecords& other) {
     const auto same = [](const auto& one, const auto& another) { return SameBytes(one, another); };
     return SameInfo(records.info, other.info) &&
@@ -131,7 +132,7 @@ bool SameBytes(const test::DatabaseRecords& records, const test::DatabaseRecords
                       other.messages.end(), same);
 }
 
-// Lines of members behind each other.
+// Appends the lines of members.
 class Lines {
   public:
     Lines& Start(std::string_view head) {
@@ -207,7 +208,7 @@ std::string ModelText(const test::Model& model) {
     return lines.text;
 }
 
-// Most models are the same, and to tell them as text costs far more than to compare them.
+// Most models are equal, and making their texts costs far more than comparing them.
 void ExpectSameModel(const test::Model& model, const test::Model& expected, const char* what) {
     if (!SameInfo(model.info, expected.info) || model.messages != expected.messages ||
         model.errorCodes != expected.errorCodes) {

@@ -1,5 +1,5 @@
-// All that the database of the library holds, with texts of any length where a record has only what
-// fits, and the text that tells two such models apart.
+// The complete content of the database as a model, with texts of any length, while those of a
+// record are cut; and the comparison of such models.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -9,11 +9,11 @@
 
 namespace vexil::fuzz {
 
-// The model of what the library has now. Ends the process when the library holds what no call may
-// leave: the tables of a read.
+// Returns the model of the current database. Ends the process if the tables of a read are not
+// empty, because every call must empty them.
 test::Model HeldModel();
 
-// Every member, line by line. Numbers are told to the bit, so -0 and 0 differ.
+// Returns all members as text, one in a line. Numbers are exact to the bit, so -0 and 0 differ.
 std::string ModelText(const test::Model& model);
 
 // Checks that two models are the same.
@@ -22,7 +22,7 @@ void ExpectSameModel(const test::Model& model, const test::Model& expected, cons
 // Checks that the functions of the library give the records of the model.
 void ExpectRecords(const test::Model& model, const char* what);
 
-// Checks both for what the library holds.
+// Makes both checks for the current database.
 void ExpectHeld(const test::Model& model, const char* what);
 
 }  // namespace vexil::fuzz

@@ -1,7 +1,7 @@
 // The helpers that parse and format text, each compared with a plain statement of its rule.
 //
-// The first three bytes of an input choose two positions and a keyword or character, the rest is
-// the text. Every helper gets it.
+// The first three bytes of an input select two positions and a keyword or character. The rest is
+// the text, with which every function is called.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <bit>
@@ -48,13 +48,13 @@ struct Input {
     std::string text;
 };
 
-// A position in, at the end of or behind the text; one byte means none.
+// A position in the text, at its end or after it; one value of the byte means no position.
 Position PositionOf(unsigned char byte, const std::string& text) {
     return byte == 0xFF ? npos : byte % (text.size() + 3);
 }
 
-// Calls both with a value that neither may keep where it should set one, and compares the results
-// and the values.
+// Calls both functions, with an initial value that a successful call must replace, and compares the
+// results and the values.
 template <typename Value, typename Helper, typename Twin>
 void Compare(Helper helper, Twin twin, const char* what) {
     Value value = 99;
@@ -196,7 +196,7 @@ void CheckNumbers(std::string_view text) {
     CheckNumber<double>(text, TryParseDouble, ParsedByStrtod, "TryParseDouble");
 }
 
-// Of any bits, and of the decimal that a file has for them.
+// Checks the double with these bits, and the number that is read from its decimal text.
 void CheckNumberText(const std::string& text) {
     double numbers[2] = {};
     std::memcpy(numbers, text.data(), std::min(text.size(), sizeof numbers));

@@ -1,4 +1,4 @@
-// A host and its model: which letter is which call, and the calls that carry no record and no file.
+// The letters of the calls of a host, and the calls without a record or file.
 // SPDX-License-Identifier: MIT
 #include "host.h"
 

@@ -1,4 +1,4 @@
-// A host that makes the calls of an input, and the plain model of what the library then holds.
+// A host that makes the calls of an input, and maintains a model of the expected database.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -16,17 +16,17 @@ class Host {
     // Starts from an empty database. The arguments of calls come from input.
     explicit Host(ByteSource& byteSource);
 
-    // Makes the call of this letter; none when no function has it.
+    // Makes the call of this letter, if a function has it.
     void Call(char function);
 
     // Reads a file of these bytes.
     void ReadFile(std::string_view bytes);
 
-    // What the library holds.
+    // The expected content of the database.
     const test::Model& Held() const { return model; }
 
   private:
-    // Of the model; null when there is none.
+    // From the model; null if the index is out of range.
     test::ModelMessage* MessageAt(std::uint32_t index);
     test::ModelSignal* SignalAt(std::uint32_t messageIndex, std::uint32_t index);
 
@@ -51,7 +51,7 @@ class Host {
     ByteSource& input;
     test::Model model;
 
-    // Of the last file that was written.
+    // The bytes of the file that was written last.
     test::Model writtenModel;
     std::uint32_t writtenOrder = 0;
 };

@@ -1,4 +1,4 @@
-// The calls of a host that append records.
+// The calls of a host that append records. The comment at each call lists its arguments.
 // SPDX-License-Identifier: MIT
 #include "budget.h"
 #include "expect.h"

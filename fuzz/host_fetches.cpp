@@ -1,4 +1,4 @@
-// The calls of a host that fetch records and counts.
+// The calls of a host that fetch records and counts. The comment at each call lists its arguments.
 // SPDX-License-Identifier: MIT
 #include <iterator>
 #include <string>

@@ -1,4 +1,4 @@
-// The calls of a host that read and write files.
+// The calls of a host that read and write files. The comment at each call lists its arguments.
 // SPDX-License-Identifier: MIT
 #include <filesystem>
 #include <string>
@@ -22,8 +22,8 @@
 namespace vexil::fuzz {
 namespace {
 
-// A comment that many messages share is written for each and read into each, so one round trip can
-// square its size. Databases beyond this size are too slow to compare.
+// A comment of many messages is written for each of them, so a round trip can square the size of
+// the database. Above this size, databases take too long to compare.
 constexpr std::uint64_t MostHeldBytes = 256 * 1024;
 
 bool HoldsTooMuch() {
@@ -32,7 +32,7 @@ bool HoldsTooMuch() {
 
 }  // namespace
 
-// The choice of the path, then the file up to "~".
+// The byte that selects the path, then the file up to "~".
 void Host::Read() {
     const AnyPath path = PathOf(input.Byte());
     ReadBytes(path, input.TextUpTo('~'));
@@ -71,7 +71,7 @@ void Host::ReadBytes(const AnyPath& path, std::string_view bytes) {
     test::DatabaseRecords records = test::FetchDatabase();
     records.info.busType = 0;
     ExpectSame(test::BrokenRule(records), "", "rules of all that was read");
-    // Nothing of what was there before may count.
+    // A read must not depend on the previous database.
     Expect(ReadDbc(path.file).success, "a file can be read twice");
     ExpectHeld(model, "a second read");
 }
@@ -96,7 +96,7 @@ void Host::ReadWritten() {
     ExpectRecords(model, "a read of a written file");
 }
 
-// The device fails at the first line, which shows at the second.
+// Writing the first line fails, which the library detects at the second line.
 void Host::WriteToFullDevice(std::uint32_t order) {
     const CallResult result = WriteDbc("/dev/full", order);
     Expect(!result.success, "a write to a full device");
@@ -106,7 +106,7 @@ void Host::WriteToFullDevice(std::uint32_t order) {
     ExpectHeld(model, "a write to a full device");
 }
 
-// The choice of the path and the order, then "!" for a device that is full instead.
+// The byte that selects the path, and the order; then "!" for a full device instead of the path.
 void Host::Write() {
     const AnyPath path = PathOf(input.Byte());
     const std::uint32_t order = input.Word();

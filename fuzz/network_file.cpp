@@ -14,8 +14,8 @@ constexpr std::size_t MostStatements = 200;
 constexpr std::size_t MostBytes = 16 * 1024;
 constexpr std::uint32_t MostRepetitions = 200;
 
-// Appends a statement that the input describes, with all that its description asks for, while the
-// text has not reached the size.
+// Appends a statement with its repetitions and changes, as the input describes them, until the text
+// has the size.
 void AppendStatement(std::string& text, ByteSource& input, std::uint32_t number, std::size_t size) {
     std::uint32_t repetitions = 1;
     std::uint32_t cutBytes = 0;

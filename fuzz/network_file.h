@@ -1,4 +1,4 @@
-// A network file as an input describes it, and larger files made of its statements.
+// A network file that an input describes, and larger files that repeat its statements.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -15,16 +15,16 @@ class NetworkFile {
   public:
     // Takes the statements up to "~" or the end of the input. Line feeds between statements have
     // no meaning. Before a statement,
-    //   = and a word       repeat it so many times,
-    //   x and a word       cut so many bytes off its end,
-    //   i, a word and a text up to "|"   insert the text at a place in it.
+    //   = and a word                     repeats it this many times,
+    //   x and a word                     removes this many bytes from its end,
+    //   i, a word and a text up to "|"   inserts the text at this position.
     explicit NetworkFile(ByteSource& input);
 
-    // The file. Its size is bounded, so that the whole model of it can be compared.
+    // The file. Its size is limited, so that its whole model can be compared.
     const std::string& Text() const { return text; }
 
-    // A file of about that many bytes: the statements before a position once, then those from it on
-    // over and over, either in turn or each one many times before the next.
+    // A file of about this many bytes: the statements before a position once, then the others
+    // repeatedly, either all in turn or each one many times before the next.
     std::string Grown(std::size_t from, bool inTurn, std::size_t size) const;
 
   private:

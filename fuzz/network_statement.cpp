@@ -9,7 +9,7 @@
 namespace vexil::fuzz {
 namespace {
 
-// Ordinary entries come first, then those near to a limit, then malformed ones.
+// Common entries come first, then those near a limit, then malformed ones.
 constexpr std::array<std::string_view, 12> Ids = {
     "1", "2", "256", "2566834709", "4294967295", "0", "00001", "4294967296", "-1", "1x", "x", ""};
 
@@ -162,7 +162,7 @@ class Statement {
     }
 
   private:
-    // A braced list is evaluated from left to right, which a sum of texts is not.
+    // A braced list is evaluated from left to right. The order in a sum is not specified.
     static std::string Joined(std::initializer_list<std::string> pieces) {
         std::string text;
         for (const std::string& piece : pieces) {
@@ -203,7 +203,7 @@ class Statement {
         return static_cast<unsigned char>(ch >= '0' && ch <= '9' ? ch - '0' : ch);
     }
 
-    // A number of names, with commas between them.
+    // Several names, separated by commas.
     std::string NameList() {
         std::string list = Field(Names);
         for (std::size_t more = At(input.Byte()) % 10; more > 1; --more) {
@@ -213,8 +213,8 @@ class Statement {
         return list;
     }
 
-    // A number of value descriptions. More than nine are made of the same fields, in which "#" is
-    // another number for each.
+    // Several value descriptions. If there are more than nine, they repeat the same fields, in
+    // which "#" is a different number for each.
     std::string Pairs() {
         std::string pairs;
         const std::uint32_t count = input.Word() % 300;

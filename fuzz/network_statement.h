@@ -9,14 +9,14 @@
 
 namespace vexil::fuzz {
 
-// The text of the statement that the input describes next. Its first byte is the kind, see
-// network_statement.cpp, and the fields of the kind follow. Of each field the first byte selects
-// the text:
-//   digit   an entry of the table of the field, the most ordinary ones first
+// Returns the text of the next statement that the input describes. Its first byte is the kind, see
+// network_statement.cpp, and the fields of the kind follow. The first byte of a field selects the
+// text:
+//   digit   an entry of the table of the field, the most common ones first
 //   "       the text up to "|"
-//   *       the text up to "|", repeated until it has as many bytes as the next word says
+//   *       the text up to "|", repeated up to the number of bytes in the next word
 //   #       the first entry of the table and the number, so that repeated statements differ
-//   ^       the first entry as many times as the number says, with blanks between them
+//   ^       the first entry, repeated by the number, separated by blanks
 //   other   any entry of the table
 std::string StatementOf(ByteSource& input, std::uint32_t number);
 

@@ -1,10 +1,10 @@
-// Files made of statements that fit together, or nearly so, and all seventeen functions in turn on
-// what they give.
+// Files whose statements refer to one another, mostly correctly, and calls of all seventeen
+// functions on them.
 //
-// An input begins with the number of its files and their statements, see network_file.h. Then comes
-// "g" if one of them is to be read as a large file. The rest is a sequence of calls: those of
-// Host::Call, and "f" with the number of a file, which reads it. Besides the results, each call has
-// a budget of memory and time, see budget.h.
+// An input begins with the number of its files and their statements, see network_file.h. Next, "g"
+// means that one of them is read as a large file. The rest is a sequence of calls: those of
+// Host::Call, and "f" with the number of a file, which reads it. The results of each call are
+// checked, as well as its memory and time, see budget.h.
 // SPDX-License-Identifier: MIT
 #include <string>
 #include <utility>
@@ -25,7 +25,7 @@ namespace {
 // A bus type that no file sets.
 constexpr std::uint32_t NoBus = 7;
 
-// What an input without calls does: it reads its files in turn, and writes and reads them in each
+// The calls for an input without calls: reads its files in turn, and writes and reads them in each
 // order.
 constexpr std::string_view UsualCalls = "f0w00Rw01Rf1w01Rw02Rf0w02Rcf2w00Rf1f0w01";
 
@@ -43,7 +43,7 @@ class Networks {
         }
     }
 
-    // "g", the file, the first statement that is repeated, how, and the size.
+    // After "g": the file, the first statement to repeat, the way of repeating, and the size.
     void Grow(ByteSource& input) const {
         if (!input.Next('g')) {
             return;
@@ -54,7 +54,7 @@ class Networks {
         const std::uint32_t from = input.Word();
         const bool inTurn = input.Next('t');
         const std::uint32_t choice = input.Word();
-        // The largest takes a second under sanitizers, so only a typed digit chooses it.
+        // The largest size takes a second under sanitizers, so only a typed digit selects it.
         CheckGrowth(file.Grown(from, inTurn, Sizes[choice <= 3 ? choice : choice % 3]));
     }
 
@@ -86,7 +86,8 @@ class Networks {
   private:
     const Network& At(ByteSource& input) const { return networks[input.Word() % networks.size()]; }
 
-    // A file gives the same whatever was in the database, but for a bus type that it does not set.
+    // A read does not depend on the previous database, except for a bus type that the file does not
+    // set.
     static void Read(Host& host, const Network& network) {
         test::Model expected = network.model;
         if (expected.info.busType == NoBus) {

@@ -1,4 +1,4 @@
-// Records of one byte, which show what a call has touched.
+// Fills records with one byte value, which shows the bytes that a call has changed.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -16,7 +16,7 @@ Record Patterned() {
     return record;
 }
 
-// Whether every byte is still as Patterned has left it.
+// Returns whether every byte still has the value from Patterned.
 template <typename Record>
 bool IsUntouched(const Record& record) {
     const auto* const bytes = reinterpret_cast<const unsigned char*>(&record);

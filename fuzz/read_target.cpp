@@ -1,5 +1,5 @@
-// Any bytes as a file: it is read, written in every order, and each written file is read and
-// written again. After each step the library holds what the plain twins say.
+// Reads any bytes as a file, writes the database in every order, and reads and writes each written
+// file again. After each step, the database is compared with that of the reference implementations.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <filesystem>
@@ -24,7 +24,7 @@ namespace {
 constexpr std::uint32_t Orders[] = {OrderByIdDescending, OrderByNameAscending, OrderAsStored,
                                     0xFFFFFFFF};
 
-// Reads bytes as a file with no bus type in the database, and returns what is held then.
+// Reads bytes as a file, without a bus type in the database before, and returns the model.
 test::Model Read(std::string_view bytes) {
     static const std::string path = ScratchFile("read.dbc");
     test::WriteBytes(path, bytes);
@@ -38,7 +38,7 @@ test::Model Read(std::string_view bytes) {
     return model;
 }
 
-// Writes what is held, which the model becomes, and returns the text.
+// Writes the database, updates the model, and returns the written text.
 std::string Write(test::Model& model, std::uint32_t order) {
     static const std::string path = ScratchFile("written.dbc");
     const CallResult result = WriteDbc(path, order);
@@ -94,7 +94,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const bool isRenamed = ModelText(models[2]) != ModelText(models[3]);
     Expect(isRenamed || texts[2] == texts[3], "every order above 1 is the order as stored");
-    // Many a file is the same in every order; one trip for each text is enough.
+    // If the text is the same in several orders, one round trip is enough.
     for (std::size_t at = 0; at < std::size(Orders); ++at) {
         if (std::find(texts, texts + at, texts[at]) == texts + at) {
             CheckTrip(texts[at], models[at], Orders[at]);

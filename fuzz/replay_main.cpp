@@ -1,5 +1,5 @@
-// Feeds files to a target, one after the other, without a fuzzer: any compiler builds it.
-//   replay FILE_OR_FOLDER...    folders with all that is below them
+// Calls a target with files, one after the other, without a fuzzer, so any compiler can build it.
+//   replay FILE_OR_FOLDER...    of a folder, all files below it
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <filesystem>
@@ -34,7 +34,7 @@ int main(int argc, char** argv) {
         for (const std::filesystem::path& file : FilesBelow(argv[at])) {
             std::cout << file.string() << std::endl;  // the last one named is the one that failed
             const std::string bytes = vexil::test::ReadBytes(file.string());
-            // Of its own size, so that a sanitizer sees a byte too far.
+            // A copy of the exact size, so that a sanitizer detects an access after its end.
             const std::vector<std::uint8_t> input(bytes.begin(), bytes.end());
             LLVMFuzzerTestOneInput(input.data(), input.size());
             ++count;

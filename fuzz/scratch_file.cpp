@@ -43,7 +43,7 @@ CallResult WritePath(const char* path, std::uint32_t size, unsigned order,
 }
 
 CallResult ReadDbc(const std::string& path) {
-    const std::string buffer = path;  // of its own, so that a byte too far is seen
+    const std::string buffer = path;  // a copy, so that a sanitizer detects an access after its end
     return ReadPath(buffer.c_str(), static_cast<std::uint32_t>(path.size() + 1), path);
 }
 

@@ -1,4 +1,4 @@
-// The files of a target, in a folder that goes away with the process.
+// The files of a target, in a temporary folder that is removed with the process.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -20,11 +20,11 @@ struct CallResult {
 };
 
 // Call the library under its budget.
-//   file  the file that the path leads to; empty when the library does not open one.
+//   file  the file of the path; empty if the library refuses the path.
 CallResult ReadPath(const char* path, std::uint32_t size, const std::string& file);
 CallResult WritePath(const char* path, std::uint32_t size, unsigned order, const std::string& file);
 
-// Call the library with a buffer of exactly the path and its NUL.
+// Call the library with a buffer that has exactly the size of the path with its NUL.
 CallResult ReadDbc(const std::string& path);
 CallResult WriteDbc(const std::string& path, unsigned order);
 

@@ -1,4 +1,4 @@
-// The one function of a target: libFuzzer calls it, and so does the replay program.
+// The function that each target defines. libFuzzer and the replay program call it.
 // SPDX-License-Identifier: MIT
 #pragma once
 

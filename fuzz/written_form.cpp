@@ -1,4 +1,4 @@
-// What of a model can be seen in the file that the library writes of it.
+// The part of a model that a written file contains.
 // SPDX-License-Identifier: MIT
 #include "written_form.h"
 
@@ -14,8 +14,8 @@ namespace {
 
 constexpr const char* DefaultNode = "Marrowby";
 
-// A statement is cut beyond 4096 bytes; what stands in it in front of its texts is far shorter than
-// the difference.
+// The reader cuts a statement above 4096 bytes. This limit leaves room for the part of a statement
+// before its texts.
 constexpr std::size_t ShortStatement = 3900;
 
 bool IsFloat(const test::ModelSignal& signal) {

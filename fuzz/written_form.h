@@ -1,4 +1,4 @@
-// What of a model can be seen in the file that the library writes of it.
+// The part of a model that a written file contains.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -8,13 +8,14 @@
 
 namespace vexil::fuzz {
 
-// The model in the order of an Order constant, with what a file does not tell at its default and
-// the rest as a file tells it: of two models with one written form the library writes one text.
+// Returns the model in the order of an Order constant. Members that a file does not contain have
+// their defaults, and the others the values that a read of the written file gives. So the library
+// writes the same text for two models with the same written form.
 // Precondition: the model was read from a file.
 test::Model WrittenForm(test::Model model, std::uint32_t order);
 
-// Whether the file of the model has a statement of several lines that is so long that a reader may
-// cut it.
+// Returns whether the written file of the model has a statement of several lines that is so long
+// that the reader can cut it.
 bool HoldsLongStatement(const test::Model& model);
 
 }  // namespace vexil::fuzz
