@@ -1,5 +1,5 @@
-// Times of reading, fetching and writing, and those of the bare loops beside them, through Google
-// Benchmark. The names are family/database, so a filter picks either.
+// Measures reading, fetching, writing and the plain loops with Google Benchmark. Names have the form
+// operation/database, so a filter can select either.
 // SPDX-License-Identifier: MIT
 #include <benchmark/benchmark.h>
 
@@ -20,8 +20,7 @@ const test::TempFolder& Folder() {
     return folder;
 }
 
-// A database as a file. It is made when a benchmark first asks for it, since a filter may leave it
-// out.
+// A database as a file. It is generated on first use, because a filter can leave it out.
 class Source {
   public:
     explicit Source(NamedDatabase source) : named(std::move(source)) {}

@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
-"""Prints which .dbc files of the given folders vexil64 and other libraries for Python read, and how fast.
+"""Compares the .dbc files that vexil64 and other Python libraries can read, and the time that they take.
 
     compare.py FOLDER...
 
-vexil64 is the package of bindings/python. The others are measured where they are installed: canmatrix
-(Debian's python3-canmatrix), cantools (pip install cantools) in its two modes. A file counts as refused when
-its read raises an exception. All libraries have it with every message, signal and text as Python objects at the
-end, so that the times, those of the processor, are of the same work.
+vexil64 is the package in bindings/python. Other libraries are compared if they are installed: canmatrix
+(Debian's python3-canmatrix), and cantools (pip install cantools) in its two modes. A file counts as refused
+if reading it raises an exception. With each library, a read produces every message, signal and text as Python
+objects, so the processor times are comparable.
 """
 # SPDX-License-Identifier: MIT
 import contextlib
@@ -21,18 +21,18 @@ import vexil64
 
 
 def read_with_vexil64(path):
-    """Reads a file with vexil64 and looks at every object."""
+    """Reads a file with vexil64 and uses every object."""
     network = vexil64.read(path)
     for message, signal in network.signals():
         _ = message.name, signal.name, signal.unit, signal.comment, signal.descriptions
 
 
 def readers():
-    """Returns the name of each library, with its version, and its function that reads a path."""
+    """Yields the name of each library, with its version, and a function that reads a path."""
     yield "vexil64", read_with_vexil64
     try:
         import canmatrix.formats
-        yield ("canmatrix",  # Debian's does not know its version
+        yield ("canmatrix",  # Debian's package has no version number
                lambda path: canmatrix.formats.loadp_flat(str(path)))
     except ImportError:
         print("canmatrix is not installed", file=sys.stderr)
@@ -47,15 +47,15 @@ def readers():
 
 
 def measure(read, files):
-    """Returns the files that the function refuses, and the seconds that it took for each of the others."""
+    """Returns the files that a function refuses, and its seconds for each of the other files."""
     refused, seconds = [], {}
     for path in files:
         start = time.process_time()
         try:
-            with contextlib.redirect_stdout(sys.stderr):  # where canmatrix tells of lines
+            with contextlib.redirect_stdout(sys.stderr):  # canmatrix prints messages about lines
                 read(path)
             seconds[path] = time.process_time() - start
-        except Exception:  # of whatever kind the library has for it
+        except Exception:  # each library has its own exceptions
             refused.append(path)
     return refused, seconds
 

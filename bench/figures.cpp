@@ -1,4 +1,4 @@
-// Times by the clock, and memory as the system reports it.
+// How elapsed time, processor time and memory are measured.
 // SPDX-License-Identifier: MIT
 #include "figures.h"
 

@@ -11,22 +11,22 @@ namespace vexil::bench {
 
 using Work = std::function<void()>;
 
-// The time that a work takes.
+// Returns the time that an operation takes.
 double Seconds(const Work& work);
 
 // Precondition: values is not empty.
 double Median(std::vector<double> values);
 
-// The greatest number of bytes that this process has had in memory.
+// Returns the peak memory of this process in bytes.
 std::uint64_t PeakMemory();
 
 struct ProcessCost {
-    double seconds = 0;  // of the processor, for the program and for the system on its behalf
-    std::uint64_t peakMemory = 0;  // of all that the process had in memory, its program included
+    double seconds = 0;            // processor time, in the program and in the system
+    std::uint64_t peakMemory = 0;  // of the whole process, including the program
     int exitCode = 0;
 };
 
-// Runs a program to its end, without standard output.
+// Runs a program to its end, without its standard output.
 //   command  the path of the program and its arguments
 ProcessCost RunProcess(std::vector<std::string> command);
 

@@ -1,5 +1,5 @@
-// Values per second that vexil64_frame.h decodes and encodes, through Google Benchmark. The names
-// are function/kind of signal.
+// Measures how many values per second vexil64_frame.h decodes and encodes, with Google Benchmark.
+// Names have the form function/kind of signal.
 // SPDX-License-Identifier: MIT
 #include <benchmark/benchmark.h>
 
@@ -17,11 +17,11 @@
 namespace vexil::bench {
 namespace {
 
-// Signals of one kind, which may overlap, and a frame that holds them.
+// Signals of one kind, which may overlap, and a frame that contains all of them.
 struct Work {
     std::vector<CanSignalRecord> signals;
-    std::vector<std::uint64_t> raws;  // what is encoded, one for each signal
-    std::vector<double> values;       // the same as physical values
+    std::vector<std::uint64_t> raws;  // the raw values to encode, one for each signal
+    std::vector<double> values;       // the corresponding physical values
     std::vector<std::uint8_t> frame;
 };
 
@@ -30,7 +30,7 @@ struct Kind {
     std::uint32_t shortest;
     std::uint32_t longest;
     std::size_t frameSize;
-    std::uint32_t valueType;  // ValueSigned: every other signal is unsigned
+    std::uint32_t valueType;  // ValueSigned: signed and unsigned signals alternate
 };
 
 constexpr std::size_t SignalCount = 1024;
@@ -45,7 +45,7 @@ CanSignalRecord MakeSignal(const Kind& kind, std::mt19937_64& random) {
     signal.valueType = kind.valueType == ValueSigned ? pick(2) : kind.valueType;
     signal.factor = 0.5;
     signal.offset = -40;
-    // The number of bits before a big-endian signal, counted from the top of byte 0.
+    // The number of bits before a big-endian signal, from the most significant bit of byte 0 on.
     const std::uint32_t before = pick(kind.frameSize * 8 - signal.bitLength + 1);
     signal.startBit = signal.byteOrder == ByteOrderLittleEndian ? before : before ^ 7U;
     return signal;
@@ -58,7 +58,7 @@ void Require(bool holds, const char* what) {
     }
 }
 
-// Every raw value is one that a round trip of its physical value returns.
+// Generates raw values that are equal after a conversion to physical values and back.
 std::uint64_t MakeRaw(const CanSignalRecord& signal, std::mt19937_64& random) {
     constexpr std::uint32_t ExactBits = 48;
     std::uint64_t raw = random() >> (64 - std::min(signal.bitLength, ExactBits));

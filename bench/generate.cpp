@@ -1,5 +1,5 @@
-// Databases to measure with, made of words by a generator of pseudo-random numbers of our own: the
-// distributions of the standard library differ from one to the other.
+// Generates databases from words. Uses its own pseudo-random numbers, because the distributions of
+// the standard library differ between implementations.
 // SPDX-License-Identifier: MIT
 #include "generate.h"
 
@@ -11,7 +11,7 @@ namespace vexil::bench {
 namespace {
 
 constexpr std::size_t SignalsPerMessage = 8;
-constexpr std::size_t WideMessageSize = 2600;  // bytes that a message of WideDatabase takes, about
+constexpr std::size_t WideMessageSize = 2600;  // approximate size of a message of WideDatabase
 constexpr std::size_t Nodes = 20;
 
 constexpr std::array<std::string_view, 16> Words = {
@@ -50,7 +50,7 @@ std::string Quoted(std::string_view text) {
     return std::string("\"").append(text).append("\"");
 }
 
-// A wide database on its way: each section grows on its own.
+// A wide database under construction. Each section is a separate text.
 class WideText {
   public:
     explicit WideText(std::size_t messages) {
@@ -87,7 +87,7 @@ class WideText {
     }
 
   private:
-    // Some words with blanks between them, so many that they take about that many bytes.
+    // Returns words separated by blanks, with about this many bytes altogether.
     std::string Text(std::size_t size) {
         std::string text;
         while (text.size() < size) {

@@ -1,5 +1,5 @@
-// The table of the hostile inputs. Each work runs in a process of its own, so that its memory can
-// be told and a work that takes too long can be given up.
+// The table of the hostile inputs. Each operation runs in its own process, so that its memory can
+// be measured and an operation that takes too long can be stopped.
 // SPDX-License-Identifier: MIT
 #include "hostile.h"
 
@@ -26,11 +26,11 @@
 namespace vexil::bench {
 namespace {
 
-// What a work may take before it is given up.
+// The limits at which an operation is stopped.
 constexpr double TimeLimit = 2;  // seconds
 constexpr rlim_t MemoryLimit = rlim_t{4} * 1024 * MiB;
 
-// A work after a read, or the read alone. Returns a number by which its result is checked.
+// An operation after a read, or the read alone. Returns a number with which the result is checked.
 struct HostileWork {
     const char* name;
     const char* title;
@@ -58,16 +58,16 @@ constexpr std::array<HostileWork, 4> Works = {{
     {"write", "Write", WriteToNowhere, [](const Database&) { return std::uint64_t{0}; }},
 }};
 
-// What a process prints about its work.
+// The measurement that a process prints.
 struct Measurement {
-    bool isDone = false;  // false when the work was given up
+    bool isDone = false;  // false if the operation was stopped
     double seconds = 0;
     double memory = 0;  // bytes
     std::uint64_t result = 0;
 };
 
-// Prints the measurement and ends the process, whether the work is done or given up: whichever
-// comes first.
+// Prints the measurement and ends the process. Called when the operation is done or is stopped,
+// whichever comes first.
 [[noreturn]] void Report(const Measurement& measurement) {
     static std::atomic_flag isReported;
     while (isReported.test_and_set()) {
@@ -82,7 +82,7 @@ double MemorySince(std::uint64_t before) {
     return static_cast<double>(PeakMemory() - before);
 }
 
-// Measures the work over and over. Memory is that of the first time.
+// Measures the operation repeatedly. The memory is that of the first run.
 Measurement Repeat(const HostileWork& work, const std::string& path, int rounds,
                    std::uint64_t before) {
     const bool isRead = work.run == CountMessages;
@@ -143,7 +143,7 @@ Measurement MeasureInProcess(const std::string& program, const HostileWork& work
 
 // -- The table --
 
-// A column and the largest number in it.
+// A column and its largest number.
 class Column {
   public:
     explicit Column(std::string columnTitle) : title(std::move(columnTitle)) {}
@@ -151,7 +151,7 @@ class Column {
     const std::string& Title() const { return title; }
 
     // Returns the text of a cell.
-    //   isDone  false when the number would be larger if the work had been done to its end.
+    //   isDone  false if the operation was stopped, so that the number is a lower bound.
     std::string Add(const std::string& row, double number, bool isDone) {
         std::ostringstream text;
         text << (isDone ? "" : "> ") << std::fixed << std::setprecision(isDone ? 1 : 0) << number;

@@ -15,15 +15,15 @@ struct NamedDatabase {
     std::function<Database()> make;
 };
 
-// wide/1MB, wide/10MB, tall and names; wide/100MB when the environment variable VEXIL64_BENCH_LARGE
-// is set.
+// wide/1MB, wide/10MB, tall and names; also wide/100MB if the environment variable
+// VEXIL64_BENCH_LARGE is set.
 std::vector<NamedDatabase> PlainDatabases();
 
-// The inputs that are meant to make a careless reader or writer slow, in that many bytes each.
+// The inputs that are designed to slow down a careless reader or writer, with this many bytes each.
 std::vector<NamedDatabase> HostileDatabases(std::size_t size);
 
-// The path of the largest DBC file in the folder that the environment variable VEXIL64_CORPUS
-// names; empty when it is not set or there is none.
+// Returns the path of the largest DBC file in the folder that the environment variable
+// VEXIL64_CORPUS names; empty if there is none or the variable is not set.
 std::string LargestRealFile();
 
 }  // namespace vexil::bench

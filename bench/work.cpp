@@ -1,4 +1,4 @@
-// The works that are measured.
+// The operations that are measured.
 // SPDX-License-Identifier: MIT
 #include "work.h"
 

@@ -1,4 +1,4 @@
-/* Decodes the bytes of a frame: prints each signal that is present, with its physical value.
+/* Decodes a frame and prints the physical value of each signal that is present.
  * docs/frame.md shows this program.
  * SPDX-License-Identifier: MIT */
 #include <stdio.h>

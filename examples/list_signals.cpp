@@ -1,5 +1,4 @@
-// Lists the signals of a DBC file, and the statements of it that were refused. docs/cpp.md shows
-// this program.
+// Lists the refused statements and the signals of a DBC file. docs/cpp.md shows this program.
 // SPDX-License-Identifier: MIT
 #include <iostream>
 #include <vexil64.hpp>

@@ -1,4 +1,5 @@
-/* Reads a DBC file, shows what is in it and writes it out again. README.md shows this program.
+/* Reads a DBC file, prints its messages and signals, and writes it again. README.md shows this
+ * program.
  * SPDX-License-Identifier: MIT */
 #include <stdio.h>
 #include <string.h>

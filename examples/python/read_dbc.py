@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Prints the messages and signals of a DBC file, with vexil64 loaded by ctypes.
+"""Prints the messages and signals of a DBC file. Loads vexil64 through ctypes, without the package.
 
     read_dbc.py FILE LIBRARY
 
@@ -63,7 +63,7 @@ assert ctypes.sizeof(ParseError) == 264
 
 
 def load(library):
-    """Loads the library and tells ctypes what its functions take and return."""
+    """Loads the library and declares its functions."""
     vexil = ctypes.CDLL(os.path.abspath(library))
     for name, result, *arguments in [
         ("VexilReadDbcFile", c_uint8, ctypes.c_char_p, c_uint32, POINTER(c_uint32)),
@@ -81,13 +81,13 @@ def read(vexil, path):
     """Reads a file into the library. Raises OSError with the result code if that fails."""
     utf8 = path.encode("utf-8")
     code = c_uint32()
-    # The size is that of the buffer, so the NUL counts.
+    # The size of the buffer includes the NUL.
     if not vexil.VexilReadDbcFile(utf8, len(utf8) + 1, ctypes.byref(code)):
         raise OSError(f"{path} cannot be read, result code {code.value}")
 
 
 def records(fetch, record_type, *indexes):
-    """Yields the records that a function gives for the indexes 0, 1, 2 and so on."""
+    """Yields the records that a function returns for the indexes 0, 1, 2 and so on."""
     record = record_type()
     index = 0
     while fetch(*indexes, index, ctypes.byref(record)):
