@@ -1,4 +1,4 @@
-// vexil64.hpp: appending, and the texts that it takes.
+// vexil64.hpp: appending, and checks of text arguments.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -18,8 +18,8 @@ class CppAppendTest : public testing::Test {
     ~CppAppendTest() override { vexil64::clear(); }
 };
 
-// Whether the members of two records have the same bytes. The gaps between them are not copied with
-// a record.
+// Returns whether the members of two records have the same bytes. Gaps between members are not
+// copied with a record.
 template <typename Record, typename... Member>
 bool SameMembers(const Record& left, const Record& right, Member Record::*... members) {
     return ((std::memcmp(&(left.*members), &(right.*members), sizeof(left.*members)) == 0) && ...);
@@ -42,7 +42,7 @@ bool SameFields(const CanSignalRecord& left, const CanSignalRecord& right) {
                        &Record::inactiveValue, &Record::unitUtf8);
 }
 
-// A text of a size that no other text of a record has.
+// Returns a text whose size is different for each field of a record.
 std::string Sentinel(char letter, std::size_t size) {
     return std::string(size, letter);
 }
@@ -68,7 +68,7 @@ vexil64::NewSignal SentinelSignal() {
         .inactive_value(0x12345679);
 }
 
-// What every field of the record must be. A builder begins with zeros.
+// Compares every field of a record. A builder begins with zeros.
 TEST_F(CppAppendTest, FillsEachFieldOfTheRecordOfAMessage) {
     MessageFields fields;
     fields.id = 0x89ABCDEF;
@@ -142,7 +142,7 @@ TEST_F(CppAppendTest, ReturnsTheSignalAsItIsInTheDatabase) {
     EXPECT_TRUE(SameFields(signal.record(), again.record()));
 }
 
-TEST_F(CppAppendTest, BeginsASignalWithOneBit) {
+TEST_F(CppAppendTest, DefaultsASignalToOneBit) {
     const vexil64::Message message = vexil64::append(vexil64::NewMessage(1, "Door").dlc(1));
     const vexil64::Signal signal = vexil64::append(message, vexil64::NewSignal("Open"));
     EXPECT_EQ(signal.start_bit(), 0U);
@@ -167,7 +167,7 @@ TEST_F(CppAppendTest, AppendsDescriptions) {
     EXPECT_EQ(longest.text(), Sentinel('d', 255));
 }
 
-TEST_F(CppAppendTest, SurvivesAFile) {
+TEST_F(CppAppendTest, RoundTripsThroughAFile) {
     const TempFolder folder;
     const std::string file = folder.File("appended.dbc");
     const auto message =
@@ -192,7 +192,7 @@ TEST_F(CppAppendTest, SurvivesAFile) {
     EXPECT_EQ(selector->name(), "Mode");
 }
 
-// The text of an exception.
+// Returns the text of the exception that an operation throws.
 template <typename Exception = std::invalid_argument, typename Operation>
 std::string Refusal(const Operation& operation) {
     try {
@@ -223,7 +223,7 @@ TEST_F(CppAppendTest, NamesTheFieldOfATextThatIsTooLong) {
     EXPECT_TRUE(SameFields(message.record(), before));
 }
 
-TEST_F(CppAppendTest, RefusesATextWithANulOrOfNull) {
+TEST_F(CppAppendTest, RefusesANullTextAndATextWithANul) {
     vexil64::NewSignal signal("name");
     const char* const null = nullptr;
     EXPECT_EQ(Refusal([&] { signal.unit(std::string("km\0h", 4)); }), "unit: contains a NUL");
@@ -235,7 +235,7 @@ TEST_F(CppAppendTest, RefusesATextWithANulOrOfNull) {
 TEST_F(CppAppendTest, RefusesATextThatIsNotUtf8) {
     vexil64::NewSignal signal("name");
     EXPECT_EQ(Refusal([&] { signal.unit("\xB0"); }), "unit: is not valid UTF-8");
-    // The library would drop the half of a character at the end.
+    // The library itself would drop an incomplete character at the end.
     EXPECT_EQ(Refusal([&] { signal.comment("half \xC2"); }),
               "comment of a signal: is not valid UTF-8");
 }
@@ -254,7 +254,7 @@ TEST_F(CppAppendTest, RefusesABadDescription) {
     EXPECT_TRUE(signal.descriptions().empty());
 }
 
-TEST_F(CppAppendTest, RefusesAFloatOfAnotherLength) {
+TEST_F(CppAppendTest, RefusesAFloatOfTheWrongLength) {
     const auto message = vexil64::append(vexil64::NewMessage(1, "Door"));
     const auto refusal = [&](std::uint32_t length, std::uint32_t type) {
         return Refusal([&] {
@@ -270,7 +270,7 @@ TEST_F(CppAppendTest, RefusesAFloatOfAnotherLength) {
     EXPECT_EQ(message.signals().size(), 2U);
 }
 
-TEST_F(CppAppendTest, ThrowsWhereTheOwnerIsGone) {
+TEST_F(CppAppendTest, ThrowsWhenTheOwnerIsNoLongerInTheDatabase) {
     const auto message = vexil64::append(vexil64::NewMessage(1, "Door"));
     const auto signal = vexil64::append(message, vexil64::NewSignal("Open"));
     vexil64::clear();
@@ -281,7 +281,7 @@ TEST_F(CppAppendTest, ThrowsWhereTheOwnerIsGone) {
               "there is no signal 0 in message 0");
 }
 
-TEST_F(CppAppendTest, ThrowsWhereTheLibraryWouldDropASignal) {
+TEST_F(CppAppendTest, ThrowsWhenTheMessageIsFull) {
     const auto message = vexil64::append(vexil64::NewMessage(1, "Full"));
     const vexil64::NewSignal signal("S");
     for (std::uint32_t i = 0; i < MaxSignalsPerMessage; ++i) {
@@ -291,9 +291,9 @@ TEST_F(CppAppendTest, ThrowsWhereTheLibraryWouldDropASignal) {
     EXPECT_EQ(message.signals().size(), static_cast<std::size_t>(MaxSignalsPerMessage));
 }
 
-// The check of this header and that of the library take the same texts. The letters at the end keep
-// the library from dropping half a character.
-TEST_F(CppAppendTest, TakesTheSameUtf8AsTheLibrary) {
+// The checks of this header and of the library accept the same texts. With the letters at the end,
+// the library does not drop an incomplete character.
+TEST_F(CppAppendTest, AcceptsTheSameUtf8AsTheLibrary) {
     constexpr std::string_view Leads =
         "\x01\x41\x7F\x80\x8F\x90\x9F\xA0\xBF\xC0\xC1\xC2\xDF\xE0\xE1\xEC\xED\xEE\xEF\xF0\xF1\xF3"
         "\xF4\xF5\xF7\xF8\xFE\xFF";

@@ -1,4 +1,4 @@
-// vexil64.hpp: writes that fail on their way.
+// vexil64.hpp: writes that fail after some lines.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -31,7 +31,7 @@ class CppFailingWriteTest : public testing::Test {
     std::size_t size = 0;
 };
 
-TEST_F(CppFailingWriteTest, FailsOnTheLastLineAsOnEachOther) {
+TEST_F(CppFailingWriteTest, FailsOnTheLastLineAsOnAnyOther) {
     for (const std::size_t room : {size - 1, size / 2}) {
         const vexil64::Result result = WriteWithRoomFor(room);
         EXPECT_FALSE(result) << room;
@@ -40,7 +40,7 @@ TEST_F(CppFailingWriteTest, FailsOnTheLastLineAsOnEachOther) {
     EXPECT_TRUE(WriteWithRoomFor(size));
 }
 
-TEST_F(CppFailingWriteTest, SaysWhatFailed) {
+TEST_F(CppFailingWriteTest, NamesTheOperationAndTheReason) {
     const FileSizeLimit limit(size - 1);
     try {
         vexil64::write(file);

@@ -30,7 +30,7 @@ class CppFrameTest : public testing::Test {
     vexil64::Signal level;
 };
 
-// The reason with which an operation fails, FrameOk if it does not.
+// Returns the result with which an operation fails, or FrameOk.
 template <typename Operation>
 VexilFrameResult ThrownResult(const Operation& operation) {
     try {
@@ -54,7 +54,7 @@ TEST_F(CppFrameTest, EncodesIntoAFrame) {
     EXPECT_EQ(frame, std::vector<std::uint8_t>({3, 0xFF, 0x6F}));
 }
 
-TEST_F(CppFrameTest, ThrowsTheReason) {
+TEST_F(CppFrameTest, ThrowsTheResult) {
     std::vector<std::uint8_t> frame(3);
     const std::vector<std::uint8_t> shortFrame(2);
     EXPECT_EQ(ThrownResult([&] { vexil64::encode(level, 2000, frame); }), FrameOutOfRange);
@@ -63,7 +63,7 @@ TEST_F(CppFrameTest, ThrowsTheReason) {
     EXPECT_EQ(frame, std::vector<std::uint8_t>(3));
 }
 
-TEST_F(CppFrameTest, SaysWhatFailed) {
+TEST_F(CppFrameTest, NamesTheOperationAndTheReason) {
     try {
         vexil64::decode(level, std::vector<std::uint8_t>());
         FAIL() << "nothing was thrown";

@@ -1,4 +1,4 @@
-// vexil64.hpp: reading, walking and writing.
+// vexil64.hpp: reading, iterating and writing.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -49,7 +49,7 @@ class CppHeader : public testing::Test {
 using CppReadTest = CppHeader;
 using CppWriteTest = CppHeader;
 
-TEST_F(CppReadTest, WalksTheMessages) {
+TEST_F(CppReadTest, IteratesOverTheMessages) {
     vexil64::read(file);
     std::vector<std::string> names;
     for (const vexil64::Message& message : vexil64::messages()) {
@@ -77,7 +77,7 @@ TEST_F(CppReadTest, ReturnsTheFieldsOfAMessage) {
     EXPECT_EQ(message.record().signalCount, 2U);
 }
 
-TEST_F(CppReadTest, TellsTheBitOfAnExtendedFrameFromItsId) {
+TEST_F(CppReadTest, SeparatesTheExtendedBitFromTheId) {
     vexil64::read(file);
     const vexil64::Message charger = vexil64::messages().at(1);
     EXPECT_TRUE(charger.is_extended());
@@ -115,7 +115,7 @@ TEST_F(CppReadTest, ReturnsTheFieldsOfASignal) {
     EXPECT_STREQ(signal.record().unit, "N_m");
 }
 
-TEST_F(CppReadTest, WalksTheDescriptionsByValue) {
+TEST_F(CppReadTest, IteratesOverTheDescriptionsByValue) {
     vexil64::read(file);
     const vexil64::Message message = vexil64::messages().at(0);
     std::vector<std::pair<std::int32_t, std::string>> found;
@@ -140,7 +140,7 @@ TEST_F(CppReadTest, ReturnsTheStatementsThatWereRefused) {
     EXPECT_EQ(vexil64::errors().size(), 2U);
 }
 
-TEST_F(CppReadTest, CutsTheFirstLineOfAStatement) {
+TEST_F(CppReadTest, ReturnsTheFirstLineOfAStatement) {
     WriteBytes(file, "BO_ x\nRefused: 8 ECM\nBO_ 1 Sound: 8 ECM\n");
     const vexil64::StatementError error = vexil64::read(file).at(0);
     EXPECT_EQ(error.text(), "BO_ x\nRefused: 8 ECM");
@@ -159,7 +159,7 @@ TEST_F(CppReadTest, FindsAMessageByItsIdAndASignalByItsName) {
     EXPECT_FALSE(vexil64::find_signal(*engine, "torque"));
 }
 
-TEST_F(CppReadTest, KeepsAnItemWhateverIsCalledLater) {
+TEST_F(CppReadTest, DoesNotChangeAnItemInLaterCalls) {
     vexil64::read(file);
     const vexil64::Message message = vexil64::messages().at(0);
     const std::string_view name = message.name();
@@ -171,7 +171,7 @@ TEST_F(CppReadTest, KeepsAnItemWhateverIsCalledLater) {
     EXPECT_TRUE(vexil64::errors().empty());
 }
 
-TEST_F(CppReadTest, ThrowsOnAnIndexThatIsTooLarge) {
+TEST_F(CppReadTest, ThrowsOnAnOutOfRangeIndex) {
     vexil64::read(file);
     EXPECT_THROW(vexil64::messages().at(3), std::out_of_range);
     EXPECT_THROW(vexil64::errors().at(2), std::out_of_range);
@@ -194,7 +194,7 @@ TEST_F(CppReadTest, HasIteratorsForAlgorithms) {
     EXPECT_EQ(++position, messages.end());
 }
 
-// Whether the function of an item may be called on a temporary one.
+// Detects whether a function compiles on a temporary item.
 template <typename Item>
 concept TextOfATemporary = requires {
     Item().text();
@@ -227,7 +227,7 @@ concept TextOfATemporary = requires {
     Item().record();
 };
 
-TEST_F(CppReadTest, ReturnsNoTextOfATemporaryItem) {
+TEST_F(CppReadTest, DoesNotReturnTextsOfTemporaryItems) {
     EXPECT_FALSE(TextOfATemporary<vexil64::Message>);
     EXPECT_FALSE(TextOfATemporary<vexil64::Signal>);
     EXPECT_FALSE(TextOfATemporary<vexil64::Description>);
@@ -246,7 +246,7 @@ TEST_F(CppReadTest, HasRangesThatAreViews) {
 }
 #endif
 
-// The result code of a failed operation that throws.
+// Returns the result code of the exception that an operation throws.
 template <typename Operation>
 std::uint32_t ThrownCode(const Operation& operation) {
     try {
@@ -278,7 +278,7 @@ TEST_F(CppReadTest, ThrowsTheResultCodeOfAPath) {
     }
 }
 
-TEST_F(CppReadTest, SaysWhatFailed) {
+TEST_F(CppReadTest, NamesTheOperationAndTheReason) {
     try {
         vexil64::read("no/such/file");
         FAIL() << "nothing was thrown";
@@ -289,7 +289,7 @@ TEST_F(CppReadTest, SaysWhatFailed) {
     }
 }
 
-TEST_F(CppReadTest, RefusesANullPathBeforeAnythingIsCleared) {
+TEST_F(CppReadTest, RefusesANullPathBeforeClearingTheDatabase) {
     vexil64::read(file);
     const char* const null = nullptr;
     EXPECT_THROW(vexil64::read(null), std::invalid_argument);
@@ -298,13 +298,13 @@ TEST_F(CppReadTest, RefusesANullPathBeforeAnythingIsCleared) {
     EXPECT_FALSE((std::is_constructible_v<vexil64::Text, std::nullptr_t>));
 }
 
-TEST_F(CppReadTest, TakesEachKindOfText) {
+TEST_F(CppReadTest, AcceptsEachTypeOfText) {
     const std::string_view view(file);
     EXPECT_TRUE(vexil64::try_read(file));
     EXPECT_TRUE(vexil64::try_read(view));
     EXPECT_TRUE(vexil64::try_read(file.c_str()));
     EXPECT_TRUE(vexil64::try_read((file + "tail").substr(0, file.size())));
-    // A part of a longer text has no NUL at its end.
+    // A part of a longer text, without a NUL at its end.
     const std::string longer = file + "tail";
     EXPECT_TRUE(vexil64::try_read(std::string_view(longer).substr(0, file.size())));
     EXPECT_EQ(vexil64::try_read(file).code, StateClosed);
@@ -318,7 +318,7 @@ TEST_F(CppReadTest, ReturnsTheVersionAndTheDatabaseInfo) {
     vexil64::set_info({});
 }
 
-TEST_F(CppWriteTest, WritesInTheOrderThatIsAskedFor) {
+TEST_F(CppWriteTest, WritesInTheGivenOrder) {
     vexil64::read(file);
     const std::string written = folder.File("written.dbc");
     const auto names = [&] {
@@ -348,7 +348,7 @@ TEST_F(CppWriteTest, ThrowsTheResultCode) {
     EXPECT_EQ(vexil64::messages().size(), 3U);
 }
 
-TEST_F(CppWriteTest, SaysWhatFailed) {
+TEST_F(CppWriteTest, NamesTheOperationAndTheReason) {
     try {
         vexil64::write("nowhere.dbc");
         FAIL() << "nothing was thrown";

@@ -43,7 +43,7 @@ TEST(VexilCheckPresence, ComparesTheMultiplexer) {
     EXPECT_EQ(Presence(SelectedBy(0), Selector(), {0, 0}), FrameOk);
 }
 
-TEST(VexilCheckPresence, TakesTheBitsOfTheMultiplexerAsUnsigned) {
+TEST(VexilCheckPresence, TreatsTheMultiplexerAsUnsigned) {
     EXPECT_EQ(Presence(SelectedBy(255), Selector(ValueSigned), {255, 0}), FrameOk);
     EXPECT_EQ(Presence(SelectedBy(0xFFFFFFFF), Selector(ValueSigned), {255, 0}), FrameNotPresent);
 }
@@ -55,7 +55,7 @@ TEST(VexilCheckPresence, ComparesAllBitsOfALongMultiplexer) {
     EXPECT_EQ(Presence(SelectedBy(3), selector, {3, 0, 0, 0, 1}), FrameNotPresent);
 }
 
-TEST(VexilCheckPresence, FindsOtherSignalsAlwaysPresent) {
+TEST(VexilCheckPresence, ReportsOtherSignalsAsPresent) {
     const CanSignalRecord plain = SignalAt(0, 8, ByteOrderLittleEndian);
     const CanSignalRecord selector = Selector();
     EXPECT_EQ(VexilCheckPresence(&plain, nullptr, nullptr, 0), FrameOk);
@@ -70,7 +70,7 @@ TEST(VexilCheckPresence, FailsWithoutAMultiplexer) {
     EXPECT_EQ(Presence(signal, SelectedBy(0), frame), FrameNoSelector);
 }
 
-TEST(VexilCheckPresence, FailsWhereTheMultiplexerCannotBeDecoded) {
+TEST(VexilCheckPresence, FailsIfTheMultiplexerCannotBeDecoded) {
     const CanSignalRecord signal = SelectedBy(0);
     CanSignalRecord selector = Selector();
     EXPECT_EQ(Presence(signal, selector, {}), FrameTooShort);

@@ -1,5 +1,5 @@
-// Properties of vexil64_frame.h: every layout against a twin that goes from bit to bit, and round
-// trips of values.
+// Property tests of vexil64_frame.h: every layout against a reference implementation that processes
+// one bit at a time, and round trips of values.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@
 namespace vexil::test {
 namespace {
 
-// The twin: the numbers of the bits of a signal, from the most significant to the least.
+// The reference: returns the bit numbers of a signal, from the most to the least significant.
 std::vector<std::uint32_t> BitNumbers(const CanSignalRecord& signal) {
     std::vector<std::uint32_t> numbers;
     std::uint32_t number = signal.startBit;
@@ -60,7 +60,7 @@ Frame RandomFrame(std::mt19937_64& random, std::size_t size) {
     Frame frame(size);
     std::generate(frame.begin(), frame.end(),
                   [&] { return static_cast<std::uint8_t>(random() >> 56); });
-    frame.shrink_to_fit();  // a sanitizer shows each byte that is touched after the end
+    frame.shrink_to_fit();  // a sanitizer detects an access after the end
     return frame;
 }
 
@@ -69,7 +69,8 @@ std::string Layout(const CanSignalRecord& signal, const Frame& frame) {
            std::to_string(signal.byteOrder) + " in " + std::to_string(frame.size()) + " bytes";
 }
 
-// Decodes and encodes one layout as the twin does. Returns whether it fits the frame.
+// Compares decoding and encoding of one layout with the reference. Returns whether the frame
+// contains all bits.
 bool CompareWithTwin(const CanSignalRecord& signal, std::mt19937_64& random, std::size_t size) {
     Frame frame = RandomFrame(random, size);
     const std::vector<std::uint32_t> numbers = BitNumbers(signal);
@@ -94,7 +95,7 @@ bool CompareWithTwin(const CanSignalRecord& signal, std::mt19937_64& random, std
 // Every start bit, length and byte order in frames of one size, also those that do not fit.
 class EveryLayout : public testing::TestWithParam<std::size_t> {};
 
-TEST_P(EveryLayout, DecodesAndEncodesAsBitByBit) {
+TEST_P(EveryLayout, DecodesAndEncodesLikeTheReference) {
     const std::size_t size = GetParam();
     std::mt19937_64 random(size);
     std::size_t fitting = 0;
@@ -107,7 +108,7 @@ TEST_P(EveryLayout, DecodesAndEncodesAsBitByBit) {
             }
         }
     }
-    // As many positions as the length leaves, for each length and both byte orders.
+    // The number of positions that are left for each length, in both byte orders.
     std::size_t expected = 0;
     for (std::size_t length = 1; length <= std::min<std::size_t>(64, size * 8); ++length) {
         expected += 2 * (size * 8 - length + 1);
@@ -119,8 +120,8 @@ INSTANTIATE_TEST_SUITE_P(Sizes, EveryLayout,
                          testing::Values(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 12, 16, 20, 24, 32, 48, 64),
                          testing::PrintToStringParamName());
 
-// Integers up to this length, scaled and back, stay what they are: the error of the three roundings
-// is far below half a step.
+// Integers up to this length are equal after scaling and back: the error of the three roundings is
+// far below half a raw step.
 constexpr std::uint32_t MostScaledBits = 48;
 
 TEST(FrameRoundTrip, ReturnsEachRawValueOfAnInteger) {

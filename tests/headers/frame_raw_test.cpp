@@ -1,4 +1,4 @@
-// VexilDecodeRaw and VexilEncodeRaw: bits of a frame by hand, and each reason to fail.
+// VexilDecodeRaw and VexilEncodeRaw: frames calculated by hand, and each failure.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -13,19 +13,19 @@ namespace {
 
 using Raw = Outcome<std::uint64_t>;
 
-TEST(VexilDecodeRaw, TakesTheBitsOfALittleEndianSignalUpwards) {
+TEST(VexilDecodeRaw, DecodesALittleEndianSignalUpwards) {
     const Frame frame = {0x00, 0xA0, 0x5B, 0x0C, 0, 0, 0, 0};
     EXPECT_EQ(DecodeRaw(SignalAt(12, 12, ByteOrderLittleEndian), frame), Raw(FrameOk, 0x5BA));
     EXPECT_EQ(DecodeRaw(SignalAt(12, 16, ByteOrderLittleEndian), frame), Raw(FrameOk, 0xC5BA));
 }
 
-TEST(VexilDecodeRaw, TakesTheBitsOfABigEndianSignalDownwardsAndOnInTheNextByte) {
+TEST(VexilDecodeRaw, DecodesABigEndianSignalDownwardsIntoTheNextByte) {
     const Frame frame = {0x00, 0x0A, 0x5B, 0xC0, 0, 0, 0, 0};
     EXPECT_EQ(DecodeRaw(SignalAt(11, 12, ByteOrderBigEndian), frame), Raw(FrameOk, 0xA5B));
     EXPECT_EQ(DecodeRaw(SignalAt(11, 16, ByteOrderBigEndian), frame), Raw(FrameOk, 0xA5BC));
 }
 
-TEST(VexilDecodeRaw, TakesABitOfNineBytes) {
+TEST(VexilDecodeRaw, DecodesBitsOfNineBytes) {
     const Frame frame = {0x80, 1, 2, 3, 4, 5, 6, 7, 0x01};
     EXPECT_EQ(DecodeRaw(SignalAt(7, 64, ByteOrderLittleEndian), frame),
               Raw(FrameOk, 0x020E0C0A08060403));
@@ -33,7 +33,7 @@ TEST(VexilDecodeRaw, TakesABitOfNineBytes) {
               Raw(FrameOk, 0x8101820283038443));
 }
 
-TEST(VexilDecodeRaw, ExtendsTheSignOfASignedSignalAlone) {
+TEST(VexilDecodeRaw, SignExtendsOnlySignedSignals) {
     const Frame frame = {0x0C};
     EXPECT_EQ(DecodeRaw(SignalAt(0, 4, ByteOrderLittleEndian, ValueSigned), frame),
               Raw(FrameOk, static_cast<std::uint64_t>(-4)));
@@ -49,7 +49,7 @@ TEST(VexilDecodeRaw, ReturnsTheBitPatternOfAFloat) {
     EXPECT_EQ(DecodeRaw(Float32(), minusTwo), Raw(FrameOk, 0xC0000000));
 }
 
-TEST(VexilDecodeRaw, FailsWithoutTheLastBit) {
+TEST(VexilDecodeRaw, FailsIfTheLastBitIsMissing) {
     EXPECT_EQ(DecodeRaw(SignalAt(9, 15, ByteOrderLittleEndian), Frame(2)),
               Failure<std::uint64_t>(FrameTooShort));
     EXPECT_EQ(DecodeRaw(SignalAt(9, 15, ByteOrderLittleEndian), Frame(3)), Raw(FrameOk, 0));
@@ -67,7 +67,7 @@ TEST(VexilDecodeRaw, FailsOnAStartBitFarOutside) {
     }
 }
 
-TEST(VexilDecodeRaw, FailsOnAnEmptyFrameOfNull) {
+TEST(VexilDecodeRaw, FailsOnANullFrameOfSizeZero) {
     const CanSignalRecord signal = SignalAt(0, 1, ByteOrderLittleEndian);
     std::uint64_t raw = 7;
     EXPECT_EQ(VexilDecodeRaw(&signal, nullptr, 0, &raw), FrameTooShort);
@@ -84,7 +84,7 @@ TEST(VexilDecodeRaw, FailsOnNull) {
     EXPECT_EQ(raw, 7U);
 }
 
-// The layouts that no function takes.
+// The layouts that every function refuses.
 std::vector<CanSignalRecord> BadLayouts() {
     return {SignalAt(0, 0, ByteOrderLittleEndian),
             SignalAt(0, 65, ByteOrderLittleEndian),
@@ -110,7 +110,7 @@ TEST(VexilFrame, RefusesABadLayoutInEachFunction) {
     }
 }
 
-TEST(VexilEncodeRaw, ChangesTheBitsOfTheSignalAlone) {
+TEST(VexilEncodeRaw, ChangesOnlyTheBitsOfTheSignal) {
     Frame frame(4, 0xFF);
     const CanSignalRecord little = SignalAt(12, 12, ByteOrderLittleEndian);
     EXPECT_EQ(VexilEncodeRaw(&little, 0x5BA, frame.data(), frame.size()), FrameOk);
@@ -123,7 +123,7 @@ TEST(VexilEncodeRaw, ChangesTheBitsOfTheSignalAlone) {
 }
 
 // The table of docs/frame.md.
-TEST(VexilEncodeRaw, PutsTwelveBitsWhereTheDocumentShowsThem) {
+TEST(VexilEncodeRaw, EncodesTwelveBitsAsDocumented) {
     struct Row {
         CanSignalRecord signal;
         Frame frame;
@@ -139,7 +139,7 @@ TEST(VexilEncodeRaw, PutsTwelveBitsWhereTheDocumentShowsThem) {
     }
 }
 
-TEST(VexilEncodeRaw, TakesTheLimitsOfEachLengthAndNothingBeyond) {
+TEST(VexilEncodeRaw, AcceptsExactlyTheRangeOfEachLength) {
     for (std::uint32_t length = 1; length < 64; ++length) {
         Frame frame(8);
         const auto encode = [&](std::uint32_t type, std::uint64_t raw) {
@@ -161,7 +161,7 @@ TEST(VexilEncodeRaw, TakesTheLimitsOfEachLengthAndNothingBeyond) {
     }
 }
 
-TEST(VexilEncodeRaw, TakesEachNumberOf64Bits) {
+TEST(VexilEncodeRaw, AcceptsEveryNumberOf64Bits) {
     for (const std::uint32_t type : {ValueUnsigned, ValueSigned, ValueFloat64}) {
         Frame frame(8);
         const CanSignalRecord signal = SignalAt(7, 64, ByteOrderBigEndian, type);
@@ -188,7 +188,7 @@ TEST(VexilEncodeRaw, FailsOnAFrameThatIsTooShortOrNull) {
     EXPECT_EQ(VexilEncodeRaw(nullptr, 0, frame.data(), frame.size()), FrameNullArgument);
 }
 
-TEST(VexilFrameResultText, HasAnotherTextForEachResult) {
+TEST(VexilFrameResultText, ReturnsADifferentTextForEachResult) {
     std::vector<std::string> texts;
     for (int result = FrameOk; result <= FrameNoSelector; ++result) {
         texts.emplace_back(VexilFrameResultText(static_cast<VexilFrameResult>(result)));

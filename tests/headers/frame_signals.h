@@ -12,7 +12,7 @@ namespace vexil::test {
 
 using Frame = std::vector<std::uint8_t>;
 
-// A signal of factor 1 without offset or limits.
+// Returns a signal with factor 1, offset 0 and no limits.
 inline CanSignalRecord SignalAt(std::uint32_t startBit, std::uint32_t bitLength,
                                 std::uint32_t byteOrder, std::uint32_t valueType = ValueUnsigned) {
     CanSignalRecord signal = {};
@@ -24,7 +24,7 @@ inline CanSignalRecord SignalAt(std::uint32_t startBit, std::uint32_t bitLength,
     return signal;
 }
 
-// An integer at the beginning of a frame.
+// Returns an integer signal at the beginning of a frame.
 inline CanSignalRecord Integer(std::uint32_t bitLength, std::uint32_t valueType, double factor = 1,
                                double offset = 0) {
     CanSignalRecord signal = SignalAt(0, bitLength, ByteOrderLittleEndian, valueType);
@@ -41,7 +41,7 @@ inline CanSignalRecord Float64() {
     return SignalAt(0, 64, ByteOrderLittleEndian, ValueFloat64);
 }
 
-// The result of a conversion, and what it stored: Unset if nothing.
+// The result of a conversion, and the value that it stored; Unset if it stored none.
 template <typename Value>
 struct Outcome {
     static constexpr Value Unset = static_cast<Value>(123456789);

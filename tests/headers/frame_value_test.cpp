@@ -1,4 +1,4 @@
-// VexilDecodeValue, VexilEncodeValue and the conversions: scaling, rounding, limits and floats.
+// VexilDecodeValue, VexilEncodeValue and the conversions: scaling, rounding, ranges and floats.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
@@ -57,7 +57,7 @@ TEST(VexilDecodeValue, FailsAsDecodingTheRawValueDoes) {
     EXPECT_EQ(VexilDecodeValue(&signal, longer.data(), 9, nullptr), FrameNullArgument);
 }
 
-TEST(VexilRawToValue, TakesSignedNumbersOfAllBits) {
+TEST(VexilRawToValue, ConvertsSignedNumbersOf64Bits) {
     EXPECT_EQ(RawToValue(Integer(64, ValueSigned), Negative(-1)), Value(FrameOk, -1));
     EXPECT_EQ(RawToValue(Integer(64, ValueUnsigned), Negative(-1)),
               Value(FrameOk, std::ldexp(1, 64)));
@@ -73,14 +73,14 @@ TEST(VexilRawToValue, KeepsInfinitiesAndNaNsOfFloats) {
     EXPECT_TRUE(std::isnan(nan.value));
 }
 
-TEST(VexilRawToValue, FailsWhereTheValueDoesNotFitADouble) {
+TEST(VexilRawToValue, FailsIfTheValueDoesNotFitADouble) {
     EXPECT_EQ(RawToValue(Integer(8, ValueUnsigned, Largest), 2), Failure<double>(FrameOutOfRange));
     EXPECT_EQ(RawToValue(Integer(8, ValueUnsigned, Largest, Largest), 1),
               Failure<double>(FrameOutOfRange));
     EXPECT_EQ(RawToValue(Integer(8, ValueUnsigned, Largest), 1), Value(FrameOk, Largest));
 }
 
-TEST(VexilRawToValue, FailsOnAFactorOrOffsetThatIsNoNumber) {
+TEST(VexilRawToValue, FailsOnANonFiniteFactorOrOffset) {
     for (const double bad : {Infinity, -Infinity, NaN}) {
         EXPECT_EQ(RawToValue(Integer(8, ValueUnsigned, bad), 1), Failure<double>(FrameBadScaling));
         EXPECT_EQ(RawToValue(Integer(8, ValueUnsigned, 1, bad), 1),
@@ -92,7 +92,7 @@ TEST(VexilRawToValue, ReturnsTheOffsetForAFactorOfZero) {
     EXPECT_EQ(RawToValue(Integer(8, ValueUnsigned, 0, 5), 77), Value(FrameOk, 5));
 }
 
-TEST(VexilValueToRaw, RoundsToTheNearestAndAwayFromZero) {
+TEST(VexilValueToRaw, RoundsToNearestAndHalfwayCasesAwayFromZero) {
     const CanSignalRecord integer = Integer(16, ValueSigned);
     struct Row {
         double value;
@@ -116,13 +116,13 @@ TEST(VexilValueToRaw, RoundsToTheNearestAndAwayFromZero) {
               Raw(FrameOk, Negative(-4503599627370496)));
 }
 
-TEST(VexilValueToRaw, UndoesFactorAndOffset) {
+TEST(VexilValueToRaw, InvertsFactorAndOffset) {
     EXPECT_EQ(ValueToRaw(Integer(16, ValueUnsigned, 0.1), 6553.5), Raw(FrameOk, 65535));
     EXPECT_EQ(ValueToRaw(Integer(8, ValueUnsigned, 1, -40), -40), Raw(FrameOk, 0));
     EXPECT_EQ(ValueToRaw(Integer(8, ValueSigned, -0.5, 3), 4), Raw(FrameOk, Negative(-2)));
 }
 
-TEST(VexilValueToRaw, TakesWhatRoundsIntoTheRangeAndNothingBeyond) {
+TEST(VexilValueToRaw, AcceptsOnlyValuesThatRoundIntoTheRange) {
     for (std::uint32_t length = 1; length <= 48; ++length) {
         const CanSignalRecord plain = Integer(length, ValueUnsigned);
         const CanSignalRecord withSign = Integer(length, ValueSigned);
@@ -141,7 +141,7 @@ TEST(VexilValueToRaw, TakesWhatRoundsIntoTheRangeAndNothingBeyond) {
     }
 }
 
-TEST(VexilValueToRaw, TakesTheLargestDoublesBelowTheEndOf64Bits) {
+TEST(VexilValueToRaw, AcceptsTheLargestDoublesOf64BitIntegers) {
     const double end = std::ldexp(1, 64);
     const double half = std::ldexp(1, 63);
     EXPECT_EQ(ValueToRaw(Integer(64, ValueUnsigned), std::nextafter(end, 0)),
@@ -164,13 +164,13 @@ TEST(VexilValueToRaw, FailsForAnIntegerOnInfinitiesAndNaN) {
     }
 }
 
-TEST(VexilValueToRaw, TakesTheNearestFloat) {
+TEST(VexilValueToRaw, EncodesTheNearestFloat) {
     EXPECT_EQ(ValueToRaw(Float32(), 0.1), Raw(FrameOk, 0x3DCCCCCD));
     EXPECT_EQ(ValueToRaw(Float32(), -10), Raw(FrameOk, 0xC1200000));
     EXPECT_EQ(ValueToRaw(Float64(), 0.1), Raw(FrameOk, 0x3FB999999999999A));
 }
 
-TEST(VexilValueToRaw, TakesEachFloatUpToTheLargest) {
+TEST(VexilValueToRaw, AcceptsFloatsUpToTheLargest) {
     const auto largest = static_cast<double>(std::numeric_limits<float>::max());
     EXPECT_EQ(ValueToRaw(Float32(), largest), Raw(FrameOk, 0x7F7FFFFF));
     EXPECT_EQ(ValueToRaw(Float32(), -largest), Raw(FrameOk, 0xFF7FFFFF));
@@ -187,7 +187,7 @@ TEST(VexilValueToRaw, KeepsInfinitiesAndNaNsOfFloats) {
     EXPECT_EQ(ValueToRaw(Float64(), NaN), Raw(FrameOk, 0x7FF8000000000000));
 }
 
-TEST(VexilValueToRaw, FailsForAFloatWhereScalingOverflows) {
+TEST(VexilValueToRaw, FailsForAFloatIfScalingOverflows) {
     CanSignalRecord signal = Float64();
     signal.factor = 0.5;
     EXPECT_EQ(ValueToRaw(signal, Largest), Failure<std::uint64_t>(FrameOutOfRange));
@@ -196,7 +196,7 @@ TEST(VexilValueToRaw, FailsForAFloatWhereScalingOverflows) {
     EXPECT_EQ(ValueToRaw(signal, Largest), Failure<std::uint64_t>(FrameOutOfRange));
 }
 
-TEST(VexilValueToRaw, FailsOnAScalingThatCannotBeUndone) {
+TEST(VexilValueToRaw, FailsOnAScalingThatCannotBeInverted) {
     for (const double bad : {0.0, -0.0, Infinity, -Infinity, NaN}) {
         EXPECT_EQ(ValueToRaw(Integer(8, ValueUnsigned, bad), 1),
                   Failure<std::uint64_t>(FrameBadScaling));
@@ -215,7 +215,7 @@ TEST(VexilFrame, RefusesNullInEachConversion) {
     EXPECT_EQ(frame, Frame(8, 0x55));
 }
 
-TEST(VexilEncodeValue, PutsTheRoundedValueIntoTheFrame) {
+TEST(VexilEncodeValue, EncodesTheRoundedValue) {
     CanSignalRecord torque = SignalAt(47, 12, ByteOrderBigEndian, ValueSigned);
     torque.factor = 0.5;
     Frame frame(8, 0xAA);
@@ -223,7 +223,7 @@ TEST(VexilEncodeValue, PutsTheRoundedValueIntoTheFrame) {
     EXPECT_EQ(frame, Frame({0xAA, 0xAA, 0xAA, 0xAA, 0xAA, 0xFF, 0x6A, 0xAA}));
 }
 
-TEST(VexilEncodeValue, LeavesTheFrameWhenItFails) {
+TEST(VexilEncodeValue, DoesNotChangeTheFrameOnFailure) {
     const Frame untouched(1, 0xAA);
     Frame frame = untouched;
     const CanSignalRecord signal = Integer(8, ValueUnsigned);
@@ -259,7 +259,7 @@ TEST(VexilIsWithinLimits, AllowsTheRoundingOfAFloat) {
     EXPECT_TRUE(IsWithin(Float64(), -0.1, 0.1, 0.1));
 }
 
-TEST(VexilIsWithinLimits, TakesTwoZerosAsNoLimits) {
+TEST(VexilIsWithinLimits, TreatsTwoZerosAsNoLimits) {
     EXPECT_TRUE(IsWithin(Float64(), 0, 0, 1e300));
     EXPECT_TRUE(IsWithin(Float64(), -0.0, 0, -1));
     EXPECT_TRUE(IsWithin(Float64(), 0, 0, 0));

@@ -1,5 +1,5 @@
-# Runs compare.py with the Python of Debian, which has canmatrix where its package is installed. Without
-# it says so and does nothing.
+# Runs compare.py with the Python of Debian, for which canmatrix is a package. Without canmatrix, reports
+# that the test is skipped.
 #   cmake -DPROGRAM=... -DWORK=... -P compare.cmake
 cmake_minimum_required(VERSION 3.25)
 

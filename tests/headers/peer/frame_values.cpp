@@ -1,5 +1,5 @@
-// Decodes frames: reads lines of a message id and bytes in hexadecimal from standard input and
-// prints a line for each signal of the message.
+// Decodes frames. Each line of standard input is a message id and bytes in hexadecimal; prints a
+// line for each signal of the message.
 //   frame_values FILE    the DBC file that describes the messages
 // SPDX-License-Identifier: MIT
 #include <iomanip>
