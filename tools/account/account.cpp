@@ -1,4 +1,4 @@
-// The account of a file, put together.
+// Makes the account of a file from its parts.
 // SPDX-License-Identifier: MIT
 #include "account/account.h"
 

@@ -1,5 +1,4 @@
-// The account of a file: what becomes of each of its statements, and what else there is to say of
-// it.
+// The account of a file: the fate of each of its statements, and findings about the whole file.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -18,20 +17,20 @@
 
 namespace vexil::tool {
 
-// A statement of the text as its author meant it, or stray text, whose keyword is empty.
+// A statement of the text as its author meant it, or stray text, which has no keyword.
 struct AccountedStatement {
     Cause cause = Cause::Kept;
     std::uint32_t line = 0;
     std::uint32_t column = 0;
     std::string_view keyword;
-    std::string_view text;  // in the text of the source
-    std::string detail;     // what the cause means here; may be empty
+    std::string_view text;  // a view into the text of the source
+    std::string detail;     // details of the cause for this statement; may be empty
 };
 
-// Something about the file as a whole, the layout of its signals, or its rewrite.
+// A finding about the file as a whole, the layout of its signals, or its rewrite.
 struct Finding {
     Cause cause = Cause::NoStatement;
-    std::uint32_t line = 0;  // 0: no place in particular
+    std::uint32_t line = 0;  // 0: the finding has no line
     std::uint32_t column = 0;
     std::string detail;
 };
@@ -51,15 +50,15 @@ struct Account {
 
 // Accounts for each statement of a text that the library has just read.
 //   source    must outlive the account
-//   snapshot  what the library made of it
+//   snapshot  the database after this read
 Account MakeAccount(const SourceText& source, const Snapshot& snapshot);
 
-// What is wrong with the layout of the signals: overlaps, signals outside their message,
-// multiplexed signals without a selector, ranges that no raw value reaches.
+// Returns the errors in the layout of the signals: overlaps, signals outside their message,
+// multiplexed signals without a selector, ranges that no raw value can reach.
 std::vector<Finding> FindLayoutFaults(const Account& account, const Snapshot& snapshot);
 
-// What a file that the library writes now loses or changes, beyond what the statements say: a
-// finding for each place.
+// Returns what a file that the library writes now loses or changes, in addition to the fates of the
+// statements: a finding for each place.
 std::vector<Finding> FindRewriteLosses(const Account& account, const Snapshot& snapshot);
 
 }  // namespace vexil::tool

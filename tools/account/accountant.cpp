@@ -1,4 +1,4 @@
-// The walk: each statement of the author with the statements of the library that begin in it.
+// Compares each statement of the author with the statements of the library that begin in it.
 // SPDX-License-Identifier: MIT
 #include "account/accountant.h"
 
@@ -17,8 +17,8 @@ bool HasEffect(Fate fate) {
     return fate == Fate::Refused || fate == Fate::Changed || fate == Fate::Kept;
 }
 
-// Whether the text of a parse error is the front of a statement: without its last byte, at most 254
-// bytes, and cut at a character.
+// Returns whether the text of a parse error is that of a statement: without its last byte, at most
+// 254 bytes, and cut at the end of a character.
 bool IsFrontOf(std::string_view front, std::string_view text) {
     constexpr std::size_t LongestFront = 254;
     constexpr std::size_t LongestCharacter = 4;
@@ -93,7 +93,7 @@ Outcome Accountant::ClassifyNextCut(std::size_t authorEnd) {
     return ClassifyCut(*lastCut, authorEnd);
 }
 
-// The statements that the library found before a position, inside one of the author.
+// Returns the statements that the library found before a position, inside one of the author.
 Accountant::Inside Accountant::TakeInside(std::size_t end) {
     Inside inside;
     while (nextCut < cuts.size() && cuts[nextCut].begin < end) {
@@ -110,8 +110,7 @@ Accountant::Inside Accountant::TakeInside(std::size_t end) {
     return inside;
 }
 
-// The outcome, or what comes of it when the library ended the statement early or found others
-// inside.
+// Returns the outcome, changed if the library ended the statement early or found others inside it.
 Outcome Accountant::WithInside(Outcome outcome, const SourceStatement& statement,
                                const LibraryStatement* own, const Inside& inside) const {
     const Fate fate = FateOf(outcome.cause);
@@ -185,7 +184,7 @@ Outcome Accountant::ClassifySignalCut(const LibraryStatement& cut, std::string_v
     const MessageFacts& message = database.messages[context.owners.MessagesRead() - 1];
     const std::uint32_t signal = context.owners.SignalsRead();
     if (signal == message.firstSignal + message.signalCount) {
-        // None of the message is left: a refused one ends its signals.
+        // A refused message has no signals: the library drops the following ones.
         if (auto refusal = TakeRefusal(cut, text)) {
             CloseSignals(Cause::SignalAfterRefusedSignal);
             return *std::move(refusal);
@@ -199,7 +198,7 @@ Outcome Accountant::ClassifySignalCut(const LibraryStatement& cut, std::string_v
     return outcome;
 }
 
-// The parse error of the cut, if the library has refused it.
+// Returns the parse error of the statement, if the library refused it.
 std::optional<Outcome> Accountant::TakeRefusal(const LibraryStatement& cut, std::string_view text) {
     if (nextError == database.errors.size()) {
         return std::nullopt;
@@ -226,7 +225,7 @@ void Accountant::CloseSignals(Cause cause) {
     }
 }
 
-// A signal without a message that takes it.
+// The outcome of a signal without a message to which it can belong.
 Outcome Accountant::ClassifyOrphan() const {
     if (signalOwner.message == NoIndex) {
         return {Cause::SignalWithoutMessage, ""};
@@ -244,7 +243,7 @@ Outcome Accountant::ClassifyOrphan() const {
     return {signalOwner.closed, Format("after {} in line {}", by.keyword, by.line)};
 }
 
-// A statement that the library has not seen as one.
+// The outcome of a statement that the library did not recognise as one.
 Outcome Accountant::ClassifyUncut(const SourceStatement& statement) const {
     if (statement.keyword == Keyword::None) {
         return {Cause::StrayText, ""};
@@ -263,7 +262,7 @@ Outcome Accountant::ClassifyUncut(const SourceStatement& statement) const {
                                      LineOf(lastCutOwner))};
 }
 
-// The outcome, or what the bytes of the statement come to where that is more.
+// Returns the outcome. For a kept or changed statement, invalid or removed bytes take precedence.
 Outcome Accountant::WithBytes(Outcome outcome, const SourceStatement& statement) {
     const std::size_t begin = sourceText.ByteOffset(statement.begin);
     const std::size_t end = sourceText.ByteOffset(statement.end);

@@ -1,5 +1,5 @@
-// The walk over a text that makes the account of its statements: the statements as their author
-// meant them and those that the library cut, side by side, with the database as the witness.
+// Makes the account of the statements of a text. Compares the statements as their author meant them
+// with those that the library cut, and checks the results against the database.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -23,19 +23,19 @@ class Accountant {
     Account Run();
 
   private:
-    // What an SG_ statement would come to.
+    // Whether an SG_ statement is read at this position, and into which message.
     struct SignalOwner {
         bool isOpen = false;
-        Cause closed = Cause::SignalWithoutMessage;  // if it is not open
-        std::uint32_t closedBy = NoIndex;            // the statement
+        Cause closed = Cause::SignalWithoutMessage;  // the cause if it is not open
+        std::uint32_t closedBy = NoIndex;            // the statement that closed it
         std::uint32_t message = NoIndex;             // the statement of the last message
-        Cause messageCause = Cause::Kept;            // what became of it
+        Cause messageCause = Cause::Kept;            // the cause of this statement
     };
 
-    // What the library found inside a statement of the author.
+    // The statements that the library found inside a statement of the author.
     struct Inside {
         const LibraryStatement* first = nullptr;
-        const LibraryStatement* effective = nullptr;  // the first one that came to something
+        const LibraryStatement* effective = nullptr;  // the first one that had an effect
     };
 
     void AddStatement(std::uint32_t index);
@@ -72,7 +72,7 @@ class Accountant {
     std::uint32_t nextError = 0;
     std::size_t nextInvalid = 0;
     std::size_t nextRemoved = 0;
-    std::vector<std::uint32_t> signalsLost;  // by statement; with refused and dropped messages
+    std::vector<std::uint32_t> signalsLost;  // by statement: signals lost with it
     Account accounted;
 };
 

@@ -1,6 +1,5 @@
-// The attributes of a file as the library handles them: definitions with their defaults, and
-// values, of the nine names that are kept. What a statement comes to may be known only at the end
-// of the file.
+// The reserved attributes of a file as the library reads them: definitions with their defaults, and
+// values. The outcome of a statement may be known only at the end of the file.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -22,21 +21,21 @@ namespace vexil::tool {
 enum class AttributeOwner : std::uint8_t { Network, Message, Signal };
 enum class AttributeType : std::uint8_t { Int, Text, Enum };
 
-// An attribute that the library keeps, with the one owner and type under which it is kept.
+// A reserved attribute, with the owner and type that its definition must have.
 struct KeptAttribute {
     std::string_view name;
     AttributeOwner owner;
     AttributeType type;
-    bool isWritten;  // a file that is written has it
+    bool isWritten;  // the library writes it
 };
 
 inline constexpr std::size_t KeptAttributeCount = 9;
 extern const std::array<KeptAttribute, KeptAttributeCount> KeptAttributes;
 
-// The attribute of a name; null if it is not kept.
+// Returns the reserved attribute with a name, or null.
 const KeptAttribute* FindKeptAttribute(std::string_view name);
 
-// A number, or the position in a list of texts, or a text.
+// A number, an index into the list of texts of an enumeration, or a text.
 struct AttributeValue {
     std::int32_t number = 0;
     std::string text;
@@ -44,14 +43,14 @@ struct AttributeValue {
 
 class AttributeBook {
   public:
-    // Each takes a statement. The outcome may be replaced by Finish.
+    // Each processes a statement and returns its outcome, which Finish can replace.
     Outcome AddDefinition(std::string_view text, std::uint32_t statement);
     Outcome AddDefault(std::string_view text, std::uint32_t statement);
     Outcome AddValue(std::string_view text, std::uint32_t statement);
 
     using LateOutcome = std::pair<std::uint32_t, Outcome>;
 
-    // What is known only when the whole file was read.
+    // Determines the outcomes that are known only at the end of the file.
     std::vector<LateOutcome> Finish(const Owners& owners, const Snapshot& snapshot) const;
 
   private:
@@ -63,7 +62,7 @@ class AttributeBook {
         AttributeValue byDefault;
         std::vector<std::string> choices;  // of an enumeration
 
-        // Whether the library looks it up under this owner and type.
+        // Whether it has the owner and type of the reserved attribute.
         bool IsUsed() const { return owner == attribute->owner && type == attribute->type; }
     };
     struct Value {
@@ -89,7 +88,7 @@ class AttributeBook {
     std::vector<Definition> definitions;
     std::vector<Value> values;
     std::set<ValueKey> valueKeys;
-    std::vector<Default> defaults;  // the last one that has set each definition
+    std::vector<Default> defaults;  // the last default of each definition
     std::vector<std::pair<std::uint32_t, std::string>> undefined;
     std::vector<std::uint32_t> overwritten;
 };

@@ -20,7 +20,7 @@ std::optional<AttributeType> TypeOf(std::string_view token) {
     return token == "STRING" ? std::optional(AttributeType::Text) : std::nullopt;
 }
 
-// Whether the words after the type are right for it.
+// Returns whether the tokens after the type are valid for it.
 bool HasArguments(AttributeType type, const AttributeTokens& tokens, std::size_t typeAt) {
     const std::size_t count = tokens.size() - typeAt - 1;
     const auto isNumber = [&](std::size_t at) {

@@ -1,5 +1,5 @@
-// What attribute statements have come to when the whole file was read: values of unknown owners,
-// and statements that say what holds without them.
+// The outcomes of attribute statements at the end of a file: values of unknown owners, and
+// statements that have no effect because the same is true without them.
 // SPDX-License-Identifier: MIT
 
 #include <algorithm>
@@ -64,7 +64,7 @@ class AttributeEffects {
         outcomes.push_back({statement, {Cause::KeptWithoutEffect, std::string(detail)}});
     }
 
-    // The first signal of an id that bears the name as an identifier.
+    // The first signal of an id whose identifier is the name.
     std::uint32_t FindSignal(std::uint32_t id, const std::string& name) const {
         for (std::uint32_t signal = readOwners.FirstSignal(id, name); signal != NoIndex;
              signal = readOwners.NextSignal(signal)) {
@@ -141,12 +141,12 @@ class AttributeEffects {
 
     static bool IsCanFd(const AttributeValue& value) { return value.text == "CAN FD"; }
 
-    // Whether this attribute decides the protocol: IsNMEA goes before J1939PGN.
+    // Whether this attribute decides the protocol: IsNMEA takes precedence over J1939PGN.
     bool IsProtocol(const Definition& definition) const {
         return definition.attribute->name == "IsNMEA" || database.info.protocolType != ProtocolNmea;
     }
 
-    // Whether an object is left without a value of its own.
+    // Whether any object has no value of its own.
     bool IsUncovered(const Definition& definition, std::uint32_t index) const {
         switch (definition.owner) {
             case AttributeOwner::Message:

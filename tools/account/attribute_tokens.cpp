@@ -1,4 +1,4 @@
-// Splitting at separators, then joining what quotes hold together.
+// Splits a statement at separators, then joins the parts inside quotes.
 // SPDX-License-Identifier: MIT
 #include "account/attribute_tokens.h"
 

@@ -1,5 +1,5 @@
-// The words of an attribute statement, as the library takes it apart: white space, commas and
-// semicolons separate, quotes hold together.
+// The tokens of an attribute statement, as the library splits it: at white space, commas and
+// semicolons that are not inside quotes.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -18,11 +18,11 @@ struct AttributeToken {
 
 std::vector<AttributeToken> SplitAttribute(std::string_view statement);
 
-// The text between the first and the last quote of a token; empty if there is none.
+// Returns the text between the first and the last quote of a token; empty if there is none.
 std::string_view QuotedContent(std::string_view token);
 
-// The name of the attribute in a BA_, BA_DEF_ or BA_DEF_DEF_ statement: the first quoted text. A
-// quick look, since most files have thousands of statements of attributes that are not kept.
+// Returns the name of the attribute in a BA_, BA_DEF_ or BA_DEF_DEF_ statement: the first quoted
+// text. Faster than splitting, since most files have thousands of statements of other attributes.
 std::string_view AttributeName(std::string_view statement);
 
 }  // namespace vexil::tool

@@ -13,7 +13,7 @@
 namespace vexil::tool {
 namespace {
 
-// Sets a value from a word of a statement. Returns false if it does not fit the type.
+// Sets a value from a token of a statement. Returns false if it does not fit the type.
 bool SetValue(AttributeType type, const std::vector<std::string>& choices, std::string_view token,
               AttributeValue& value) {
     const auto number = ReadLeadingNumber(token);
@@ -92,7 +92,7 @@ Outcome AttributeBook::AddDefault(std::string_view text, std::uint32_t statement
 
 namespace {
 
-// The message id of a token that is a number, as strtoul reads it.
+// Returns the message id of a token that is a number, as strtoul reads it.
 std::uint32_t IdOf(std::string_view token) {
     std::int64_t number = 0;
     std::from_chars(token.data(), token.data() + token.size(), number);
@@ -100,7 +100,7 @@ std::uint32_t IdOf(std::string_view token) {
     return number > Largest || number < -Largest ? 0 : static_cast<std::uint32_t>(number);
 }
 
-// Where the value is in a statement with this owner.
+// Returns the index of the token with the value, for a statement with this owner.
 constexpr std::size_t ValueAt(AttributeOwner owner) {
     switch (owner) {
         case AttributeOwner::Message:
@@ -116,13 +116,13 @@ bool NamesAnOwner(std::string_view token) {
     return token == "BO_" || token == "SG_" || token == "BU_" || token == "EV_";
 }
 
-// Whether the statement has the owner of the definition.
+// Returns whether the statement has the owner of the definition.
 bool HasOwner(const AttributeTokens& tokens, AttributeOwner owner) {
     const std::string_view token = tokens.size() > 2 ? std::string_view(tokens[2].text) : "";
     return owner == AttributeOwner::Network ? !NamesAnOwner(token) : OwnerOf(token) == owner;
 }
 
-// Whether there is an owner and a value, each with the words that it needs.
+// Returns whether the statement has an owner and a value, with all their tokens.
 bool HasForm(const AttributeTokens& tokens, AttributeOwner owner) {
     if (tokens.size() <= ValueAt(owner)) {
         return false;
@@ -132,7 +132,7 @@ bool HasForm(const AttributeTokens& tokens, AttributeOwner owner) {
             (owner == AttributeOwner::Message || tokens[4].tokenClass == TokenClass::Other));
 }
 
-// A value that was kept: whether it is what the statement says.
+// The outcome of a value that was read: whether it is exactly the value in the statement.
 Outcome ClassifyKeptValue(AttributeType type, std::string_view token, std::string_view statement) {
     constexpr std::size_t LongestText = LongTextSize - 1;
     if (type != AttributeType::Text) {

@@ -1,4 +1,4 @@
-// The nine attributes, and the words for them.
+// The table of the nine reserved attributes, and their descriptions.
 // SPDX-License-Identifier: MIT
 #include "account/attribute_words.h"
 

@@ -1,4 +1,4 @@
-// What the handlers of attribute statements share.
+// Functions for all kinds of attribute statements.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -16,19 +16,19 @@ using AttributeTokens = std::vector<AttributeToken>;
 
 std::string_view WordOf(AttributeType type);
 
-// For what owner and with which type the attribute is kept, in words.
+// Describes the owner and the type with which the library reads the attribute.
 std::string KeptFor(const KeptAttribute& attribute);
 
-// The outcome of an attribute that is not one of the nine.
+// Returns the outcome of a statement whose attribute is not reserved.
 Outcome OtherAttribute(std::string_view name);
 
-// Whether the name is given and not one of the nine, at a quick look.
+// Returns whether the name is neither empty nor that of a reserved attribute.
 bool IsOtherAttribute(std::string_view name);
 
-// Whether the tokens begin with these classes.
+// Returns whether the tokens begin with these classes.
 bool HasClasses(const AttributeTokens& tokens, std::initializer_list<TokenClass> classes);
 
-// The owner that BO_ or SG_ says.
+// Returns the owner that BO_ or SG_ stands for.
 std::optional<AttributeOwner> OwnerOf(std::string_view token);
 
 }  // namespace vexil::tool

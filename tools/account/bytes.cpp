@@ -1,4 +1,4 @@
-// The first invalid byte of a statement, and how many there are.
+// Describes the first invalid byte of a statement and their number.
 // SPDX-License-Identifier: MIT
 #include "account/bytes.h"
 
@@ -7,8 +7,8 @@
 namespace vexil::tool {
 namespace {
 
-// Whether a byte is a letter or sign of Windows-1252 in the middle of ASCII. Several in a row are
-// more likely something else.
+// Returns whether a byte is probably a character of Windows-1252: the bytes beside it are ASCII.
+// Several such bytes in a row are more likely another encoding.
 bool LooksLikeWindows1252(const std::string_view bytes, std::size_t at) {
     const auto isAscii = [bytes](std::size_t place) {
         return place >= bytes.size() || static_cast<unsigned char>(bytes[place]) < 0x80;
@@ -17,7 +17,7 @@ bool LooksLikeWindows1252(const std::string_view bytes, std::size_t at) {
            isAscii(at + 1);
 }
 
-// A byte from 0xA0 on, which is the character of the same number in Windows-1252, in UTF-8.
+// Converts a byte from 0xA0 on to UTF-8. In Windows-1252 it is the character with the same number.
 std::string CharacterOf(unsigned char byte) {
     return {static_cast<char>(0xC0U | (byte >> 6U)), static_cast<char>(0x80U | (byte & 0x3FU))};
 }

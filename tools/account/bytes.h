@@ -1,4 +1,4 @@
-// Bytes that are not valid UTF-8, in words.
+// Describes bytes that are not valid UTF-8.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -9,9 +9,9 @@
 
 namespace vexil::tool {
 
-// Where the invalid bytes of a statement are, which ones they are, and what they would be in
-// Windows-1252 if they look like it.
-//   first, count  in source.InvalidBytes()
+// Describes the place and value of the invalid bytes of a statement, and their character in
+// Windows-1252 if that is likely.
+//   first, count  range of the bytes in source.InvalidBytes()
 std::string DescribeInvalidBytes(const SourceText& source, std::size_t first, std::size_t count);
 
 }  // namespace vexil::tool

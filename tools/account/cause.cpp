@@ -1,4 +1,4 @@
-// The table of causes, put together of its parts.
+// The table of causes, made from its parts.
 // SPDX-License-Identifier: MIT
 #include "account/cause.h"
 

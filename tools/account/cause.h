@@ -1,5 +1,5 @@
-// The causes: why a statement has its fate, and what else the tool finds in a file. Each has a row
-// with a name, which users see and give to "explain".
+// The causes: why a statement has its fate, and the kinds of findings about a file. Each has a row
+// with a name, which reports show and the command "explain" takes.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -89,7 +89,7 @@ enum class Cause : std::uint8_t {
     // kept
     Kept,
     KeptWithoutEffect,
-    // of the file as a whole
+    // about the file as a whole
     NoStatement,
     ByteOrderMark,
     Utf16Text,
@@ -101,12 +101,12 @@ enum class Cause : std::uint8_t {
     NamesNumbered,
     NamesCutToOne,
     CommentsDouble,
-    // of the layout of signals
+    // about the layout of signals
     SignalsOverlap,
     SignalOutsideMessage,
     MultiplexedWithoutSelector,
     RangeBeyondRawValues,
-    // of a rewrite
+    // about a rewrite
     MoreThanTenDigits,
     AttributeNotWritten,
     PlaceholderNode,
@@ -114,7 +114,7 @@ enum class Cause : std::uint8_t {
     DescriptionsOfFloat
 };
 
-// What a cause is found in.
+// The object to which a cause applies.
 enum class Scope : std::uint8_t { Statement, File, Layout, Rewrite };
 
 struct CauseRow {
@@ -123,16 +123,16 @@ struct CauseRow {
     Fate fate;
     std::string_view name;
     std::string_view summary;  // one line
-    std::string_view remedy;   // what to do about it
-    std::string_view example;  // a file that has the cause
+    std::string_view remedy;   // how to fix the file
+    std::string_view example;  // a file with this cause
 };
 
-// All rows, in the order of the enumeration.
+// Returns all rows, in the order of the enumeration.
 std::span<const CauseRow> Causes();
 
 const CauseRow& RowOf(Cause cause);
 
-// The row with a name; null if there is none.
+// Returns the row with a name, or null.
 const CauseRow* FindCause(std::string_view name);
 
 inline std::string_view NameOf(Cause cause) {

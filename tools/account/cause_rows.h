@@ -1,4 +1,4 @@
-// The rows of the table of causes, in the parts of their files.
+// The parts of the table of causes, each in its own file.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -1,4 +1,4 @@
-// The causes for which statements are changed.
+// Rows of the causes that a statement is changed.
 // SPDX-License-Identifier: MIT
 #include "account/cause_rows.h"
 

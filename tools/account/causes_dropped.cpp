@@ -1,4 +1,4 @@
-// The causes for which statements are dropped.
+// Rows of the causes that a statement is dropped.
 // SPDX-License-Identifier: MIT
 #include "account/cause_rows.h"
 

@@ -1,4 +1,4 @@
-// The kinds that are never kept, and the rows of what is kept.
+// Rows of the causes that a statement is ignored or kept.
 // SPDX-License-Identifier: MIT
 #include "account/cause_rows.h"
 

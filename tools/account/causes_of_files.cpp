@@ -1,10 +1,10 @@
-// The causes that concern a file as a whole, its layout or its rewrite.
+// Rows of the causes about a file as a whole, its layout or its rewrite.
 // SPDX-License-Identifier: MIT
 #include "account/cause_rows.h"
 
 namespace vexil::tool {
 
-using namespace std::string_view_literals;  // one example has a NUL
+using namespace std::string_view_literals;  // for an example that contains a NUL
 
 const std::array<CauseRow, OtherCount> OtherRows = {{
     {Cause::NoStatement, Scope::File, Fate::Dropped, "no-statement",

@@ -1,4 +1,4 @@
-// The causes for which statements are refused.
+// Rows of the causes that a statement is refused.
 // SPDX-License-Identifier: MIT
 #include "account/cause_rows.h"
 

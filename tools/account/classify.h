@@ -1,5 +1,5 @@
-// What a statement of one kind comes to, and the functions that classify each kind. Each takes the
-// text that the library handled, from the keyword to the next one, and what the database holds.
+// Functions that determine the outcome of a statement, one for each kind. Each takes the statement
+// that the library cut, from its keyword to the next one, and the snapshot of the database.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -19,15 +19,15 @@ struct Outcome {
     std::string detail;
 };
 
-// A statement that refers to a message or signal which has not been read yet. It is classified at
-// the end, when it is known whether the file has it further on.
+// A statement that refers to a message or signal that has not been read yet. It is classified at
+// the end, when it is known whether the file defines the owner later.
 struct Reference {
     std::uint32_t statement = 0;
     std::uint32_t id = 0;
     std::string_view signal;
 };
 
-// What comments and descriptions have come together so far, by index into the snapshot.
+// The comments and descriptions collected so far, by index into the snapshot.
 struct Collected {
     explicit Collected(const Snapshot& snapshot)
         : messageComments(snapshot.messages.size()),
@@ -38,19 +38,19 @@ struct Collected {
     std::vector<std::uint32_t> messageComments;  // bytes
     std::vector<std::uint32_t> signalComments;   // bytes
     std::vector<std::uint32_t> descriptions;     // pairs
-    std::vector<bool> floats;                    // made one by a SIG_VALTYPE_ statement
+    std::vector<bool> floats;                    // signals with a SIG_VALTYPE_ statement
 };
 
-// What these functions share.
+// The state that these functions share.
 struct ReadContext {
     const Snapshot& snapshot;
     Owners owners;
     Collected collected;
     std::vector<Reference> references;
-    std::uint32_t statement = 0;  // the one that is being classified
+    std::uint32_t statement = 0;  // the statement to classify
 };
 
-// A BO_ statement that was kept. Sets the name as it is written.
+// A BO_ statement that was kept. Sets the name to that in the statement.
 Outcome ClassifyMessage(std::string_view text, const Snapshot& snapshot, const MessageFacts& facts,
                         std::string_view& name);
 
@@ -58,7 +58,7 @@ Outcome ClassifyMessage(std::string_view text, const Snapshot& snapshot, const M
 Outcome ClassifySignal(std::string_view text, const Snapshot& snapshot, const SignalFacts& facts,
                        std::string_view& name);
 
-// A CM_ statement. The text of its author ends at a position.
+// A CM_ statement, with the position at which its text ends for the author.
 Outcome ClassifyComment(std::string_view text, std::size_t authorEnd, ReadContext& context);
 
 // A VAL_ statement.
@@ -67,7 +67,7 @@ Outcome ClassifyDescriptions(std::string_view text, ReadContext& context);
 // A SIG_VALTYPE_ statement.
 Outcome ClassifyValueType(std::string_view text, ReadContext& context);
 
-// A statement that refers to an owner which was not among those that had been read.
+// A statement whose owner had not been read before it.
 Outcome ClassifyMissingOwner(const Reference& reference, const Owners& owners);
 
 }  // namespace vexil::tool

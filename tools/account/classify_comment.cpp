@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::uint32_t LongestComment = LongTextSize - 1;
 
-// The bytes that a comment takes when each double quote in it has a backslash.
+// Returns the size of a comment in which each double quote has a backslash.
 std::uint32_t EscapedSize(std::string_view comment) {
     std::size_t size = comment.size();
     for (std::size_t at = 0; at < comment.size(); ++at) {
@@ -21,8 +21,8 @@ std::uint32_t EscapedSize(std::string_view comment) {
     return static_cast<std::uint32_t>(size);
 }
 
-// The text of a comment that has reached its owner.
-//   collected  the size of what the owner has already
+// The outcome of a comment whose owner was found.
+//   collected  the size of the earlier comments of the owner
 Outcome ClassifyText(std::string_view text, std::size_t open, std::size_t authorEnd,
                      std::uint32_t& collected) {
     const std::size_t close = text.rfind('"');

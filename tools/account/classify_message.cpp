@@ -1,4 +1,4 @@
-// BO_ statements that were kept: what of them was changed.
+// BO_ statements that were read: detects which parts were changed.
 // SPDX-License-Identifier: MIT
 
 #include "account/classify.h"
@@ -24,7 +24,7 @@ Outcome ClassifyName(std::string_view written, std::string_view kept) {
             Format("\"{}\" is kept as {}", Shown(written), kept)};
 }
 
-// All that follows the size is the sender.
+// The library takes all text after the size as the transmitter.
 Outcome ClassifySender(std::string_view written, std::string_view kept) {
     if (written == kept) {
         return {};

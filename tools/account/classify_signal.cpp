@@ -1,4 +1,4 @@
-// SG_ statements that were kept: what of them was changed.
+// SG_ statements that were read: detects which parts were changed.
 // SPDX-License-Identifier: MIT
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t LongestUnit = ShortTextSize - 1;
 constexpr std::size_t LongestText = LongTextSize - 1;
 
-// A part of the statement up to a character; all of the rest if the character is not there.
+// Returns the part of the statement up to a character, or the rest if there is none.
 std::string_view TakeUpTo(std::string_view& rest, char ch) {
     const std::size_t end = std::min(rest.find(ch), rest.size());
     const std::string_view part = rest.substr(0, end);
@@ -26,7 +26,7 @@ bool IsDigitOf(std::string_view text, std::size_t at) {
     return at < text.size() && text[at] >= '0' && text[at] <= '9';
 }
 
-// The name, when it is not kept as it is written. An indicator that was not taken for one is in it.
+// Detects a changed name. A multiplex indicator that the library did not recognise is a part of it.
 Outcome ClassifyName(std::string_view written, std::string_view kept, const SignalFacts& facts) {
     if (written.empty() && facts.multiplexType != MultiplexNone) {
         return {Cause::NameTakenForMultiplexing, "the signal has no name"};
@@ -59,7 +59,7 @@ bool IsWholeDouble(std::string_view text) {
     return number && number->isWhole;
 }
 
-// Start bit and length, up to the factor.
+// Checks start bit and length, up to the factor.
 Outcome ClassifyLayout(std::string_view layout) {
     const std::string_view start = TakeUpTo(layout, '|');
     const std::size_t at = layout.find('@');
@@ -78,7 +78,7 @@ Outcome ClassifyLayout(std::string_view layout) {
     return {};
 }
 
-// The two numbers between brackets.
+// Checks the two numbers between brackets.
 Outcome ClassifyPair(std::string_view pair, char separator) {
     const std::string_view whole = pair;
     const std::string_view first = TakeUpTo(pair, separator);
@@ -113,7 +113,7 @@ Outcome ClassifyUnit(std::string_view written, const Snapshot& snapshot, const S
     return {};
 }
 
-// What follows the unit.
+// Checks the text after the unit.
 Outcome ClassifyReceivers(std::string_view written, std::string_view kept) {
     if (Trim(written) == kept) {
         return {};
@@ -144,7 +144,7 @@ bool IsKept(const Outcome& outcome) {
     return outcome.cause == Cause::Kept;
 }
 
-// Everything after the colon.
+// Checks the text after the colon.
 Outcome ClassifyRest(std::string_view rest, const Snapshot& snapshot, const SignalFacts& facts) {
     Outcome outcome = ClassifyLayout(TakeUpTo(rest, '('));
     if (IsKept(outcome)) {
@@ -162,7 +162,7 @@ Outcome ClassifyRest(std::string_view rest, const Snapshot& snapshot, const Sign
     const std::size_t open = rest.find('"');
     const std::size_t close = open == std::string_view::npos ? open : rest.find('"', open + 1);
     if (close == std::string_view::npos) {
-        // Without a unit the library leaves out one character.
+        // If there is no unit, the library skips one character.
         return ClassifyReceivers(rest.substr(std::min<std::size_t>(1, rest.size())),
                                  snapshot.Text(facts.receiverList));
     }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t LongestDescription = LongTextSize - 1;
 
-// The words of a name that are tried, since a name may have blanks.
+// The most words of a name that are tried. A name may contain blanks.
 constexpr int MostWords = 8;
 
 struct FoundSignal {
@@ -22,7 +22,7 @@ struct FoundSignal {
     std::string_view rest;
 };
 
-// The signal that the words name, with white space after the name.
+// Returns the signal that the words name. White space must follow the name.
 FoundSignal FindSignal(const Owners& owners, std::uint32_t id, Words words) {
     const std::string_view first = words.Peek();
     for (int word = 0; word < MostWords; ++word) {
@@ -47,7 +47,7 @@ struct Pairs {
     std::size_t longest = 0;
 };
 
-// The pairs of a number and a text, as the library takes them.
+// Parses pairs of a number and a text as the library does.
 Pairs ReadPairs(std::string_view text) {
     Pairs pairs;
     std::size_t at = 0;
@@ -58,7 +58,7 @@ Pairs ReadPairs(std::string_view text) {
         }
         const auto number = ReadLeadingNumber(text.substr(at, open - at));
         if (!number) {
-            // A lone quote after a text is no value: the text ends there.
+            // A single quote after a text is not a value: it ends the text.
             pairs.isShifted = true;
             at = open + 1;
             continue;

@@ -1,4 +1,4 @@
-// What becomes of a statement on its way through the library.
+// The fate of a statement: what the library does with it.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -12,9 +12,9 @@ namespace vexil::tool {
 
 enum class Fate : std::uint8_t {
     Refused,  // a BO_ or SG_ statement that leaves a parse error
-    Dropped,  // of a kind that is kept, but without effect
-    Changed,  // kept, but not as it is written
-    Ignored,  // of a kind that is never kept
+    Dropped,  // of a kind that is read, but without effect
+    Changed,  // read, but not exactly as the file has it
+    Ignored,  // of a kind that is never read
     Kept
 };
 

@@ -1,4 +1,4 @@
-// The encoding of a file, and names that are not unique in it.
+// Findings about the encoding of a file, and about names that are not unique.
 // SPDX-License-Identifier: MIT
 #include "account/file_findings.h"
 
@@ -13,7 +13,7 @@
 namespace vexil::tool {
 namespace {
 
-// A name of more characters is cut when a number is put on it.
+// A name longer than this is cut when a number is added to it.
 constexpr std::size_t LongestNumberedName = 27;
 
 class Finder {
@@ -31,7 +31,7 @@ class Finder {
     }
 
   private:
-    // A signal, and the first one of its message.
+    // A signal, and the first signal of its message.
     struct Named {
         std::uint32_t firstSignal;
         std::uint32_t signal;
@@ -99,7 +99,8 @@ class Finder {
         }
     }
 
-    // Two messages with one id are written with a comment each, and each of the two reaches both.
+    // For two messages with one id, both comments are written. When the file is read, each of them
+    // applies to both messages.
     void LookAtComments(std::uint32_t first, std::uint32_t other) {
         const MessageFacts& one = database.messages[first];
         const MessageFacts& two = database.messages[other];
@@ -113,12 +114,12 @@ class Finder {
         LookAtSignalComments(two, signals->second);
     }
 
-    // What is joined where statements reach several owners.
+    // Texts that are joined because their statements apply to several owners.
     static bool HasTexts(const SignalFacts& facts) {
         return facts.comment.size != 0 || facts.descriptionCount != 0;
     }
 
-    // Looks the signals of a message up among those of earlier messages with its id, and adds them.
+    // Compares the signals of a message with those of earlier messages with its id, and adds them.
     void LookAtSignalComments(const MessageFacts& message, SignalsByName& signals) {
         for (std::uint32_t index = 0; index < message.signalCount; ++index) {
             const std::uint32_t signal = message.firstSignal + index;
@@ -134,7 +135,7 @@ class Finder {
         }
     }
 
-    // Signals of one message with one name, which the next write numbers.
+    // Finds signals of one message with one name, which the next write numbers.
     void LookAtSignals(const MessageFacts& message) {
         std::vector<std::pair<std::string_view, std::uint32_t>> names;
         names.reserve(message.signalCount);
@@ -143,7 +144,7 @@ class Finder {
             names.emplace_back(database.Text(database.signals[signal].name), signal);
         }
         std::sort(names.begin(), names.end());
-        std::string_view front;  // of the last group of equal names that are cut
+        std::string_view front;  // of the last group of names that are equal after the cut
         for (std::size_t begin = 0; begin < names.size();) {
             std::size_t end = begin + 1;
             while (end < names.size() && names[end].first == names[begin].first) {

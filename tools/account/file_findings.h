@@ -1,4 +1,4 @@
-// What there is to say of a file as a whole.
+// Findings about a file as a whole.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -8,7 +8,7 @@
 
 namespace vexil::tool {
 
-// The encoding of the file, its line ends, ids and names that are not unique.
+// Returns findings about the encoding, the line ends, and ids and names that are not unique.
 std::vector<Finding> FindFileFindings(const SourceText& source, const Account& account,
                                       const Snapshot& snapshot);
 

@@ -1,4 +1,4 @@
-// Which cause stands for which kind.
+// Maps statements of ignored kinds to causes.
 // SPDX-License-Identifier: MIT
 #include "account/ignored_kind.h"
 

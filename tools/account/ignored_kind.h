@@ -1,4 +1,4 @@
-// The kinds of statements that the library never keeps.
+// The kinds of statements that the library never reads.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -10,8 +10,8 @@
 
 namespace vexil::tool {
 
-// The outcome of a statement of such a kind: by its keyword, by the owner of a comment, by the name
-// of an attribute. Nothing if the statement is of a kind that may be kept.
+// Returns the outcome of a statement of such a kind, which its keyword, the owner of a comment or
+// the name of an attribute decides. Returns nothing for any other statement.
 std::optional<Outcome> IgnoredKind(Keyword keyword, std::string_view text);
 
 }  // namespace vexil::tool

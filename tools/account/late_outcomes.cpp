@@ -1,4 +1,4 @@
-// What is known of the statements only when the whole file was read.
+// Outcomes that are known only at the end of the file.
 // SPDX-License-Identifier: MIT
 
 #include <map>
@@ -10,7 +10,7 @@
 
 namespace vexil::tool {
 
-// Adds to each use of an attribute that is not defined where its definition was dropped, if it was.
+// Adds to each use of an undefined attribute the line of its definition, if that was dropped.
 void Accountant::AddDroppedDefinitions() {
     std::map<std::string_view, std::uint32_t> lines;
     for (const AccountedStatement& statement : accounted.statements) {
@@ -48,8 +48,8 @@ void Accountant::AddLateOutcomes() {
     }
 }
 
-// Adds to each message that was refused or dropped how many signals went with it, and to each
-// refused signal how many later ones.
+// Adds to each refused or dropped message the number of its lost signals, and to each refused
+// signal the number of later signals that were lost with it.
 void Accountant::CountLostSignals() {
     std::uint32_t message = NoIndex;
     std::uint32_t refused = NoIndex;
@@ -61,7 +61,7 @@ void Accountant::CountLostSignals() {
         if (statement.keyword == "SG_" && FateOf(statement.cause) == Fate::Refused) {
             refused = index;
         }
-        // The library may have met the other statement inside a text, where it is none here.
+        // The library can have found the other statement inside a text, where the author has none.
         if (statement.cause == Cause::SignalOfRefusedMessage && message != NoIndex) {
             ++signalsLost[message];
         }

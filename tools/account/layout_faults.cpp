@@ -1,4 +1,5 @@
-// Signals that share bits, leave their message, lack a selector, or promise values out of reach.
+// Finds signals that overlap, exceed their message, lack a multiplexer, or have a range that no raw
+// value can reach.
 // SPDX-License-Identifier: MIT
 
 #include <algorithm>
@@ -81,7 +82,7 @@ class Finder {
         const double highest = std::ldexp(1.0, isSigned ? length - 1 : length) - 1;
         const double one = lowest * facts.factor + facts.offset;
         const double two = highest * facts.factor + facts.offset;
-        const double step = std::abs(facts.factor);  // a range may be rounded
+        const double step = std::abs(facts.factor);  // tolerance for rounded limits
         if (facts.minimum < std::min(one, two) - step ||
             facts.maximum > std::max(one, two) + step) {
             Add(Cause::RangeBeyondRawValues, signal,

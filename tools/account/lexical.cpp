@@ -1,4 +1,4 @@
-// Words and numbers.
+// Parses words and numbers.
 // SPDX-License-Identifier: MIT
 #include "account/lexical.h"
 
@@ -102,7 +102,7 @@ std::optional<LeadingNumber> ReadLeadingNumber(std::string_view text) {
 }
 
 std::optional<LeadingDouble> ReadLeadingDouble(std::string_view text) {
-    // Not every standard library has from_chars for doubles. The tool sets no locale.
+    // Not every standard library has from_chars for doubles. The tool sets no locale for strtod.
     const std::string copy(Trim(text));
     char* end = nullptr;
     LeadingDouble number;

@@ -1,4 +1,4 @@
-// How the library takes words and numbers out of a statement.
+// Parses words and numbers of a statement as the library does.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -10,10 +10,10 @@
 
 namespace vexil::tool {
 
-// The text without white space at its ends.
+// Returns the text without white space at its ends.
 std::string_view Trim(std::string_view text);
 
-// The text on one line, each run of white space made one blank, and cut if it is long.
+// Returns the text on one line: each run of white space becomes a blank, and a long text is cut.
 std::string Shown(std::string_view text);
 
 // The words of a statement, one after the other.
@@ -24,10 +24,10 @@ class Words {
     // The next run of characters that are not white space; empty at the end.
     std::string_view Next();
 
-    // What Next would return, without taking it.
+    // The word that Next will return.
     std::string_view Peek() const;
 
-    // All that has not been taken.
+    // The text after the last word.
     std::string_view Rest() const { return whole.substr(position); }
 
   private:
@@ -35,31 +35,32 @@ class Words {
     std::size_t position = 0;
 };
 
-// An id: decimal digits alone, of 32 bits, with white space after them.
+// Parses an id: only decimal digits, at most 32 bits, with white space after them.
 std::optional<std::uint32_t> TakeId(Words& words);
 
-// The whole number at the front of a text, white space and a sign before it allowed; nothing if
-// there is none of 32 bits.
+// Parses an integer at the front of a text, after optional white space and a sign. Returns nothing
+// if there is none or it exceeds 32 bits.
 struct LeadingNumber {
     std::int32_t value = 0;
-    bool isWhole = true;  // nothing but white space follows it
+    bool isWhole = true;  // only white space follows it
 };
 std::optional<LeadingNumber> ReadLeadingNumber(std::string_view text);
 
-// A number of double precision at the front of a text, in the same way.
+// Parses a double at the front of a text, in the same way.
 struct LeadingDouble {
     double value = 0;
     bool isWhole = true;
 };
 std::optional<LeadingDouble> ReadLeadingDouble(std::string_view text);
 
-// Whether a name is an identifier: letters, digits and underscores, no digit first, at most 32.
+// Returns whether a name is an identifier: at most 32 letters, digits and underscores, not starting
+// with a digit.
 bool IsIdentifier(std::string_view name);
 
-// Whether all of its characters may be in an identifier, whatever its length.
+// Returns whether an identifier can have all characters of the name. Its length does not matter.
 bool HasIdentifierCharacters(std::string_view name);
 
-// The identifier that the library makes of a text.
+// Returns the identifier that the library makes of a text.
 std::string MakeIdentifier(std::string_view text);
 
 }  // namespace vexil::tool

@@ -1,5 +1,5 @@
-// The messages and signals that have been read so far, by the ids and names with which later
-// statements refer to them.
+// The messages and signals that were read so far, by the ids and names with which later statements
+// refer to them.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -20,20 +20,19 @@ class Owners {
   public:
     explicit Owners(const Snapshot& snapshot);
 
-    // The next message, or the next signal of the last message, has been read. The name is the one
-    // of its statement.
+    // Adds the next message, or the next signal of the last message. The name is the raw name, from
+    // the statement.
     void AddMessage(std::string_view name);
     void AddSignal(std::string_view name);
 
     std::uint32_t MessagesRead() const { return static_cast<std::uint32_t>(messageNames.size()); }
     std::uint32_t SignalsRead() const { return static_cast<std::uint32_t>(signalNames.size()); }
 
-    // The first message with an id, and how many have it, whether or not they were read; NoIndex if
-    // there is none.
+    // The first message of the whole file with an id, or NoIndex, and the number of such messages.
     std::uint32_t FirstMessage(std::uint32_t id) const;
     std::uint32_t MessageCount(std::uint32_t id) const;
 
-    // The first signal of a name in the messages of an id that has been read, and the next one.
+    // The first signal that was read with a name, in the messages with an id; and the next one.
     std::uint32_t FirstSignal(std::uint32_t id, std::string_view name) const;
     std::uint32_t NextSignal(std::uint32_t signal) const { return nextSignals[signal]; }
 

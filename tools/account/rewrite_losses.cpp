@@ -1,4 +1,4 @@
-// What a written file lacks or has in another form, although the database has it.
+// Finds content of the database that a written file lacks or has in another form.
 // SPDX-License-Identifier: MIT
 
 #include <cstdlib>
@@ -13,7 +13,7 @@
 namespace vexil::tool {
 namespace {
 
-// Whether a number reads back as it was when it is written with ten digits.
+// Returns whether a number is equal after it was written with ten digits and read.
 bool SurvivesTenDigits(double number) {
     const std::string text = Format("{:.10g}", number);
     return std::strtod(text.c_str(), nullptr) == number;
@@ -68,7 +68,7 @@ class Finder {
         if (signal.receiverList.size == 0) {
             Add(Cause::PlaceholderNode, statement, "no receivers");
         }
-        // Where the unit is what was changed of the statement, its cause says so.
+        // If the unit was changed by the read, the cause of its statement already reports it.
         if (database.Text(signal.unit) != database.Text(signal.unitUtf8) &&
             accounted.statements[statement].cause != Cause::UnitFolded) {
             Add(Cause::UnitWrittenInAscii, statement,

@@ -1,4 +1,4 @@
-// The summary of a rewrite: the statements of the two files side by side.
+// The summary of a rewrite, from a comparison of the statements of the two files.
 // SPDX-License-Identifier: MIT
 #include "account/rewrite_summary.h"
 
@@ -12,12 +12,12 @@
 namespace vexil::tool {
 namespace {
 
-// Characters beside which white space has no meaning.
+// Characters next to which white space has no meaning.
 bool IsMark(char ch) {
     return std::string_view(":;,|()[]").find(ch) != std::string_view::npos;
 }
 
-// The statement without the white space that has no meaning. White space inside quotes has one.
+// Returns the statement without white space that has no meaning. Quoted text does not change.
 std::string Words(std::string_view text) {
     std::string words;
     bool isQuoted = false;
@@ -37,7 +37,7 @@ std::string Words(std::string_view text) {
     return words;
 }
 
-// The statements of the written file, to find those of the other file in.
+// The statements of the written file, in which those of the other file are searched.
 class WrittenStatements {
   public:
     explicit WrittenStatements(std::string_view text) {
@@ -51,7 +51,7 @@ class WrittenStatements {
     }
 
     bool Have(const AccountedStatement& statement) const {
-        // Of NS_ only the keyword counts: the symbols under it say what any reader may skip.
+        // For NS_, only the keyword counts. Any reader may skip its symbols.
         if (statement.cause == Cause::Symbols) {
             return true;
         }
@@ -91,7 +91,8 @@ class WrittenStatements {
     std::unordered_set<std::string> nodes;
 };
 
-// What concerns a file beyond its statements. Names that messages share are written as they are.
+// Returns whether a finding about the file also concerns its rewrite. Equal ids and names of
+// messages do not: they are written unchanged.
 bool ConcernsRewrite(Cause cause) {
     return cause != Cause::SameMessageId && cause != Cause::SameMessageName;
 }

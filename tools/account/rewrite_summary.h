@@ -1,4 +1,4 @@
-// What a written file lost and changed of the file that it was made from, counted by cause.
+// The summary of a rewrite: the statements that a written file lost and changed, counted by cause.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -13,7 +13,7 @@ namespace vexil::tool {
 struct CauseCount {
     Cause cause = Cause::Kept;
     std::size_t count = 0;
-    std::uint32_t line = 0;  // of the first place; 0: no place in particular
+    std::uint32_t line = 0;  // of the first place; 0: the cause has no line
 
     bool operator==(const CauseCount&) const = default;
 };
@@ -26,14 +26,14 @@ struct RewriteSummary {
     bool IsEmpty() const { return losses.empty() && changes.empty(); }
 };
 
-// A statement that the written file has, too, word for word, was neither lost nor changed, whatever
-// became of it in the database.
-//   findings  those of FindRewriteLosses
+// Compares the statements of both files. A statement that the written file also has, word for word,
+// is neither lost nor changed, regardless of its fate.
+//   findings  the result of FindRewriteLosses
 //   written   the text that the library wrote
 RewriteSummary SummarizeRewrite(const Account& account, const std::vector<Finding>& findings,
                                 std::string_view written);
 
-// The sum of the counts.
+// Returns the sum of the counts.
 std::size_t TotalOf(const std::vector<CauseCount>& counts);
 
 }  // namespace vexil::tool

@@ -1,4 +1,4 @@
-// Reading and writing, with the library's answers in words.
+// Reads and writes files, and describes failures in words.
 // SPDX-License-Identifier: MIT
 #include "database/database_file.h"
 
@@ -9,13 +9,13 @@
 namespace vexil::tool {
 namespace {
 
-// The size that the library wants with a path: that of the buffer, so the NUL counts.
+// Returns the size that the library requires with a path: that of the buffer with the NUL.
 std::uint32_t BufferSize(const std::string& path) {
     return static_cast<std::uint32_t>(path.size() + 1);
 }
 
-// The library calls it a success when only the last line of a file failed. For a user the file is
-// then as doubtful as any other that failed.
+// If only the last line could not be written, the library reports success. For a user, this is a
+// failure.
 bool IsDone(std::uint8_t success, std::uint32_t resultCode) {
     return success != 0 && resultCode == StateClosed;
 }
@@ -23,7 +23,7 @@ bool IsDone(std::uint8_t success, std::uint32_t resultCode) {
 }  // namespace
 
 std::string_view ReadDatabase(const std::string& path) {
-    // The bus type would outlive the read of another file.
+    // A read keeps the bus type of the previous file.
     const DatabaseInfo none{};
     VexilSetDatabaseInfo(&none, sizeof none);
     std::uint32_t resultCode = 0;

@@ -1,4 +1,4 @@
-// The words for result codes and for the steps of a statement.
+// The texts for result codes and for the steps of a statement.
 // SPDX-License-Identifier: MIT
 #include "database/result_words.h"
 
@@ -9,7 +9,7 @@
 namespace vexil::tool {
 namespace {
 
-// Why a file was not even opened.
+// Returns the reason why a file was not opened.
 std::string_view OpenFailure(std::uint32_t resultCode) {
     switch (resultCode) {
         case StatePathTooLong:

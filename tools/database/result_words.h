@@ -1,4 +1,4 @@
-// The library's codes in words.
+// Texts for the codes of the library.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -8,16 +8,16 @@
 
 namespace vexil::tool {
 
-// Why a read failed, by its result code.
+// Returns the reason why a read failed, by its result code.
 std::string_view ReadFailure(std::uint32_t resultCode);
 
-// Why a write failed, by its result code.
+// Returns the reason why a write failed, by its result code.
 std::string_view WriteFailure(std::uint32_t resultCode);
 
-// What failed in a statement, by the code of its ParseError.
+// Returns the step of a statement that failed, by the code of its ParseError.
 std::string_view FailedStep(std::uint32_t code);
 
-// A text on one line: each run of white space made one blank, none at the ends.
+// Returns a text on one line: each run of white space becomes a blank, and none is at the ends.
 std::string OneLine(std::string_view text);
 
 }  // namespace vexil::tool

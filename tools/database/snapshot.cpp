@@ -1,4 +1,4 @@
-// Walking the database through the functions of the library.
+// Iterates over the database through the functions of the library.
 // SPDX-License-Identifier: MIT
 #include "database/snapshot.h"
 
@@ -33,7 +33,7 @@ class Taker {
         return kept;
     }
 
-    // A text that is mostly the same as another one of the record shares its place.
+    // Does not store a text that equals another text of the record, which is the usual case.
     TextRef Keep(const char* text, TextRef other) {
         return database.Text(other) == text ? other : Keep(text);
     }

@@ -1,4 +1,4 @@
-// The database as the public functions show it, taken in one pass and held in little memory.
+// A copy of the database, made through the public functions in one pass, in compact form.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -79,7 +79,7 @@ struct Snapshot {
     }
 };
 
-// Takes the snapshot of what the library has now.
+// Takes a snapshot of the current database.
 Snapshot TakeSnapshot();
 
 }  // namespace vexil::tool

@@ -59,7 +59,7 @@ const KeywordRow* FindKeyword(std::string_view word) {
     if (last != '_' && last != 'N' && last != 'R') {
         return nullptr;
     }
-    // Few words get beyond the first two letters.
+    // The first two letters exclude most words.
     const auto* const row =
         std::find_if(Rows.begin() + 1, Rows.end(), [word](const KeywordRow& each) {
             return each.text.size() == word.size() && each.text[0] == word[0] &&

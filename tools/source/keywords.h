@@ -1,4 +1,4 @@
-// The keywords of the format, and how a statement of each kind ends for its author.
+// The keywords of the format, and how a statement of each kind ends.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -50,12 +50,12 @@ enum class Keyword : std::uint8_t {
 struct KeywordRow {
     Keyword keyword;
     std::string_view text;
-    bool endsWithSemicolon;      // for its author
-    bool libraryNeedsSemicolon;  // for the library, which cuts all other kinds at the next keyword
+    bool endsWithSemicolon;      // in the format
+    bool libraryNeedsSemicolon;  // in the library, which cuts other kinds at the next keyword
     bool isSymbol;               // listed under NS_
 };
 
-// The row of a word; null if the word is no keyword.
+// Returns the row of a word, or null if the word is not a keyword.
 const KeywordRow* FindKeyword(std::string_view word);
 
 const KeywordRow& RowOf(Keyword keyword);

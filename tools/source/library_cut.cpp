@@ -1,4 +1,4 @@
-// The cut, line by line as the library takes them in.
+// Cuts a text line by line, like the library.
 // SPDX-License-Identifier: MIT
 #include "source/library_cut.h"
 
@@ -11,7 +11,7 @@ struct FoundKeyword {
     std::size_t end = 0;
 };
 
-// The lines that were taken in and not yet given out are whole[bufferBegin, bufferEnd).
+// The buffered lines are whole[bufferBegin, bufferEnd).
 class Cutter {
   public:
     explicit Cutter(std::string_view text) : whole(text) {}
@@ -36,7 +36,7 @@ class Cutter {
         return true;
     }
 
-    // The first keyword from a position on that is a word of its own.
+    // Returns the first keyword from a position on that is a word of its own.
     FoundKeyword Find(std::size_t from) const {
         std::size_t at = from;
         while (at < bufferEnd) {
@@ -54,7 +54,7 @@ class Cutter {
         return {};
     }
 
-    // Finds the keyword of the next statement; a line without any is thrown away.
+    // Finds the keyword of the next statement. Lines without a keyword are dropped.
     bool FindStart() {
         if (atEnd) {
             return false;

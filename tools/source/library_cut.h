@@ -1,5 +1,5 @@
-// Where the library cuts a text into statements: from one keyword to the next, without regard to
-// quotes. The account needs it to tell which statement swallowed which.
+// Cuts a text into statements as the library does: from one keyword to the next, ignoring quotes.
+// The account uses the cut to find statements that became a part of others.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -12,18 +12,18 @@
 
 namespace vexil::tool {
 
-// A text that has grown beyond this size when a line ends is taken as it is.
+// The library cuts a statement that is longer than this at the end of a line.
 inline constexpr std::size_t LongestStatement = 4096;
 
 struct LibraryStatement {
     std::size_t begin = 0;   // of its keyword
-    std::size_t end = 0;     // white space before the next keyword included
-    std::uint32_t line = 0;  // that a ParseError gives
+    std::size_t end = 0;     // after the white space before the next keyword
+    std::uint32_t line = 0;  // the line that a ParseError has
     Keyword keyword = Keyword::None;
-    bool overflowed = false;  // beyond LongestStatement, with the lines after it lost
+    bool overflowed = false;  // longer than LongestStatement; the lines after it are lost
 };
 
-// Cuts the text, whose last line need not end.
+// Cuts the text. Its last line need not have a line end.
 std::vector<LibraryStatement> CutLikeLibrary(std::string_view text);
 
 }  // namespace vexil::tool

@@ -1,4 +1,4 @@
-// Cleaning the bytes of a file as the library does, and places in it.
+// Cleans the bytes of a file as the library does, and finds places in it.
 // SPDX-License-Identifier: MIT
 #include "source/source_text.h"
 
@@ -32,7 +32,7 @@ SourceText::SourceText(std::string bytes) : content(std::move(bytes)), fileSize(
 void SourceText::Clean() {
     const std::string_view bytes = content;
     std::size_t at = 0;
-    std::size_t copied = 0;  // the bytes up to here are in cleaned, unless the text is clean
+    std::size_t copied = 0;  // unless the text is clean, the bytes up to here are in "cleaned"
     while (at < bytes.size()) {
         if (IsPlain(bytes[at])) {
             ++at;
@@ -82,7 +82,7 @@ void SourceText::FindLines() {
 }
 
 std::size_t SourceText::ByteOffset(std::size_t textOffset) const {
-    // The first removed byte that leaves at least this many bytes before it is too far.
+    // Counts the removed bytes before the byte of the text, by a binary search.
     std::size_t low = 0;
     std::size_t high = removed.size();
     while (low < high) {
@@ -124,7 +124,7 @@ Utf16 SourceText::LooksLikeUtf16() const {
         return Utf16::None;
     }
     if (std::min(nuls[0], nuls[1]) * 10 > most) {
-        return Utf16::None;  // NULs everywhere: no text at all
+        return Utf16::None;  // NULs at all positions: not a text
     }
     return nuls[1] > nuls[0] ? Utf16::LittleEndian : Utf16::BigEndian;
 }

@@ -1,5 +1,5 @@
-// The bytes of a DBC file, and the text that the library makes of them: one underscore for each
-// byte that is not valid UTF-8, no control characters but white space.
+// The bytes of a DBC file, and the text that the library makes of them: an underscore for each byte
+// that is not valid UTF-8, and no control characters except white space.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -21,7 +21,8 @@ struct Place {
 
 enum class Utf16 { None, LittleEndian, BigEndian };
 
-// Views into Bytes() and Text() last as long as the object, which therefore stays where it is.
+// Views into Bytes() and Text() are valid as long as the object, so it can be neither copied nor
+// moved.
 class SourceText {
   public:
     explicit SourceText(std::string bytes);
@@ -31,14 +32,14 @@ class SourceText {
 
     std::string_view Bytes() const { return std::string_view(content).substr(0, fileSize); }
 
-    // The text as the library sees it: its last line ends, too. All offsets of statements count in
-    // it.
+    // The text that the library reads. Its last line always has a line end. Offsets of statements
+    // refer to this text.
     std::string_view Text() const { return isClean ? std::string_view(content) : cleaned; }
 
-    // Where the byte of the file is that became this byte of the text.
+    // Returns the offset in the file of a byte of the text.
     std::size_t ByteOffset(std::size_t textOffset) const;
 
-    // The place of a byte of the file.
+    // Returns the line and column of a byte of the file.
     Place PlaceOf(std::size_t byteOffset) const;
 
     // The bytes that are not valid UTF-8, and the control characters that the library removes, both
@@ -49,10 +50,10 @@ class SourceText {
     // 3 if the text begins with the byte order mark of UTF-8, else 0.
     std::size_t ByteOrderMarkSize() const;
 
-    // Whether the file looks like UTF-16: by its byte order mark, or by a NUL in every other byte.
+    // Whether the file seems to be UTF-16: it has a byte order mark, or a NUL in every other byte.
     Utf16 LooksLikeUtf16() const;
 
-    // A carriage return without a line feed after it ends a line when the file has no line feed.
+    // Whether lines end with a carriage return alone, because the file has no line feed.
     bool LinesEndWithCarriageReturn() const { return carriageReturnLines; }
     std::size_t LoneCarriageReturns() const { return loneCarriageReturns; }
 
@@ -60,8 +61,8 @@ class SourceText {
     void Clean();
     void FindLines();
 
-    std::string content;   // with a line feed at the end, which the file may not have
-    std::size_t fileSize;  // of the file
+    std::string content;   // the bytes of the file; a missing line feed at the end is added
+    std::size_t fileSize;  // without the added line feed
     std::string cleaned;
     bool isClean = true;
     bool carriageReturnLines = false;

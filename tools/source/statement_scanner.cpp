@@ -1,4 +1,4 @@
-// The scan: one pass over the text, with a look ahead to the next quote where one was not closed.
+// Scans the text in one pass. After an unclosed quote, it looks ahead to the next one.
 // SPDX-License-Identifier: MIT
 #include "source/statement_scanner.h"
 
@@ -15,7 +15,7 @@ bool IsWordCharacter(char ch) {
            ch == '_';
 }
 
-// Whether the character means nothing to the scan.
+// Returns whether the character has no meaning for the scan.
 bool IsPlain(char ch) {
     return static_cast<unsigned char>(ch) > ' ' && ch != '"' && ch != ';' && ch != '\\';
 }
@@ -60,7 +60,7 @@ class Scanner {
         }
     }
 
-    // Where the statement ends when white space before the present position does not count.
+    // The end of the statement, without white space before the current position.
     std::size_t LastEnd() const {
         std::size_t end = position;
         while (end > current.begin && IsSpace(whole[end - 1])) {
@@ -76,8 +76,8 @@ class Scanner {
         return from;
     }
 
-    // The keyword that begins a statement at a position. Authors put a colon, a quote or a
-    // semicolon directly after some keywords.
+    // Returns the keyword that begins a statement at a position. Some files have a colon, a quote
+    // or a semicolon directly after a keyword.
     Start StartAt(std::size_t at) const {
         const std::size_t end = WordEnd(at);
         const KeywordRow* row = FindKeyword(whole.substr(at, end - at));
@@ -89,7 +89,7 @@ class Scanner {
         return mayTouch ? Start{row, true} : Start{};
     }
 
-    // Whether the position is the first of its line that is not white space.
+    // Whether only white space precedes the position in its line.
     bool BeginsLine(std::size_t at) const {
         while (at > 0 && (whole[at - 1] == ' ' || whole[at - 1] == '\t')) {
             --at;
@@ -105,7 +105,7 @@ class Scanner {
         }
     }
 
-    // The symbols under NS_: lines of words that are keywords or made like one.
+    // Skips the symbols under NS_: lines of words that are keywords or have the form of one.
     void ScanSymbols() {
         SkipSpace();
         if (position < whole.size() && whole[position] == ':') {
@@ -118,8 +118,8 @@ class Scanner {
         position = end;
     }
 
-    // The next line that is not empty, if it has nothing but symbols. At the colon, what is left of
-    // its line.
+    // Returns the next line that is not empty if it has only symbols. At the colon, this is the
+    // rest of its line.
     bool TakeLineOfSymbols() {
         SkipSpace();
         if (position == whole.size()) {
@@ -151,7 +151,7 @@ class Scanner {
                             [](char ch) { return ch >= 'a' && ch <= 'z'; });
     }
 
-    // Text up to the end of the statement. Stops before the next statement.
+    // Skips text up to the end of the statement, at most up to the next statement.
     void ScanBody(const KeywordRow& row) {
         bool inQuotes = false;
         while (position < whole.size()) {
@@ -185,13 +185,12 @@ class Scanner {
         return endsLine;
     }
 
-    // Whether the statement has its semicolon where the scan has not seen it as one, inside quotes
-    // that were not closed.
+    // Whether the statement has its semicolon inside unclosed quotes, where the scan skipped it.
     bool IsClosed(const KeywordRow& row) const {
         return !row.endsWithSemicolon || whole[LastEnd() - 1] == ';';
     }
 
-    // Takes further semicolons into the statement, which mean nothing.
+    // Skips further semicolons, which have no meaning, as a part of the statement.
     void SkipSemicolons() {
         std::size_t end = ++position;
         for (SkipSpace(); position < whole.size() && whole[position] == ';'; SkipSpace()) {
@@ -200,7 +199,7 @@ class Scanner {
         position = end;
     }
 
-    // Whether the next statement begins here, at the beginning of a word.
+    // Whether the next statement begins here. Precondition: a word begins here.
     bool IsNextStatement(const KeywordRow& row, bool inQuotes, bool afterLine) {
         if (!afterLine && (inQuotes || row.endsWithSemicolon)) {
             return false;
@@ -219,8 +218,8 @@ class Scanner {
         return !row.endsWithSemicolon || !IsOwner(row, *start.row);
     }
 
-    // Whether a free text that is open here has its closing quote further on: the next quote is the
-    // one before a semicolon. Texts of other kinds do not reach over lines.
+    // Whether a comment that is open here has a closing quote later: a semicolon follows the next
+    // quote. Other texts do not extend over several lines.
     bool ClosesLater(const KeywordRow& row) {
         if (!row.libraryNeedsSemicolon) {
             return false;
@@ -239,8 +238,8 @@ class Scanner {
         return nextQuoteCloses;
     }
 
-    // Whether the keyword at the beginning of a line names the owner of a comment or of an
-    // attribute, which its author has put on a line of its own.
+    // Whether the keyword at the beginning of a line is the owner of a comment or an attribute,
+    // which the author wrote on a separate line.
     bool IsOwner(const KeywordRow& row, const KeywordRow& found) const {
         const bool mayOwn = found.keyword == Keyword::Bo || found.keyword == Keyword::Sg ||
                             found.keyword == Keyword::Bu || found.keyword == Keyword::Ev;
@@ -256,8 +255,7 @@ class Scanner {
         return true;
     }
 
-    // Text that belongs to no statement, up to the next keyword that is a word of its own or begins
-    // a line.
+    // Skips stray text, up to the next keyword that is a word of its own or begins a line.
     void ScanStray() {
         while (position < whole.size()) {
             while (position < whole.size() && !IsSpace(whole[position])) {
@@ -275,7 +273,7 @@ class Scanner {
 
     std::string_view whole;
     std::size_t position;
-    std::size_t nextQuote = 0;  // as it was looked up last, with what follows it
+    std::size_t nextQuote = 0;  // the result of the last search, with the text after it
     bool nextQuoteCloses = false;
     SourceStatement current;
     std::vector<SourceStatement> authored;

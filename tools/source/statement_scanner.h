@@ -1,5 +1,5 @@
-// The statements of a text as its author meant them: quotes are honoured, a statement ends at its
-// semicolon or where the next one begins.
+// Finds the statements of a text as its author meant them: keywords inside quotes do not count, and
+// a statement ends at its semicolon or where the next one begins.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -15,12 +15,12 @@ struct SourceStatement {
     std::size_t begin = 0;
     std::size_t end = 0;              // after its last character that is not white space
     Keyword keyword = Keyword::None;  // None: stray text, which belongs to no statement
-    bool isClosed = true;             // has its semicolon, or needs none
-    bool isGlued = false;             // no white space after the keyword, which the library needs
+    bool isClosed = true;             // has its semicolon, or does not need one
+    bool isGlued = false;             // lacks the required white space after the keyword
 };
 
-// Every character of the text is in one statement, in white space, or in a byte order mark at the
-// front. The statements are in the order of the text.
+// Returns the statements in the order of the text. Every character of the text is in one statement,
+// in white space between them, or in a byte order mark at the front.
 std::vector<SourceStatement> ScanStatements(std::string_view text);
 
 }  // namespace vexil::tool

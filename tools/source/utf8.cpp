@@ -1,4 +1,4 @@
-// Which bytes are a character.
+// Finds the bytes of a character.
 // SPDX-License-Identifier: MIT
 #include "source/utf8.h"
 

@@ -7,8 +7,9 @@
 
 namespace vexil::tool {
 
-// The size of the character that begins at a place of the text, 0 if none does: a wrong lead byte,
-// too few continuation bytes, an overlong form, a surrogate, or a number above U+10FFFF.
+// Returns the size of the character at a position of the text, or 0 if it is not valid: a wrong
+// lead byte, too few continuation bytes, an overlong form, a surrogate, or a code point above
+// U+10FFFF.
 std::size_t Utf8Length(std::string_view text, std::size_t at);
 
 }  // namespace vexil::tool
