@@ -1,4 +1,4 @@
-// Descriptors, and the loops around read and write.
+// Descriptors, and loops that repeat read and write.
 // SPDX-License-Identifier: MIT
 #include "file/descriptor.h"
 
@@ -11,13 +11,13 @@
 namespace vexil::tool {
 namespace {
 
-// What one call transfers, in the type that every system takes.
+// The most bytes that a call transfers. The type is one that every system accepts.
 unsigned TransferSize(std::size_t size) {
     constexpr std::size_t Largest = std::size_t{1} << 20U;
     return static_cast<unsigned>(std::min(size, Largest));
 }
 
-// Repeats a call that a signal interrupted.
+// Repeats a call while signals interrupt it.
 template <typename Call>
 std::ptrdiff_t Uninterrupted(Call call) {
     std::ptrdiff_t count = 0;
@@ -50,8 +50,8 @@ std::error_code ReadAll(int descriptor, std::string& bytes) {
     constexpr std::size_t LeastRoom = std::size_t{64} * 1024;
     std::size_t size = bytes.size();
     for (;;) {
-        // The room that the caller has reserved comes first. After it, doubling keeps the copies
-        // proportional to the size of the file.
+        // Uses the reserved capacity first. Then doubles it, so that the cost of copies is linear
+        // in the size of the file.
         if (size == bytes.size()) {
             bytes.resize(size < bytes.capacity() ? bytes.capacity()
                                                  : std::max(2 * size, LeastRoom));

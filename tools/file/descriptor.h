@@ -1,4 +1,4 @@
-// An open file, and whole files in and out of one.
+// An open file; reading and writing its whole content.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -35,11 +35,11 @@ class Descriptor {
     int value = None;
 };
 
-// The error of the last call to the system.
+// Returns the error of the last system call.
 std::error_code LastError();
 
 // Reads from the current position to the end of the file and appends the bytes. A caller that knows
-// the size reserves one byte more, so that the end is found without a copy.
+// the size should reserve one byte more, so that detecting the end does not reallocate.
 std::error_code ReadAll(int descriptor, std::string& bytes);
 
 // Writes all bytes at the current position. On an error some of them may have been written.

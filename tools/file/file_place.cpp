@@ -1,4 +1,4 @@
-// Places: a long path is walked in parts, each of which the system takes.
+// Finds the place of a file. A long path is resolved in parts that the system accepts.
 // SPDX-License-Identifier: MIT
 #include "file/file_place.h"
 
@@ -13,16 +13,16 @@
 namespace vexil::tool {
 namespace {
 
-// More than any name, less than any path that the system takes.
+// Longer than any name, shorter than the longest path of the system.
 constexpr std::size_t LongestPart = 2048;
-// The same number at which the system gives up.
+// The number of links after which the system fails as well.
 constexpr int MostLinks = 40;
 
 std::error_code Code(std::errc code) {
     return std::make_error_code(code);
 }
 
-// Replaces an open folder by one below it, or by any folder when the path is absolute.
+// Replaces an open folder by the one at a relative or absolute path.
 std::error_code Enter(Descriptor& folder, std::string_view path) {
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system has it so
     Descriptor next(openat(folder.IsOpen() ? folder.Value() : AT_FDCWD, std::string(path).c_str(),
@@ -34,7 +34,7 @@ std::error_code Enter(Descriptor& folder, std::string_view path) {
     return {};
 }
 
-// Enters a folder part by part. A part that does not begin the path must not look absolute.
+// Opens a folder part by part. Skips the slashes before a part, which would make it absolute.
 std::error_code Walk(Descriptor& folder, std::string_view path) {
     while (path.size() > LongestPart) {
         const std::size_t slash = path.rfind('/', LongestPart);
@@ -49,7 +49,7 @@ std::error_code Walk(Descriptor& folder, std::string_view path) {
     return path.empty() ? std::error_code() : Enter(folder, path);
 }
 
-// Finds a path from a folder that is open.
+// Finds the place of a path, starting from the folder of the place if it is open.
 std::error_code FindFrom(FilePlace& place, std::string_view path) {
     if (path.empty()) {
         return Code(std::errc::no_such_file_or_directory);
@@ -64,7 +64,7 @@ std::error_code FindFrom(FilePlace& place, std::string_view path) {
     return place.folder.IsOpen() ? std::error_code() : Enter(place.folder, ".");
 }
 
-// Where the place is a link, reads what it points to.
+// Reads the target of a symbolic link. Fails if the place is not a symbolic link.
 std::error_code ReadLink(const FilePlace& place, std::string& target) {
     std::array<char, 4096> text{};
     const ssize_t size =
@@ -95,7 +95,7 @@ std::error_code FindFileBehindLinks(std::string_view path, FilePlace& place) {
     for (int links = 0; !error; ++links) {
         error = ReadLink(place, target);
         if (error == std::errc::invalid_argument || error == std::errc::no_such_file_or_directory) {
-            return {};  // not a link, or not there
+            return {};  // not a link, or it does not exist
         }
         if (!error) {
             error = links < MostLinks ? FindFrom(place, target)

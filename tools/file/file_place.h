@@ -1,6 +1,6 @@
-// A file by its folder and its name in it, for paths of any length. Linux limits a path to 4,095
-// bytes; an open folder and a name of at most 255 bytes have no such limit. On Windows the name is
-// the whole path, which has no limit there in the form that WidePath gives it.
+// A file as an open folder and a name in it, for paths of any length. Linux limits a path to 4,095
+// bytes, but not the path of an open folder; a name has at most 255 bytes. On Windows, the name is
+// the whole path, which WidePath brings into a form without a limit.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -17,18 +17,17 @@ struct FilePlace {
     std::string name;   // without a slash; "." for the folder itself
 };
 
-// Opens the folder of a path. The file itself need not exist.
+// Opens the folder of a path. The file need not exist.
 std::error_code FindFile(std::string_view path, FilePlace& place);
 
-// Opens the file at a place for reading. An error is in errno.
+// Opens the file at a place for reading. On failure, errno has the error.
 Descriptor OpenToRead(const FilePlace& place);
 
-// The same as FindFile, but where the path is a symbolic link, the place of the file that it points
-// to. That file need not exist.
+// Like FindFile, but follows a path that is a symbolic link. The target need not exist.
 std::error_code FindFileBehindLinks(std::string_view path, FilePlace& place);
 
 #ifdef _WIN32
-// The form of a UTF-8 path that the functions of Windows take.
+// Converts a UTF-8 path to the form that the functions of Windows take.
 std::wstring WidePath(const std::string& path);
 #endif
 

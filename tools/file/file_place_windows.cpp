@@ -1,4 +1,4 @@
-// Places on Windows: a path as a whole.
+// Finds the place of a file on Windows, which is its whole path.
 // SPDX-License-Identifier: MIT
 #include <fcntl.h>
 #include <io.h>
@@ -31,7 +31,7 @@ std::wstring FullPath(const std::wstring& path) {
 
 std::wstring WidePath(const std::string& path) {
     const std::wstring full = FullPath(Utf16(path));
-    // Shorter paths also work in their usual form, in which devices such as NUL are known.
+    // Keeps a short path in its usual form, in which devices such as NUL are recognised.
     if (full.size() < MAX_PATH || full.starts_with(L"\\\\")) {
         return full;
     }
@@ -44,8 +44,7 @@ std::error_code FindFile(std::string_view path, FilePlace& place) {
                         : std::error_code();
 }
 
-// Windows follows links by itself when it opens a file, and the name of what it opened is asked
-// for.
+// Windows follows links when it opens a file, so the name of the opened file is that of the target.
 std::error_code FindFileBehindLinks(std::string_view path, FilePlace& place) {
     if (const std::error_code error = FindFile(path, place)) {
         return error;
@@ -54,7 +53,7 @@ std::error_code FindFileBehindLinks(std::string_view path, FilePlace& place) {
                               FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                               OPEN_EXISTING, 0, nullptr);
     if (file == INVALID_HANDLE_VALUE) {
-        return {};  // not there
+        return {};  // it does not exist
     }
     std::wstring target(GetFinalPathNameByHandleW(file, nullptr, 0, 0), L'\0');
     target.resize(

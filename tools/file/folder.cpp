@@ -1,4 +1,4 @@
-// Walking a folder.
+// Finds the files of a folder.
 // SPDX-License-Identifier: MIT
 #include "file/folder.h"
 
@@ -15,7 +15,7 @@ fs::path PathOf(const std::string& utf8) {
 #ifdef _WIN32
     return {std::u8string(utf8.begin(), utf8.end())};
 #else
-    return {utf8};  // any bytes
+    return {utf8};  // on Linux, a path can have any bytes
 #endif
 }
 

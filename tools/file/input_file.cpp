@@ -1,4 +1,4 @@
-// Input files: where the bytes come from.
+// Reads input files.
 // SPDX-License-Identifier: MIT
 #include "file/input_file.h"
 

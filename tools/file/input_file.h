@@ -10,17 +10,17 @@
 
 namespace vexil::tool {
 
-// The name that stands for standard input and output.
+// The argument for standard input and output.
 inline constexpr std::string_view StandardStream = "-";
 
 struct InputFile {
-    Descriptor file;  // stays open, so that an output can be compared with it
+    Descriptor file;  // stays open, so that an output can be compared with it, see IsSameFile
     std::string bytes;
-    bool isPlain = false;  // reading the path once more gives the same bytes
+    bool isPlain = false;  // reading the path again gives the same bytes
 };
 
-// Reads a file as a whole.
-//   path  may be of any length; StandardStream is standard input.
+// Reads a whole file.
+//   path  may have any length; StandardStream is standard input.
 std::error_code ReadInput(const std::string& path, InputFile& input);
 
 }  // namespace vexil::tool

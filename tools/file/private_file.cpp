@@ -1,4 +1,4 @@
-// Private files: the folders that they can be in.
+// Private files, and the folders in which they can be.
 // SPDX-License-Identifier: MIT
 #include "file/private_file.h"
 
@@ -12,7 +12,7 @@
 namespace vexil::tool {
 namespace {
 
-// That of the user first, where there is one.
+// The folders to try: first that of the user, if there is one.
 std::vector<std::string> TemporaryFolders() {
     std::vector<std::string> folders;
     std::error_code error;
@@ -27,7 +27,7 @@ std::vector<std::string> TemporaryFolders() {
 }  // namespace
 
 bool IsPathForLibrary(std::string_view path) {
-    // Of other characters the library may refuse some; a private copy always works.
+    // The library refuses some other characters; a private copy always works.
     const auto isAscii = [](char ch) { return static_cast<unsigned char>(ch) < 0x80; };
     return !path.empty() && path.size() < MaxPathBufferSize &&
            std::all_of(path.begin(), path.end(), isAscii);

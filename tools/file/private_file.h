@@ -1,5 +1,5 @@
-// A copy of a file under a path that the library takes, for the time of a command. The library
-// takes 259 bytes of UTF-8 as a path, and neither standard input nor output.
+// A temporary copy of a file, at a path that the library accepts, while a command runs. The library
+// accepts paths of at most 259 bytes of UTF-8, and neither standard input nor output.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace vexil::tool {
 
-// Whether the library can open a file by this very path.
+// Returns whether the library can open a file by this path without a change.
 bool IsPathForLibrary(std::string_view path);
 
 class PrivateFile {
@@ -19,7 +19,7 @@ class PrivateFile {
     // Makes the file in the folder of the system for temporary files.
     std::error_code Make(std::string_view bytes);
 
-    // Its path, which the library takes.
+    // Its path, which the library accepts.
     const std::string& Path() const { return path; }
 
     // Reads what the library wrote to the path.

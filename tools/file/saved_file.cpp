@@ -14,7 +14,7 @@
 namespace vexil::tool {
 namespace {
 
-// What is at a place, behind all links.
+// The status of the file at a place, after following all links.
 class Entry {
   public:
     std::error_code Look(const FilePlace& place) {
@@ -31,7 +31,7 @@ class Entry {
     bool exists = false;
 };
 
-// The permissions of a new file, which only a call that sets them tells.
+// Returns the permissions of a new file. The system returns its mask only to a call that sets it.
 mode_t NewFileMode() {
     constexpr mode_t Permissions = 0666;
     const mode_t mask = umask(0);
@@ -39,13 +39,13 @@ mode_t NewFileMode() {
     return Permissions & ~mask;
 }
 
-// Changes of the permissions come last: a change of the owner takes some of them away.
+// Sets the permissions last, because a change of the owner removes some of them.
 std::error_code SetOwnerAndMode(int descriptor, const Entry& replaced) {
     mode_t mode = NewFileMode();
     if (replaced.Exists()) {
         constexpr mode_t AllPermissions = 07777;
         mode = replaced.Status().st_mode & AllPermissions;
-        // Only an administrator may give a file away, others only to a group of their own.
+        // Only an administrator may change the owner; others may only set one of their own groups.
         constexpr auto Same = static_cast<uid_t>(-1);
         const bool hasGroup = fchown(descriptor, Same, replaced.Status().st_gid) == 0;
         const bool hasOwner = fchown(descriptor, replaced.Status().st_uid, Same) == 0;
@@ -60,8 +60,8 @@ std::error_code Sync(int descriptor) {
     return fsync(descriptor) == 0 ? std::error_code() : LastError();
 }
 
-// After this the new name is on the disk as well. An error is none of the save: the name has either
-// file, each of them whole.
+// Writes the new name to the disk. An error is not an error of the save: in any case the name has
+// one of the two files, and both are complete.
 void SyncFolder(const Descriptor& folder) {
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system has it so
     const Descriptor readable(openat(folder.Value(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -70,7 +70,7 @@ void SyncFolder(const Descriptor& folder) {
     }
 }
 
-// Devices and pipes are no files to replace.
+// Devices and pipes cannot be replaced.
 std::error_code WriteThrough(const FilePlace& place, std::string_view bytes) {
     constexpr int Access = O_WRONLY | O_NOCTTY | O_CLOEXEC;
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system has it so

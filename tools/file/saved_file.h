@@ -1,4 +1,4 @@
-// Saves a file as a whole or not at all.
+// Saves a file completely or not at all.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -8,16 +8,14 @@
 
 namespace vexil::tool {
 
-// Writes the bytes to a temporary file in the folder of the file, and from there to the disk; then
-// gives that file the name. Until then, and so after any error, the name keeps the file that it
-// had.
-//   path  may be of any length. A symbolic link is followed. What is no file, such as a device or a
-//         pipe, is opened and written to.
-// The file has the permissions of the one that it replaces, and its owner where the system allows
-// it. One that the user may not write is not replaced.
+// Writes the bytes to a temporary file in the same folder and flushes it to the disk. Then renames
+// the temporary file. Until then, and after any error, the old file is unchanged.
+//   path  may have any length. A symbolic link is followed. A device or pipe is opened and written.
+// The new file has the permissions of the old one, and its owner if the system allows it. A file
+// that the user may not write is not replaced.
 std::error_code SaveFile(const std::string& path, std::string_view bytes);
 
-// Whether the path leads to the file that is open at the descriptor.
+// Returns whether the path is that of the file that is open at the descriptor.
 bool IsSameFile(const std::string& path, int descriptor);
 
 }  // namespace vexil::tool

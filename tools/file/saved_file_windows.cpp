@@ -12,12 +12,12 @@
 namespace vexil::tool {
 namespace {
 
-// What tells two files apart.
+// Reads the identity of a file.
 bool Identify(HANDLE file, BY_HANDLE_FILE_INFORMATION& identity) {
     return file != INVALID_HANDLE_VALUE && GetFileInformationByHandle(file, &identity) != 0;
 }
 
-// Such as NUL and CON, for which there are no attributes, and pipes.
+// Returns whether the path is a pipe or a device such as NUL and CON, which has no attributes.
 bool IsDevice(const std::wstring& path) {
     HANDLE file = CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                               OPEN_EXISTING, 0, nullptr);

@@ -12,8 +12,8 @@
 namespace vexil::tool {
 namespace {
 
-// Puts a file in the place of a stream that is closed. Its access is the wrong one for the stream,
-// so that its use fails as before.
+// Opens a file in the place of a closed stream. Its access is the opposite of that of the stream,
+// so using the stream still fails.
 void Reserve(int stream, int access) {
     // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): the system has it so
     if (fcntl(stream, F_GETFD) >= 0) {

@@ -7,9 +7,9 @@
 
 namespace vexil::tool {
 
-// Makes writing to a closed pipe, and beyond a limit of the file size, an error of the write rather
-// than the end of the program. Makes sure that no file that is opened later takes the place of a
-// stream that is closed. A program calls it first.
+// Makes writing to a closed pipe, or above the limit of the file size, an error of the write
+// instead of a signal that ends the program. Ensures that a file opened later does not take the
+// place of a closed stream. Call this first in a program.
 void PrepareStandardStreams();
 
 // Writes to standard output.

@@ -1,4 +1,4 @@
-// Temporary files, and the list of them that the signal handler goes through.
+// Temporary files, and the list of them that the signal handler uses.
 // SPDX-License-Identifier: MIT
 #include "file/temporary_file.h"
 
@@ -18,12 +18,12 @@ namespace {
 constexpr std::array EndingSignals{SIGHUP, SIGINT, SIGQUIT, SIGTERM};
 constexpr int MostTries = 100;
 
-// What a signal handler may read: plain values that nobody frees.
+// The data of the signal handler: plain values that are never freed.
 struct Entry {
     int folder = -1;  // below 0: not in use
     std::array<char, TemporaryFile::NameSize + 1> name{};
 };
-constexpr std::size_t MostFiles = 4;  // at one time; a save has one, a command two more at most
+constexpr std::size_t MostFiles = 4;  // at one time: one of a save, at most two more of a command
 constinit std::array<Entry, MostFiles> entries;
 
 extern "C" void RemoveAndEnd(int signal) {
@@ -32,13 +32,12 @@ extern "C" void RemoveAndEnd(int signal) {
             unlinkat(entry.folder, entry.name.data(), 0);
         }
     }
-    // The signal is held back until this function returns, and then ends the program.
+    // The signal is blocked until this function returns, and then ends the program.
     std::signal(signal, SIG_DFL);
     std::raise(signal);
 }
 
-// Holds the ending signals back, so that no file exists without being listed or the other way
-// round.
+// Blocks the signals that end the program, so that a file exists exactly if it is in the list.
 class HeldSignals {
   public:
     HeldSignals() {
@@ -61,7 +60,7 @@ class HeldSignals {
     sigset_t before{};
 };
 
-// Precondition: signals are held back, and not all entries are in use.
+// Precondition: signals are blocked, and not all entries are in use.
 void List(int folder, const std::string& name) {
     auto* const free = std::find_if(entries.begin(), entries.end(),
                                     [](const Entry& entry) { return entry.folder < 0; });
@@ -85,7 +84,7 @@ void RemoveTemporaryFilesOnSignals() {
         if (sigaction(signal, nullptr, &action) == 0 && action.sa_handler != SIG_IGN) {
             action = {};
             action.sa_handler = RemoveAndEnd;
-            // One at a time, so that the first one decides how the program ends.
+            // Blocks the others, so that the first signal determines how the program ends.
             sigfillset(&action.sa_mask);
             sigaction(signal, &action, nullptr);
         }

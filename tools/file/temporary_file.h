@@ -1,5 +1,5 @@
-// A file with a name that nothing else uses. It is removed with its owner, and also when a signal
-// such as that of Ctrl-C ends the program.
+// A file with a unique name. It is removed by its destructor, and also if a signal such as that of
+// Ctrl-C ends the program.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -10,11 +10,11 @@
 
 namespace vexil::tool {
 
-// Makes the signals that end a program from outside remove all temporary files first. A signal that
-// is ignored stays ignored. A program calls it once, before it makes such a file.
+// Makes the signals that end a program remove all temporary files first. Ignored signals stay
+// ignored. Call this once, before making a temporary file.
 void RemoveTemporaryFilesOnSignals();
 
-// A file that is made once.
+// A temporary file. Make it at most once.
 class TemporaryFile {
   public:
     TemporaryFile() = default;
@@ -22,14 +22,14 @@ class TemporaryFile {
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile();
 
-    // Makes the file in the folder of another one, empty and for the user alone.
+    // Makes an empty file in the folder of another one. Only the user may read and write it.
     std::error_code MakeBeside(const FilePlace& other);
 
     // Its name: NameSize characters.
     const std::string& Name() const { return name; }
     Descriptor& File() { return file; }
 
-    // Gives the file the place of another one in its folder. It is then no temporary file any more.
+    // Renames the file to replace another one in its folder. It is then no longer temporary.
     std::error_code MoveTo(const FilePlace& other);
 
     static constexpr std::size_t NameSize = 27;

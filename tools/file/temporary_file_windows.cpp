@@ -1,5 +1,4 @@
-// Temporary files on Windows. Ctrl-C ends a program there in a thread of its own, which removes
-// them.
+// Temporary files on Windows, where a separate thread handles Ctrl-C. This thread removes them.
 // SPDX-License-Identifier: MIT
 #include <fcntl.h>
 #include <io.h>
@@ -27,7 +26,7 @@ std::mutex entriesMutex;
 std::vector<Entry> entries;
 
 BOOL WINAPI RemoveAll(DWORD) {
-    // Held to the end of the process, so that no file is made or moved after this.
+    // Locked until the process ends, so that no file is made or renamed after this.
     entriesMutex.lock();
     for (const Entry& entry : entries) {
         _close(entry.descriptor);

@@ -1,4 +1,4 @@
-// Names from the clock, since random devices can fail.
+// Makes names from the clock, because random devices can fail.
 // SPDX-License-Identifier: MIT
 #include "file/temporary_name.h"
 

@@ -7,9 +7,8 @@
 
 namespace vexil::tool {
 
-// Returns a name that no other file is likely to have, another one for each call. It can be
-// guessed: the caller makes the file only if there is none of that name, and asks for the next name
-// otherwise.
+// Returns a name that is probably unique, a different one for each call. It can be guessed, so the
+// caller must make the file only if it does not exist, and otherwise ask for another name.
 //   size  of the name in characters
 std::string TemporaryName(std::size_t size);
 

@@ -11,8 +11,8 @@ inline constexpr int StandardErrorStream = 2;
 
 bool IsTerminal(int stream);
 
-// Whether standard output shows colours: it is a terminal, and the environment variable NO_COLOR is
-// not set or empty. On Windows it never does, since not every terminal has them.
+// Returns whether reports on standard output have colours: it is a terminal, and the environment
+// variable NO_COLOR is not set or empty. Never on Windows, where not every terminal has colours.
 bool WantsColour();
 
 // Returns the number of columns of the terminal that standard output is; 0 if it is no terminal or

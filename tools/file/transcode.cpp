@@ -1,4 +1,4 @@
-// Transcoding by iconv of the C library.
+// Transcoding with iconv of the C library.
 // SPDX-License-Identifier: MIT
 #include "file/transcode.h"
 
@@ -29,10 +29,10 @@ class Conversion {
         return handle != (iconv_t)-1;
     }
 
-    // Takes what it can of the bytes and appends what becomes of it. Without bytes: what the
-    // encoding still holds back. Returns false on a sequence that is not valid, or cut off.
+    // Converts as many of the bytes as possible and appends the result. Without bytes, appends what
+    // the conversion still has in its state. Returns false on an invalid or incomplete sequence.
     bool Convert(std::string_view& bytes, std::string& text) {
-        // iconv does not write to what it reads, although its parameter would allow it.
+        // iconv does not write to its input, although the type of its parameter allows it.
         char* from =
             const_cast<char*>(bytes.data());  // NOLINT(cppcoreguidelines-pro-type-const-cast)
         std::size_t left = bytes.size();
@@ -70,7 +70,7 @@ Transcoded Transcode(std::string_view bytes, const std::string& encoding) {
         out.result = TranscodeResult::InvalidText;
         out.position = bytes.size() - left.size();
     }
-    // A mark that only says how the bytes were ordered would hide the keyword after it.
+    // Removes a byte order mark, after which the library would not recognise a keyword.
     if (out.text.starts_with(ByteOrderMark)) {
         out.text.erase(0, ByteOrderMark.size());
     }

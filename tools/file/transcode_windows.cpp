@@ -1,4 +1,4 @@
-// Transcoding, which needs iconv, which Windows does not have.
+// Transcoding on Windows is not available, because Windows has no iconv.
 // SPDX-License-Identifier: MIT
 #include "file/transcode.h"
 

@@ -1,4 +1,4 @@
-// What a check has found, for the views: the account of one file, or why there is none.
+// The result of a check for the views: the account of one file, or the reason why there is none.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -15,10 +15,10 @@ struct CheckReport {
     const std::vector<Finding>& layoutFindings;
 };
 
-// What of it is shown.
+// Options of a report.
 struct CheckView {
-    bool all = false;     // every statement, not only those that were refused, dropped or changed
-    bool colour = false;  // of a terminal; text alone
+    bool all = false;     // lists every statement, not only refused, dropped and changed ones
+    bool colour = false;  // uses terminal colours; only in text reports
 };
 
 }  // namespace vexil::tool

@@ -1,4 +1,4 @@
-// The distance of words: a table of the distances of all their beginnings.
+// Computes the distance of two words with a table of the distances of their prefixes.
 // SPDX-License-Identifier: MIT
 #include "view/closest_word.h"
 
@@ -30,7 +30,7 @@ std::size_t Distance(std::string_view a, std::string_view b) {
 
 std::string_view ClosestWord(std::string_view typed, const std::vector<std::string_view>& words) {
     std::string_view closest;
-    // More than a third of the letters wrong is another word.
+    // If more than a third of the letters differ, the words are unrelated.
     constexpr std::size_t Share = 3;
     constexpr std::size_t LongestWord = 100;
     std::size_t least = std::max<std::size_t>(2, typed.size() / Share) + 1;

@@ -1,4 +1,4 @@
-// The word that a mistyped one was meant to be.
+// Finds the intended word for a mistyped one.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -7,8 +7,8 @@
 
 namespace vexil::tool {
 
-// Returns the word that becomes the typed one by the fewest letters left out, put in, replaced or
-// exchanged with the next one; empty where none is close.
+// Returns the word with the fewest differences from the typed one: letters that are missing, added,
+// replaced or exchanged with the next one. Returns an empty text if no word is close.
 std::string_view ClosestWord(std::string_view typed, const std::vector<std::string_view>& words);
 
 }  // namespace vexil::tool

@@ -10,7 +10,7 @@ namespace vexil::tool {
 
 enum class Colour : std::uint8_t { None, Red, Yellow, Green };
 
-// The text with the codes that show it in the colour.
+// Returns the text with the terminal codes of the colour.
 inline std::string InColour(std::string_view text, Colour colour) {
     if (colour == Colour::None) {
         return std::string(text);

@@ -1,4 +1,4 @@
-// The document, one statement at a time so that it is never in memory as a whole.
+// Writes the document one statement at a time, so that it is never in memory as a whole.
 // SPDX-License-Identifier: MIT
 #include "view/json_report.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// One value on one line. Names of files need not be UTF-8.
+// Returns a value on one line. File names need not be valid UTF-8.
 std::string Dump(const Json& value) {
     return value.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
@@ -53,7 +53,7 @@ Json Describe(const Finding& finding) {
             {"detail", finding.detail}};
 }
 
-// A list with one element on a line.
+// Writes a list with one element in each line.
 template <typename Element, typename Filter>
 void PrintList(std::ostream& out, const std::vector<Element>& list, Filter isShown) {
     bool isFirst = true;

@@ -9,7 +9,7 @@
 
 namespace vexil::tool {
 
-// One document for any number of files, written as the files come.
+// A document about any number of files, written while they are checked.
 class JsonReport {
   public:
     JsonReport(std::ostream& out, const CheckView& view);

@@ -1,5 +1,5 @@
-// Line matches: equal ends are paired at once, lines that only one text has are left out, and dtl
-// compares the rest. Only a reordered text leaves much of a rest.
+// Finds matching lines. Equal lines at both ends are paired directly, lines that only one text has
+// are left out, and dtl compares the rest. The rest is long only if lines were reordered.
 // SPDX-License-Identifier: MIT
 #include "view/line_matches.h"
 
@@ -13,7 +13,7 @@ namespace {
 using Indexes = std::vector<std::size_t>;
 using Lines = std::vector<std::string_view>;
 
-// Lines as numbers, equal for equal lines, which are cheap to copy and compare.
+// Maps equal lines to equal numbers, which are cheap to copy and compare.
 class Numbers {
   public:
     int Of(std::string_view line) {
@@ -33,7 +33,7 @@ std::vector<int> NumbersOf(const Lines& lines, Numbers& numbers) {
     return out;
 }
 
-// The indexes from first to last of the lines that the other text has, too.
+// Returns the indexes from first to last of the lines that the other text also has.
 Indexes Shared(const std::vector<int>& lines, std::size_t first, std::size_t last,
                const std::vector<int>& other) {
     const int largest = other.empty() ? -1 : *std::max_element(other.begin(), other.end());
@@ -60,14 +60,14 @@ std::vector<int> Picked(const std::vector<int>& lines, const Indexes& indexes) {
     return picked;
 }
 
-// Appends the matches among the picked lines.
+// Appends the matches among the selected lines.
 void Compare(const std::vector<int>& before, const Indexes& beforeIndexes,
              const std::vector<int>& after, const Indexes& afterIndexes,
              std::vector<LineMatch>& matches) {
     dtl::Diff<int, std::vector<int>> diff(Picked(before, beforeIndexes),
                                           Picked(after, afterIndexes));
     diff.compose();
-    // Counted here, since dtl numbers the lines of a long comparison anew in each part.
+    // Counts lines itself, because dtl restarts its numbers in each part of a long comparison.
     std::size_t atBefore = 0;
     std::size_t atAfter = 0;
     for (const auto& [number, info] : diff.getSes().getSequence()) {

@@ -1,4 +1,4 @@
-// Which lines of two texts are the same.
+// Finds the lines that two texts have in common.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -8,16 +8,16 @@
 
 namespace vexil::tool {
 
-// The lines of a text with their line feeds. The last one may have none.
+// Returns the lines of a text with their line feeds. The last one may have none.
 std::vector<std::string_view> LinesOf(std::string_view text);
 
-// Two lines that are the same, by their indexes.
+// The indexes of two equal lines.
 struct LineMatch {
     std::size_t before = 0;
     std::size_t after = 0;
 };
 
-// Pairs lines that are the same so that both indexes ascend. The other lines were removed or added.
+// Pairs equal lines so that both indexes ascend. All other lines were removed or added.
 std::vector<LineMatch> MatchLines(const std::vector<std::string_view>& before,
                                   const std::vector<std::string_view>& after);
 

@@ -1,4 +1,4 @@
-// A line on a terminal that shows which file is being checked, when the work takes long.
+// A progress line on a terminal, which shows the current file if a check takes long.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -13,12 +13,12 @@ class Progress {
   public:
     using Clock = std::chrono::steady_clock;
 
-    // The work began at startTime.
+    // Progress of work that began at startTime.
     Progress(std::ostream& out, std::size_t files, bool isTerminal,
              Clock::time_point startTime = Clock::now())
         : stream(out), fileCount(files), onTerminal(isTerminal), start(startTime) {}
 
-    // The next file is about to be checked. Nothing is shown in the first half second.
+    // Shows the next file to check. Shows nothing in the first half second.
     void Show(std::string_view file) {
         constexpr auto Patience = std::chrono::milliseconds(500);
         ++number;
@@ -28,7 +28,7 @@ class Progress {
         }
     }
 
-    // Takes the line away.
+    // Removes the line.
     void Clear() {
         if (isShown) {
             stream << "\r\x1B[K" << std::flush;

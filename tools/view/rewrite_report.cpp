@@ -1,4 +1,4 @@
-// The report of a rewrite: columns of counts, causes and their meaning.
+// Writes the report of a rewrite: columns with counts, causes and summaries.
 // SPDX-License-Identifier: MIT
 #include "view/rewrite_report.h"
 

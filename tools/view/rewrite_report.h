@@ -9,11 +9,11 @@
 
 namespace vexil::tool {
 
-// A line that sums up, and one for each cause.
-//   name  of the file that was read
+// Returns a line with the totals, and a line for each cause.
+//   name  of the input file
 std::string RewriteReport(std::string_view name, const RewriteSummary& summary);
 
-// Such as "loses 12 and changes 1".
+// Returns the totals, such as "loses 12 and changes 1".
 std::string LossesInWords(const RewriteSummary& summary);
 
 }  // namespace vexil::tool

@@ -1,4 +1,4 @@
-// Counts, then the places of each cause.
+// Writes the counts, then the places of each cause.
 // SPDX-License-Identifier: MIT
 #include "view/text_report.h"
 
@@ -14,10 +14,10 @@
 namespace vexil::tool {
 namespace {
 
-// Places of one cause that are shown without --all.
+// The most places of one cause that are listed without --all.
 constexpr std::size_t MostPlaces = 10;
 
-// Names of attributes and nodes that are shown without --all.
+// The most names of attributes and nodes that are listed without --all.
 constexpr std::size_t MostNames = 6;
 
 struct Place {
@@ -71,8 +71,7 @@ class Printer {
         stream << line << '\n';
     }
 
-    // What is shown of the statements and of the file. The statements that were kept or ignored are
-    // shown only on request.
+    // Lists statements and findings. Kept and ignored statements are listed only on request.
     std::map<Cause, std::vector<Place>> PlacesByCause() const {
         std::map<Cause, std::vector<Place>> places;
         for (const AccountedStatement& each : checkReport.account.statements) {
@@ -123,7 +122,7 @@ class Printer {
         }
     }
 
-    // By kind, and by name where the detail is one.
+    // Lists ignored statements by kind, and by name if the detail is a name.
     void PrintIgnored() {
         std::map<Cause, std::map<std::string_view, std::size_t>> kinds;
         for (const AccountedStatement& each : checkReport.account.statements) {

@@ -8,7 +8,7 @@
 
 namespace vexil::tool {
 
-// A summary first, then the findings by cause with their lines, then what was ignored by kind.
+// A summary, then the findings by cause with their lines, then the ignored statements by kind.
 void PrintText(std::ostream& out, const CheckReport& report, const CheckView& view);
 
 }  // namespace vexil::tool

@@ -1,4 +1,4 @@
-// The unified format: matches become hunks, hunks become text.
+// Converts matches to hunks, and hunks to text in the unified format.
 // SPDX-License-Identifier: MIT
 #include "view/unified_diff.h"
 
@@ -14,7 +14,7 @@ constexpr std::size_t Context = 3;
 
 using Lines = std::vector<std::string_view>;
 
-// Lines of both texts that differ: from the first to the last, which is not among them.
+// A range of lines in both texts that differ; the ends are exclusive.
 struct Change {
     LineMatch first;
     LineMatch last;
@@ -33,7 +33,7 @@ std::vector<Change> ChangesBetween(std::vector<LineMatch> matches, const LineMat
     return changes;
 }
 
-// The range of a hunk in one text. A range without lines has the number of the line above it.
+// Returns the range of a hunk in one text. An empty range has the number of the line before it.
 std::string RangeText(std::size_t first, std::size_t last) {
     const std::size_t count = last - first;
     const std::string start = std::to_string(count == 0 ? first : first + 1);
@@ -62,7 +62,7 @@ class Hunks {
         std::string out;
         auto first = changes.begin();
         while (first != changes.end()) {
-            // Changes whose contexts touch are one hunk.
+            // Changes with adjacent contexts become one hunk.
             auto last = first + 1;
             while (last != changes.end() &&
                    last->first.before - (last - 1)->last.before <= 2 * Context) {
@@ -101,7 +101,7 @@ class Hunks {
     Lines after;
 };
 
-// A name as patch reads it: up to a tab, which must follow where a name has a blank.
+// Returns a name in the form that patch reads: a tab must follow a name that contains a blank.
 std::string HeaderLine(std::string_view mark, std::string_view name) {
     std::string line(mark);
     line += name;

@@ -1,4 +1,4 @@
-// The differences of two texts in the unified format, which the program patch takes.
+// The differences of two texts in the unified format of the program patch.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -12,9 +12,8 @@ struct DiffSide {
     std::string_view text;
 };
 
-// Returns the differences with three lines of context; an empty text where there are none. Texts
-// that have little in common do not get the shortest list of differences, so that time stays
-// proportional to their sizes.
+// Returns the differences with three lines of context, or an empty text. For texts with few common
+// lines, the list of differences is not always the shortest one: this keeps the time linear.
 std::string UnifiedDiff(const DiffSide& before, const DiffSide& after);
 
 }  // namespace vexil::tool
