@@ -62,8 +62,9 @@ bool NamesACommand(const CLI::App& app, const std::vector<std::string>& argument
 // Runs the command that the arguments ask for.
 ExitCode Run(const std::vector<std::string>& arguments) {
     ExitCode exitCode = vexil::tool::ExitSuccess;
-    CLI::App app("Checks and rewrites DBC files, the descriptions of CAN bus networks.",
-                 "vexil-dbc");
+    CLI::App app(
+        "Checks, shows, compares and rewrites DBC files, the descriptions of CAN bus networks.",
+        "vexil-dbc");
     app.allow_windows_style_options(false);  // "/home/a.dbc" is a path everywhere
     app.set_version_flag("--version", LibraryVersion, "Print the version of the library and exit");
     app.require_subcommand(1);

@@ -49,7 +49,7 @@ frames, the files for pkg-config and CMake, documents and examples.")
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME vexil-dbc)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "${same_version}")
-set(CPACK_COMPONENT_TOOL_DESCRIPTION "checks and rewrites DBC files
+set(CPACK_COMPONENT_TOOL_DESCRIPTION "checks, shows and compares DBC files
 vexil-dbc checks the DBC files that describe CAN bus networks: it reports the
 statements that the library vexil64 cannot use. It also rewrites a file with
 its messages in the order of their ids or names.")

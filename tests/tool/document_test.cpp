@@ -1,4 +1,4 @@
-// The examples of docs/tool.md: the tool is run as they say, and prints what they show.
+// The examples of docs/tool.md and of the README: the tool prints what they show.
 //
 // Two kinds of fenced blocks count. Their first words, after the three backticks, are
 //
@@ -22,8 +22,8 @@ struct Block {
     std::vector<std::string> lines;
 };
 
-std::vector<Block> Blocks() {
-    std::istringstream document(ReadBytes(VEXIL64_TOOL_DOCUMENT));
+std::vector<Block> Blocks(const std::string& path) {
+    std::istringstream document(ReadBytes(path));
     std::vector<Block> blocks;
     bool isInside = false;
     for (std::string line; std::getline(document, line);) {
@@ -80,29 +80,38 @@ class ToolDocument : public LinuxToolTest {
         return outcome.out + outcome.err;
     }
 
+    // Follows the blocks of a document. Returns the number of commands in them.
+    std::size_t RunExamples(const std::string& path) {
+        std::size_t commands = 0;
+        for (const Block& block : Blocks(path)) {
+            std::string shown;
+            std::string printed;
+            for (const std::string& line : block.lines) {
+                shown += line + "\n";
+                if (block.kind == "console" && line.starts_with("$ ")) {
+                    printed += line + "\n" + Run(line.substr(2));
+                    ++commands;
+                }
+            }
+            if ((block.kind == "dbc" || block.kind == "json") && !block.name.empty()) {
+                WriteBytes(block.name, shown);
+            } else if (block.kind == "console") {
+                EXPECT_EQ(printed, shown);
+            }
+        }
+        return commands;
+    }
+
     std::filesystem::path before;
     int exitCode = 0;
 };
 
 TEST_F(ToolDocument, HasExamplesThatAreTrue) {
-    std::size_t commands = 0;
-    for (const Block& block : Blocks()) {
-        std::string shown;
-        std::string printed;
-        for (const std::string& line : block.lines) {
-            shown += line + "\n";
-            if (block.kind == "console" && line.starts_with("$ ")) {
-                printed += line + "\n" + Run(line.substr(2));
-                ++commands;
-            }
-        }
-        if ((block.kind == "dbc" || block.kind == "json") && !block.name.empty()) {
-            WriteBytes(block.name, shown);
-        } else if (block.kind == "console") {
-            EXPECT_EQ(printed, shown);
-        }
-    }
-    EXPECT_GT(commands, 8U);
+    EXPECT_GT(RunExamples(VEXIL64_TOOL_DOCUMENT), 8U);
+}
+
+TEST_F(ToolDocument, AndReadmeShowWhatTheToolPrints) {
+    EXPECT_EQ(RunExamples(VEXIL64_README), 3U);
 }
 
 }  // namespace
