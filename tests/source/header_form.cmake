@@ -1,4 +1,4 @@
-# Checks that the public header documents each function in one form and has each field in its table.
+# Checks that vexil64.h documents every function in the same form and has every field in its table.
 #   cmake -DROOT=... -P header_form.cmake
 cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/source_lines.cmake")
@@ -6,7 +6,7 @@ include("${CMAKE_CURRENT_LIST_DIR}/source_lines.cmake")
 set(header include/vexil64.h)
 read_lines("${ROOT}/${header}" lines)
 
-# Walks the lines with the last comment, and a declaration that may continue over several lines.
+# Processes the lines, with the last comment and a declaration that can have several lines.
 set(opening "")      # the comment that ends before the first line of code
 set(comment "")      # the last comment
 set(is_comment FALSE)
@@ -36,7 +36,7 @@ foreach(line IN LISTS lines)
         set(record FALSE)
     elseif(record AND line MATCHES "^    [a-z0-9_]+ ([A-Za-z0-9]+)[^A-Za-z0-9]")
         set(field "${CMAKE_MATCH_1}")
-        # Parse errors have no table: they are only fetched.
+        # Parse errors are only fetched, so they are not in the table.
         if(NOT opening MATCHES "\n [*]   ([A-Za-z]+, )?${field}[ ,]" AND NOT field MATCHES "^(code|line)$")
             fault("${header}" ${number} "${field} is not in the table of fields")
         endif()
@@ -56,10 +56,10 @@ foreach(line IN LISTS lines)
         set(parameters "${CMAKE_MATCH_3}")
         set(declaration "")
         if(NOT comment MATCHES "^/[*] [A-Z][^\n]*[.]( [*]/)?\n")
-            fault("${header}" ${number} "${name} has no summary of one line")
+            fault("${header}" ${number} "${name} has no summary line")
         endif()
         if(NOT type STREQUAL void AND NOT comment MATCHES "\n [*] Returns:\n")
-            fault("${header}" ${number} "${name} does not document what it returns")
+            fault("${header}" ${number} "${name} does not document its return value")
         endif()
         if(NOT parameters STREQUAL void)
             string(REPLACE "," ";" parameters "${parameters}")

@@ -1,5 +1,5 @@
-# Checks that each source file names its licence once, in a comment on a line of its own. Tools that
-# collect licences read that line, and a formatter that joins comment lines would hide it.
+# Checks that each source file names its licence once, in a comment on a line of its own. Licence scanners
+# read this line, and a formatter that joins comment lines would hide it.
 #   cmake -DROOT=... -P licence_line.cmake
 cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/source_lines.cmake")
@@ -8,7 +8,7 @@ set(tag "SPDX-License-Identifier")
 set(whole_line "^(//|#| [*]|/[*]) ${tag}: MIT( [*]/)?$")
 
 source_files(files include src tools examples tests bench fuzz)
-# The faulty tree of the checks is not a part of the project.
+# The faulty tree is test data, not source of the project.
 list(FILTER files EXCLUDE REGEX "^tests/source/faulty_tree/")
 file(GLOB_RECURSE others RELATIVE "${ROOT}"
     "${ROOT}/bindings/*.cs" "${ROOT}/bindings/*.py" "${ROOT}/bindings/*.cpp" "${ROOT}/bindings/*.c"

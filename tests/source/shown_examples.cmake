@@ -1,9 +1,9 @@
-# Checks that a document shows examples word for word: for each language, a fenced block that is the
-# example without the comment in front of it.
+# Checks that a page contains the examples word for word: for each language, a fenced block must be the
+# example without its first comment.
 #   cmake -DROOT=... -DDOCUMENT=... -P shown_examples.cmake
 cmake_minimum_required(VERSION 3.25)
 
-#   language, example, how it begins after its comment
+#   language, example, its first word after the comment
 set(rows
     "cpp examples/list_signals.cpp #include"
     "python examples/python/list_signals.py import"

@@ -1,12 +1,12 @@
-# Checks the program that a document shows: it is the example that is built, and the output beside it is
-# what that example prints. Both are the first fenced block of their language.
+# Checks the program on a page: it must be the example word for word, and the output on the page must be that
+# of the example. Both are the first fenced block of their language.
 #   cmake -DROOT=... -DDOCUMENT=... -DLANGUAGE=... -DEXAMPLE=... -DPROGRAM=... -DARGUMENTS=... -DWORK=...
 #         -P shown_program.cmake
-#     ARGUMENTS  what the program is called with, with | between the arguments; @ROOT@ is replaced
+#     ARGUMENTS  the arguments of the program, separated by |; @ROOT@ is replaced
 
 cmake_minimum_required(VERSION 3.25)
 
-# Gives the text of the first fenced block of a language.
+# Returns the text of the first fenced block of a language.
 function(first_block language out)
     string(FIND "${document}" "\n```${language}\n" start)
     if(start EQUAL -1)
@@ -29,7 +29,7 @@ endfunction()
 
 file(READ "${ROOT}/${DOCUMENT}" document)
 
-# The comment before the example is not shown.
+# The page does not have the first comment of the example.
 file(READ "${ROOT}/${EXAMPLE}" example)
 string(FIND "${example}" "#include" start)
 string(SUBSTRING "${example}" ${start} -1 example)

@@ -1,7 +1,7 @@
-# What the checks of the source tree share.
+# Functions for the checks of the source tree.
 
-# Gives the lines of a file as a list that CMake can walk: one element for each line, with what has a
-# meaning in lists replaced. "(" stands for "[", ")" for "]", "," for ";" and "/" for a backslash.
+# Returns the lines of a file as a CMake list. Characters with a meaning in lists are replaced: "[" by "(",
+# "]" by ")", ";" by "," and a backslash by "/".
 function(read_lines file out)
     file(READ "${file}" text)
     string(REPLACE "\\" "/" text "${text}")
@@ -12,8 +12,8 @@ function(read_lines file out)
     set(${out} "${text}" PARENT_SCOPE)
 endfunction()
 
-# The C and C++ files below the folders of ROOT, with their paths from ROOT, in order. A tree without
-# any would pass every check, so there must be some.
+# Returns the sorted paths of the C and C++ files in folders of ROOT, relative to ROOT. Fails if there are none,
+# because an empty tree would pass every check.
 function(source_files out)
     set(files "")
     foreach(folder IN LISTS ARGN)
@@ -28,7 +28,7 @@ function(source_files out)
     set(${out} "${files}" PARENT_SCOPE)
 endfunction()
 
-# Notes a fault; end_check reports all of them.
+# Records an error. end_check reports all errors.
 macro(fault file line text)
     string(APPEND faults "${file}:${line}: ${text}\n")
 endmacro()

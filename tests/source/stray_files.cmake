@@ -12,7 +12,7 @@ file(WRITE "${WORK}/docs/images/a-picture.png" "${largest_picture}")
 execute_process(COMMAND "${CMAKE_COMMAND}" "-DROOT=${WORK}" -P "${CHECK}"
     RESULT_VARIABLE result ERROR_VARIABLE reported)
 if(NOT result EQUAL 0)
-    message(FATAL_ERROR "Refused a sound tree:\n${reported}")
+    message(FATAL_ERROR "The check reports errors in a correct tree:\n${reported}")
 endif()
 
 foreach(stray default.profraw docs/core docs/page.html fuzz/corpus/read/a.o src/picture.png)
@@ -23,14 +23,14 @@ file(WRITE "${WORK}/docs/images/large.png" "${largest_picture}x")
 execute_process(COMMAND "${CMAKE_COMMAND}" "-DROOT=${WORK}" -P "${CHECK}"
     RESULT_VARIABLE result ERROR_VARIABLE reported)
 string(REGEX REPLACE "\n+CMake Error.*" "\n" reported "${reported}")
-set(expected "default.profraw:0: a file that nobody wrote, by its name
-docs/core:0: a file that nobody wrote, by its name
-docs/images/large.png:0: a file that nobody wrote, by its size
-docs/large.txt:0: a file that nobody wrote, by its size
-docs/page.html:0: a file that nobody wrote, by its name
-fuzz/corpus/read/a.o:0: a file that nobody wrote, by its name
-src/picture.png:0: a file that nobody wrote, by its name
+set(expected "default.profraw:0: an unexpected kind of file
+docs/core:0: an unexpected kind of file
+docs/images/large.png:0: too large
+docs/large.txt:0: too large
+docs/page.html:0: an unexpected kind of file
+fuzz/corpus/read/a.o:0: an unexpected kind of file
+src/picture.png:0: an unexpected kind of file
 ")
 if(result EQUAL 0 OR NOT reported STREQUAL expected)
-    message(FATAL_ERROR "Found other faults:\n${reported}")
+    message(FATAL_ERROR "The check reports other errors than expected:\n${reported}")
 endif()

@@ -1,6 +1,7 @@
-# Checks that every file of the tree is one that somebody wrote: of a kind that is known, and small.
+# Checks that every file of the tree is of a known kind and at most 64 KiB, so that no generated file is
+# committed.
 #   cmake -DROOT=... -P tracked_files.cmake
-# The files are those that git tracks, or all but those of build folders where there is no git.
+# The files are those that git tracks. Without git, all files outside build folders.
 cmake_minimum_required(VERSION 3.25)
 include("${CMAKE_CURRENT_LIST_DIR}/source_lines.cmake")
 
@@ -12,7 +13,7 @@ set(page_parts "^(tools/view/report/[a-z]+[.](mustache|css|js)|tests/tool/[a-z_]
 set(pictures "^docs/images/[a-z-]+[.]png$")
 set(most_picture_bytes 200000)
 set(named "(^|/)(LICENSE|[.]editorconfig|[.]clang-format|[.]clang-tidy|[.]ci/run|scripts/[a-z-]+)$")
-# Inputs of the fuzz targets have any name.
+# Inputs of the fuzz targets can have any name.
 set(inputs "^fuzz/(corpus|regressions)/[a-z]+/[A-Za-z0-9_.]+$")
 set(built "[.](profraw|profdata|gcda|gcno|log|zip|gz|o|a|so|dll|exe)$")
 
@@ -35,9 +36,9 @@ foreach(file IN LISTS files)
     endif()
     file(SIZE "${ROOT}/${file}" size)
     if(file MATCHES "${built}" OR NOT file MATCHES "${kinds}|${named}|${inputs}|${page_parts}|${pictures}")
-        fault("${file}" 0 "a file that nobody wrote, by its name")
+        fault("${file}" 0 "an unexpected kind of file")
     elseif(size GREATER most_picture_bytes OR (size GREATER most_bytes AND NOT file MATCHES "${pictures}"))
-        fault("${file}" 0 "a file that nobody wrote, by its size")
+        fault("${file}" 0 "too large")
     endif()
 endforeach()
 end_check()
