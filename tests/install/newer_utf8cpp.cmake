@@ -1,5 +1,5 @@
-# Configures and compiles against a package of utf8-cpp as version 4 installs it, made of the headers of
-# the installed version.
+# Configures and compiles with a CMake package of utf8-cpp in the form of version 4, which is made from the
+# headers of the installed version.
 #   cmake -DSOURCE=... -DWORK=... -DCXX_COMPILER=... -DHEADERS=... -P newer_utf8cpp.cmake
 cmake_minimum_required(VERSION 3.25)
 
@@ -10,6 +10,6 @@ file(WRITE "${WORK}/package/utf8cppConfig.cmake"
 execute_process(COMMAND "${CMAKE_COMMAND}" -S "${SOURCE}" -B "${WORK}/build" -G Ninja
     "-Dutf8cpp_DIR=${WORK}/package" "-DCMAKE_CXX_COMPILER=${CXX_COMPILER}"
     -DCMAKE_BUILD_TYPE=Debug COMMAND_ERROR_IS_FATAL ANY)
-# One source that includes the package.
+# Compiles a source that includes utf8-cpp.
 execute_process(COMMAND "${CMAKE_COMMAND}" --build "${WORK}/build"
     --target src/CMakeFiles/vexil64_core.dir/text/utf8_text.cpp.o COMMAND_ERROR_IS_FATAL ANY)

@@ -1,5 +1,5 @@
-# Installs a build into a folder that has a file and an empty folder already, uninstalls it, and checks
-# that these two are left and nothing else.
+# Installs a build into a folder that already has a file and an empty folder, uninstalls it, and checks that
+# only these two are left.
 #   cmake -DBUILD=... -DCONFIG=... -DUNINSTALL=... -DWORK=... -P uninstall.cmake
 cmake_minimum_required(VERSION 3.25)
 
@@ -9,23 +9,23 @@ endfunction()
 function(expect_left expected)
     file(GLOB_RECURSE left LIST_DIRECTORIES ON RELATIVE "${WORK}" "${WORK}/*")
     if(NOT left STREQUAL expected)
-        message(FATAL_ERROR "After uninstalling [${left}] is left, and not [${expected}]")
+        message(FATAL_ERROR "Uninstalling leaves [${left}] instead of [${expected}]")
     endif()
 endfunction()
 
 file(REMOVE_RECURSE "${WORK}")
 file(MAKE_DIRECTORY "${WORK}/usr/share")
 file(WRITE "${WORK}/usr/include/other.h" "")
-# Twice, with the files of the first installation removed as well.
+# Installs into two folders. Uninstalling must remove the files in both.
 run("${CMAKE_COMMAND}" --install "${BUILD}" --config "${CONFIG}" --prefix "${WORK}/usr")
 run("${CMAKE_COMMAND}" -E env "DESTDIR=${WORK}/staged"
     "${CMAKE_COMMAND}" --install "${BUILD}" --config "${CONFIG}" --prefix /usr/local)
 file(GLOB_RECURSE installed "${WORK}/*/vexil64.h")
 list(LENGTH installed count)
 if(NOT count EQUAL 2)
-    message(FATAL_ERROR "The header was installed ${count} times and not twice")
+    message(FATAL_ERROR "The header was installed ${count} times instead of twice")
 endif()
-# The target "uninstall" does the same with all that this build folder installed.
+# The target "uninstall" removes all files that this build folder installed.
 file(STRINGS "${BUILD}/installed.txt" lines)
 list(FILTER lines INCLUDE REGEX "^[a-z]+ ${WORK}/")
 list(JOIN lines "\n" lines)

@@ -1,8 +1,8 @@
-# Installs a build for Windows, then builds and runs a project that finds it there and is linked as MSVC
-# links: with vexil64.lib.
+# Installs a build for Windows, then builds and runs a project that finds the package there and links with
+# vexil64.lib, like MSVC.
 #   cmake -DBUILD=... -DCONFIG=... -DCONSUMER=... -DGENERATOR=... -DEMULATOR=... -DWORK=...
 #         -P msvc_consumer.cmake
-#     EMULATOR  the command that runs programs, with | between its parts
+#     EMULATOR  the command that runs programs; its parts are separated by |
 cmake_minimum_required(VERSION 3.25)
 string(REPLACE "|" ";" EMULATOR "${EMULATOR}")
 

@@ -1,10 +1,10 @@
-# Makes the package of a build, unpacks it, compares its files with a list, and builds and runs hosts
-# in C with nothing but what is in it: one once for each library that it may be linked with, and one
-# that finds the package by CMake.
+# Makes the package of a build, unpacks it and compares its files with a list. Then builds and runs C hosts
+# with only the files of the package: one for each library with which it can be linked, and one that finds
+# the package through CMake.
 #   cmake -DBUILD=... -DCONFIG=... -DCONTENTS=... -DC_COMPILER=... -DC_FLAGS=... -DCONSUMER=...
 #         -DCMAKE_CONSUMER=... -DTOOLCHAIN=... -DGENERATOR=... -DSAMPLE=... -DLIBRARIES=...
 #         -DEMULATOR=... -DWORK=... -P package_consumer.cmake
-#     LIBRARIES, EMULATOR  files to link with, and the command that runs programs: lists with | in them
+#     LIBRARIES, EMULATOR  files to link with, and the command that runs programs; both separated by |
 cmake_minimum_required(VERSION 3.25)
 string(REPLACE "|" ";" LIBRARIES "${LIBRARIES}")
 string(REPLACE "|" ";" EMULATOR "${EMULATOR}")
@@ -16,17 +16,17 @@ execute_process(COMMAND "${CMAKE_CPACK_COMMAND}" --config "${BUILD}/CPackConfig.
 file(GLOB archives "${WORK}/vexil64-*")
 list(LENGTH archives count)
 if(NOT count EQUAL 1)
-    message(FATAL_ERROR "cpack made [${archives}] and not one package")
+    message(FATAL_ERROR "cpack made [${archives}] instead of one package")
 endif()
 file(ARCHIVE_EXTRACT INPUT "${archives}" DESTINATION "${WORK}")
 
-# The package holds one folder, named as the package.
+# The package has one folder with the name of the package.
 string(REGEX REPLACE "\\.(zip|tar\\.gz)$" "" folder "${archives}")
 file(GLOB_RECURSE found RELATIVE "${folder}" "${folder}/*")
 list(FILTER found EXCLUDE REGEX "vexil64Targets-[a-z]+\\.cmake$") # named after the configuration
 file(STRINGS "${CONTENTS}" expected)
 if(NOT found STREQUAL expected)
-    message(FATAL_ERROR "The package holds [${found}] and not [${expected}]")
+    message(FATAL_ERROR "The package has the files [${found}] instead of [${expected}]")
 endif()
 
 function(run)
@@ -36,7 +36,7 @@ function(run)
     set(output "${output}" PARENT_SCOPE)
 endfunction()
 
-# Windows looks for the library beside the program.
+# Windows searches for the library in the folder of the program.
 foreach(library IN LISTS LIBRARIES)
     execute_process(COMMAND "${C_COMPILER}" ${C_FLAGS} -std=c99 "-I${folder}/include" "${CONSUMER}"
         "${folder}/${library}" -o "${folder}/bin/c_consumer.exe" COMMAND_ERROR_IS_FATAL ANY)

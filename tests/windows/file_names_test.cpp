@@ -1,5 +1,5 @@
-// File names outside ASCII and the longest ones: the path that a host gives in UTF-8, or a user to
-// the tool, is that of the file which the system knows by its UTF-16 name.
+// Non-ASCII and long file names: a UTF-8 path, of the library or of the tool, opens the file with
+// the corresponding UTF-16 name.
 // SPDX-License-Identifier: MIT
 #include <string>
 #include <string_view>

@@ -1,6 +1,6 @@
-/* A host in C that is not linked with the library: loads it by its name a thousand times, uses it
- * and unloads it, as a host with plug-ins does. load_library_test LIBRARY FILE    FILE is a DBC
- * file with messages
+/* A C host that is not linked with the library. Loads it by its name a thousand times, uses it and
+ * unloads it, like a host with plug-ins.
+ *   load_library_test LIBRARY FILE    FILE is a DBC file with messages
  * SPDX-License-Identifier: MIT */
 #include <stdio.h>
 #include <stdlib.h>
@@ -9,8 +9,7 @@
 
 #include "vexil64.h"
 
-/* More than a process has places for data of its threads, so that a library that keeps one fails.
- */
+/* More than the thread-local storage indexes of a process, so that a leak of one is an error. */
 enum { LoadCount = 1200 };
 
 typedef uint8_t (*ReadFunction)(const char*, uint32_t, uint32_t*);
@@ -21,8 +20,8 @@ static int Fail(const char* what, int load) {
     return EXIT_FAILURE;
 }
 
-/* Stores a function of the library in a pointer of the right type; by its bytes, since C has no
- * cast that all compilers let pass in silence. */
+/* Stores the address of a function in a pointer of the right type. Copies the bytes, because no
+ * cast in C compiles without a warning everywhere. */
 static void FindFunction(HMODULE module, const char* name, void* pointer) {
     const FARPROC function = GetProcAddress(module, name);
     memcpy(pointer, &function, sizeof function);

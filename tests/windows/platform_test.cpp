@@ -1,5 +1,5 @@
-// What differs between the systems by nature: the list of docs/windows.md, with the answer of each.
-// Everything else is the same, which windows.same_answers and the rest of the tests show.
+// The differences between the systems that docs/windows.md lists, with the result of each. All
+// other behaviour is the same, which windows.same_answers and all other tests check.
 // SPDX-License-Identifier: MIT
 #include <bit>
 #include <cstdint>
@@ -22,7 +22,7 @@ constexpr bool OnWindows = false;
 
 class Platform : public ApiTest {
   protected:
-    // The comment that a file of these bytes gives to its first message.
+    // Returns the comment of the first message after reading a file of these bytes.
     std::string CommentOf(std::string_view bytes) {
         EXPECT_EQ(ReadText(bytes), Success);
         CanMessageRecord message{};
@@ -30,7 +30,7 @@ class Platform : public ApiTest {
         return message.comment;
     }
 
-    // Whether a number is taken as a factor, which it then is.
+    // Returns whether a number is accepted as a factor.
     bool IsFactor(const std::string& number, double& factor) {
         EXPECT_EQ(ReadText("BO_ 1 A: 8 N\n SG_ S : 0|8@1+ (" + number + ",0) [0|1] \"\" N\n"),
                   Success);
@@ -72,8 +72,8 @@ TEST_F(Platform, AWrittenLineEndsAsThePlatformsLinesDo) {
     EXPECT_TRUE(ReadBytes(path).starts_with(OnWindows ? "VERSION \"\"\r\n" : "VERSION \"\"\n"));
 }
 
-// The conversions of the two runtimes agree on all decimal numbers but for the edge between the
-// smallest numbers of full precision and those below.
+// The conversions of the two runtimes differ only for decimal numbers at the border between normal
+// and subnormal numbers.
 TEST_F(Platform, ANumberThatIsRoundedUpToTheSmallestNormalOneIsInRangeOnWindowsAlone) {
     double factor = 99;
     EXPECT_EQ(IsFactor("2.2250738585072012e-308", factor), OnWindows);

@@ -1,9 +1,9 @@
-# Compares what the library for Linux and the one for Windows tell of each file: its records and errors,
-# and the file written in each order.
+# Compares the results of the libraries for Linux and Windows for each file: records, errors, and the file
+# written in each order.
 #   cmake -DLINUX_DUMP=... -DWINDOWS_DUMP=... -DEMULATOR=... -DFILES=... -DWORK=... -P same_answers.cmake
-#     EMULATOR  the command that runs WINDOWS_DUMP, with | between its parts
-#     FILES     patterns of file names, with | between them; without it, all files in the folder that
-#               the environment variable VEXIL64_CORPUS names
+#     EMULATOR  the command that runs WINDOWS_DUMP; its parts are separated by |
+#     FILES     patterns of file names, separated by |; by default, all files in the folder that the
+#               environment variable VEXIL64_CORPUS names
 cmake_minimum_required(VERSION 3.25)
 string(REPLACE "|" ";" EMULATOR "${EMULATOR}")
 string(REPLACE "|" ";" FILES "${FILES}")
@@ -18,7 +18,7 @@ endif()
 foreach(pattern IN LISTS FILES)
     file(GLOB found "${pattern}")
     if(NOT found)
-        message(FATAL_ERROR "There are no files ${pattern}")
+        message(FATAL_ERROR "No file matches ${pattern}")
     endif()
     list(APPEND files ${found})
 endforeach()
@@ -30,16 +30,16 @@ endfunction()
 foreach(file IN LISTS files)
     file(REMOVE_RECURSE "${WORK}")
     file(MAKE_DIRECTORY "${WORK}/linux" "${WORK}/windows")
-    # What Windows reads as text, Linux must be given without the carriage returns.
+    # Windows reads a carriage return and line feed as a line feed. Linux gets the file without the former.
     run(sed "s/\\r$//" "${file}" OUTPUT_FILE linux.dbc)
     file(COPY_FILE "${file}" "${WORK}/windows.dbc")
     run("${LINUX_DUMP}" linux.dbc linux)
     run(${EMULATOR} "${WINDOWS_DUMP}" windows.dbc windows)
-    # Nothing is written of a file without messages.
+    # The library does not write a database without messages.
     file(GLOB outputs RELATIVE "${WORK}/linux" "${WORK}/linux/*")
     file(GLOB windows_outputs RELATIVE "${WORK}/windows" "${WORK}/windows/*")
     if(NOT "records.txt" IN_LIST outputs OR NOT outputs STREQUAL windows_outputs)
-        message(FATAL_ERROR "Of ${file} were made [${outputs}] and [${windows_outputs}]")
+        message(FATAL_ERROR "From ${file}, Linux makes [${outputs}] and Windows [${windows_outputs}]")
     endif()
     foreach(output IN LISTS outputs)
         set(ignore_eol "")

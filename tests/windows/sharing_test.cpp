@@ -17,7 +17,7 @@ class Sharing : public ApiTest {
         EXPECT_TRUE(file);
         return file;
     }
-    // How many handles a program that the process starts inherits.
+    // Returns how many handles a child process inherits.
     static std::size_t InheritedHandles() {
         std::size_t count = 0;
         for (std::uintptr_t value = 4; value < 0x4000; value += 4) {
@@ -65,7 +65,7 @@ TEST_F(Sharing, LeavesNoFileOpenAfterACall) {
     EXPECT_TRUE(OpenElsewhere(GENERIC_WRITE, 0));
 }
 
-// A pipe holds the library up while its file is open.
+// Reading a pipe blocks, so the file of the library is open while the program starts.
 TEST_F(Sharing, ProgramsThatTheHostStartsInheritNoFile) {
     const std::string pipe = "\\\\.\\pipe\\vexil64-" + std::to_string(GetCurrentProcessId());
     File writer(

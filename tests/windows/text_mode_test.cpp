@@ -12,7 +12,7 @@
 namespace vexil::test {
 namespace {
 
-// The line ends of a text: all of two bytes, or the position of one that is not.
+// Checks that every line end of a text has two bytes, or finds the position of another one.
 testing::AssertionResult EndsEveryLineInTwoBytes(const std::string& bytes) {
     for (std::size_t at = 0; at < bytes.size(); ++at) {
         const bool isFeed = bytes[at] == '\n';
@@ -38,7 +38,7 @@ class TextMode : public ApiTest {
         AppendSignal(0, {.longName = "Signal", .comment = "one\ntwo"});
     }
 
-    // Positions around the ends of the pieces in which files may be read.
+    // Positions around the ends of the blocks in which files can be read.
     static std::vector<std::size_t> PiecesEnds() {
         std::vector<std::size_t> positions;
         for (const std::size_t piece : {512, 1024, 4096, 65536, 131072}) {

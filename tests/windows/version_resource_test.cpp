@@ -1,4 +1,4 @@
-// The version that Windows shows of the library is that of the project.
+// The version resource of the library has the version of the project.
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -26,7 +26,7 @@ class VersionResource : public testing::Test {
         return value;
     }
 
-    // A text in the one language that there is, or what says that there is none.
+    // Returns a text of the only language in the resource, or a message that there is none.
     std::string Text(const std::string& name) {
         const void* text = Value("\\StringFileInfo\\040904b0\\" + name);
         return text == nullptr ? "none" : static_cast<const char*>(text);

@@ -1,5 +1,5 @@
-// What the tests for Windows share: files made and found by the system itself, past the runtime
-// that the library uses.
+// Helpers of the tests for Windows: make and find files directly through the system, without the
+// runtime that the library uses.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -16,10 +16,10 @@ struct HandleCloser {
     void operator()(HANDLE handle) const { CloseHandle(handle); }
 };
 
-// An open file, or null.
+// The handle of an open file, or null.
 using File = std::unique_ptr<void, HandleCloser>;
 
-// Opens a file with an access and a sharing of the system's choice of words.
+// Opens a file with access and sharing constants of the system.
 inline File OpenFile(const std::wstring& path, DWORD access, DWORD sharing, DWORD creation) {
     HANDLE handle = CreateFileW(path.c_str(), access, sharing, nullptr, creation,
                                 FILE_ATTRIBUTE_NORMAL, nullptr);

@@ -1,4 +1,4 @@
-# clang as a compiler that has MSVC's binary interface and uses a linker of its form.
+# Uses clang as a compiler with the binary interface and linker of MSVC.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR AMD64)
 set(CMAKE_C_COMPILER clang)

@@ -1,8 +1,8 @@
-/* Ends with the status 0 if the library answers, without a C runtime.
+/* Exits with status 0 if a call of the library works. Has no C runtime.
  * SPDX-License-Identifier: MIT */
 #include <vexil64.h>
 
-/* The compiler calls it before it uses floating-point numbers. */
+/* The compiler refers to this symbol in programs with floating-point numbers. */
 int _fltused;
 
 int start(void) {
