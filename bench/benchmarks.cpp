@@ -1,5 +1,5 @@
-// Measures reading, fetching, writing and the plain loops with Google Benchmark. Names have the form
-// operation/database, so a filter can select either.
+// Measures reading, fetching, writing and the plain loops with Google Benchmark. Names have the
+// form operation/database, so a filter can select either.
 // SPDX-License-Identifier: MIT
 #include <benchmark/benchmark.h>
 

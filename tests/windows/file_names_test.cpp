@@ -101,7 +101,7 @@ class LongPaths : public ApiTest {
     }
 };
 
-TEST_F(LongPaths, Of259BytesAreTaken) {
+TEST_F(LongPaths, Of259BytesAreAccepted) {
     for (const char* const character : {"x", "\xe2\x82\xac"}) {
         const std::string file = PathOf(259, character);
         VexilClearData();
@@ -124,7 +124,7 @@ TEST_F(LongPaths, Of260BytesAreRefusedEvenIfTheyAreShortInUtf16) {
     }
 }
 
-TEST_F(LongPaths, TakeEitherSlash) {
+TEST_F(LongPaths, AcceptBothSlashes) {
     for (const char slash : {'/', '\\'}) {
         VexilClearData();
         AppendMessage({.id = 1, .longName = "A"});

@@ -1,5 +1,5 @@
-/* A C host that is not linked with the library. Loads it by its name a thousand times, uses it and
- * unloads it, like a host with plug-ins.
+/* A C host that is not linked with the library. Loads it by its name over a thousand times, uses it
+ * and unloads it, like a host with plug-ins.
  *   load_library_test LIBRARY FILE    FILE is a DBC file with messages
  * SPDX-License-Identifier: MIT */
 #include <stdio.h>
