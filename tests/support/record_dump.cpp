@@ -99,7 +99,8 @@ std::string Multiplex(const CanSignalRecord& signal) {
 
 std::string Sign(std::uint32_t valueType) {
     constexpr std::string_view Signs = "+-fd";
-    return valueType < Signs.size() ? std::string(1, Signs[valueType]) : "?" + Number(valueType);
+    return valueType < Signs.size() ? std::string(1, Signs[valueType])
+                                    : std::string("?").append(Number(valueType));
 }
 
 std::string MessageLine(const MessageRecords& message) {
