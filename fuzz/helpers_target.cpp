@@ -55,12 +55,12 @@ Position PositionOf(unsigned char byte, const std::string& text) {
 
 // Calls both functions, with an initial value that a successful call must replace, and compares the
 // results and the values.
-template <typename Value, typename Helper, typename Twin>
-void Compare(Helper helper, Twin twin, const char* what) {
+template <typename Value, typename Helper, typename Reference>
+void Compare(Helper helper, Reference reference, const char* what) {
     Value value = 99;
     Value expected = 99;
     const auto result = helper(value);
-    const auto expectedResult = twin(expected);
+    const auto expectedResult = reference(expected);
     ExpectSame(result, expectedResult, what);
     if constexpr (std::is_same_v<Value, double>) {
         ExpectSame(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(expected),
@@ -174,10 +174,10 @@ void CheckForms(const std::string& text, const std::string& valid) {
 
 template <typename Number>
 void CheckNumber(std::string_view text, bool (*helper)(std::string_view, Number&),
-                 bool (*twin)(const std::string&, Number&), const char* what) {
+                 bool (*reference)(const std::string&, Number&), const char* what) {
     const std::string whole(text);
     Compare<Number>([&](Number& value) { return helper(text, value); },
-                    [&](Number& value) { return twin(whole, value); }, what);
+                    [&](Number& value) { return reference(whole, value); }, what);
 }
 
 bool ParsedByStrtod(const std::string& text, double& value) {
@@ -211,7 +211,7 @@ void CheckNumberText(const std::string& text) {
 
 // -- Tokens of attributes -----------------------------------------------------------------------
 
-std::string TwinQuotedContent(const std::string& token) {
+std::string ReferenceQuotedContent(const std::string& token) {
     std::vector<std::size_t> quotes;
     for (std::size_t at = 0; at < token.size(); ++at) {
         if (token[at] == '"') {
@@ -222,8 +222,8 @@ std::string TwinQuotedContent(const std::string& token) {
                              : token.substr(quotes.front() + 1, quotes.back() - quotes.front() - 1);
 }
 
-TokenClass TwinClass(const std::string& token) {
-    if (!TwinQuotedContent(token).empty()) {
+TokenClass ReferenceClass(const std::string& token) {
+    if (!ReferenceQuotedContent(token).empty()) {
         return TokenClass::QuotedString;
     }
     const bool beginsNumber =
@@ -239,9 +239,9 @@ void CheckTokens(const std::string& text) {
     ExpectSame(tokens.Size(), expected.size(), "StatementTokens");
     for (std::size_t at = 0; at < expected.size(); ++at) {
         ExpectSame(tokens[at], expected[at], "StatementTokens");
-        ExpectSame(std::string(QuotedContent(tokens[at])), TwinQuotedContent(expected[at]),
+        ExpectSame(std::string(QuotedContent(tokens[at])), ReferenceQuotedContent(expected[at]),
                    "QuotedContent");
-        Expect(ClassifyToken(tokens[at]) == TwinClass(expected[at]), "ClassifyToken");
+        Expect(ClassifyToken(tokens[at]) == ReferenceClass(expected[at]), "ClassifyToken");
     }
 }
 

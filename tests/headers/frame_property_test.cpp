@@ -34,12 +34,12 @@ std::vector<std::uint32_t> BitNumbers(const CanSignalRecord& signal) {
     return numbers;
 }
 
-bool TwinFits(const std::vector<std::uint32_t>& numbers, const Frame& frame) {
+bool ReferenceFits(const std::vector<std::uint32_t>& numbers, const Frame& frame) {
     return std::all_of(numbers.begin(), numbers.end(),
                        [&](std::uint32_t number) { return number / 8 < frame.size(); });
 }
 
-std::uint64_t TwinDecode(const std::vector<std::uint32_t>& numbers, const Frame& frame) {
+std::uint64_t ReferenceDecode(const std::vector<std::uint32_t>& numbers, const Frame& frame) {
     std::uint64_t raw = 0;
     for (const std::uint32_t number : numbers) {
         raw = raw * 2 + (frame[number / 8] >> number % 8 & 1U);
@@ -47,7 +47,7 @@ std::uint64_t TwinDecode(const std::vector<std::uint32_t>& numbers, const Frame&
     return raw;
 }
 
-void TwinEncode(const std::vector<std::uint32_t>& numbers, std::uint64_t raw, Frame& frame) {
+void ReferenceEncode(const std::vector<std::uint32_t>& numbers, std::uint64_t raw, Frame& frame) {
     for (auto number = numbers.rbegin(); number != numbers.rend(); ++number) {
         const auto bit = static_cast<std::uint8_t>(1U << *number % 8);
         std::uint8_t& byte = frame[*number / 8];
@@ -71,10 +71,11 @@ std::string Layout(const CanSignalRecord& signal, const Frame& frame) {
 
 // Compares decoding and encoding of one layout with the reference. Returns whether the frame
 // contains all bits.
-bool CompareWithTwin(const CanSignalRecord& signal, std::mt19937_64& random, std::size_t size) {
+bool CompareWithReference(const CanSignalRecord& signal, std::mt19937_64& random,
+                          std::size_t size) {
     Frame frame = RandomFrame(random, size);
     const std::vector<std::uint32_t> numbers = BitNumbers(signal);
-    const bool fits = TwinFits(numbers, frame);
+    const bool fits = ReferenceFits(numbers, frame);
     const std::uint64_t raw = random() >> (64 - signal.bitLength);
     Frame encoded = frame;
     std::uint64_t decoded = 0;
@@ -85,9 +86,9 @@ bool CompareWithTwin(const CanSignalRecord& signal, std::mt19937_64& random, std
         return false;
     }
     EXPECT_EQ(VexilDecodeRaw(&signal, frame.data(), size, &decoded), FrameOk);
-    EXPECT_EQ(decoded, TwinDecode(numbers, frame));
+    EXPECT_EQ(decoded, ReferenceDecode(numbers, frame));
     EXPECT_EQ(VexilEncodeRaw(&signal, raw, encoded.data(), size), FrameOk);
-    TwinEncode(numbers, raw, frame);
+    ReferenceEncode(numbers, raw, frame);
     EXPECT_EQ(encoded, frame);
     return true;
 }
@@ -103,7 +104,7 @@ TEST_P(EveryLayout, DecodesAndEncodesLikeTheReference) {
         for (std::uint32_t start = 0; start < size * 8 + 16; ++start) {
             for (std::uint32_t length = 1; length <= 64; ++length) {
                 const CanSignalRecord signal = SignalAt(start, length, order);
-                fitting += CompareWithTwin(signal, random, size) ? 1 : 0;
+                fitting += CompareWithReference(signal, random, size) ? 1 : 0;
                 ASSERT_FALSE(HasFailure()) << Layout(signal, Frame(size));
             }
         }
