@@ -19,15 +19,7 @@ set(linux_only_sources
 
 # Tests, by program.
 set(linux_only_api_tests
-    LocaleTest.WriteUsesPointAndGroupsOfTheCppLocale)            # the DLL has a C++ runtime of its own
-    cpp_failing_write_test.cpp  # limits the size of files, which Windows cannot
-    failing_write_test.cpp)     # likewise
-
-# Tests, by program.
-set(linux_only_api_tests
-    ErrorFunctionsTest.TellTextAsItWasRepaired                  # has one at the end of a line
-    LocaleTest.WritingTakesPointAndGroupsOfTheCppLocale         # the DLL has its own C++ runtime
-    VexilReadDbcFileTest.FailsOnAFolder)                        # Windows does not open folders
+    LocaleTest.WriteUsesPointAndGroupsOfTheCppLocale)           # the DLL has its own C++ runtime
 set(linux_only_golden_tests
     Topics/Golden.HasItsRecords/crlf                            # has carriage returns in texts
     Topics/Golden.HasItsErrors/crlf)                            # likewise
@@ -38,7 +30,7 @@ set(linux_only_text_tests
     NextStatement.CountsCarriageReturnsAsPartsOfLines           # keeps carriage returns
     NextStatement.EndsFreeTextAtAKeywordAfterASemicolon         # likewise
     StatementFileTest.FailsOnALineThatCannotBeRead              # reads a folder
-    StatementFileTest.RemovesControlCharactersExceptWhiteSpace)     # byte 0x1A ends a file on Windows
+    StatementFileTest.RemovesControlCharactersExceptWhiteSpace)  # byte 0x1A ends a file on Windows
 set(linux_only_tool_tests
     CheckCommandOnLinux.*           # folders as files, bytes on the command line, long paths of Linux
     DiffCommandOnLinux.*            # a device that takes nothing, and encodings
