@@ -111,9 +111,11 @@ TEST(TryParseDouble, EqualsStrtod) {
         text += std::array{"", "", " ", "\n", ".", ";", "e3", "e-9", ".5", "x"}[random.Below(10)];
         char* end = nullptr;
         errno = 0;
-        const double expected = std::strtod(text.c_str(), &end);
+        const double number = std::strtod(text.c_str(), &end);
+        const bool isNumber = end != text.c_str() && errno != ERANGE;
+        const double expected = isNumber ? number : 0;  // some runtimes read "-" as -0
         double value = 99;
-        EXPECT_EQ(TryParseDouble(text, value), end != text.c_str() && errno != ERANGE) << text;
+        EXPECT_EQ(TryParseDouble(text, value), isNumber) << text;
         EXPECT_EQ(std::bit_cast<std::uint64_t>(value), std::bit_cast<std::uint64_t>(expected))
             << testing::PrintToString(text) << " gave " << value << " and not " << expected;
     });
