@@ -32,6 +32,7 @@ set(linux_only_text_tests
     StatementFileTest.FailsOnALineThatCannotBeRead              # reads a folder
     StatementFileTest.RemovesControlCharactersExceptWhiteSpace)  # byte 0x1A ends a file on Windows
 set(linux_only_tool_tests
+    *RealFile*                      # skipped without real files, and no test is skipped here
     CheckCommandOnLinux.*           # folders as files, bytes on the command line, long paths of Linux
     DiffCommandOnLinux.*            # a device that takes nothing, and encodings
     DiffForGit.*                    # calls the tool from a git of Linux
