@@ -5,6 +5,7 @@ cmake_minimum_required(VERSION 3.25)
 
 #   language, example, its first word after the comment
 set(rows
+    "c examples/append_message.c #include"
     "cpp examples/list_signals.cpp #include"
     "python examples/python/list_signals.py import"
     "csharp examples/csharp/ListSignals.cs using")
