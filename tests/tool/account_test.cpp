@@ -92,7 +92,7 @@ TEST(Account, SaysWhereTheDroppedDefinitionOfAnAttributeIs) {
                "dropped)"}));
 }
 
-TEST(Account, TellsWhatInvalidBytesLookLike) {
+TEST(Account, ReportsWhichEncodingInvalidBytesLookLike) {
     EXPECT_EQ(AccountOf("BO_ 1 A: 8 N\n SG_ S : 0|8@1+ (1,0) [0|1] \"\xB0"
                         "C\" N\xE4\n")[1],
               "2:2 SG_ invalid-utf8 (line 2, column 30: byte B0 looks like \"\xC2\xB0\" of "

@@ -143,7 +143,7 @@ class RandomSignals {
     std::mt19937 engine;
 };
 
-TEST(BitLayout, OfRandomSignalsIsThatOfATwinAndOfTheDecoder) {
+TEST(BitLayout, OfRandomSignalsIsThatOfTheReferenceAndOfTheDecoder) {
     constexpr std::uint32_t Networks = 1000;
     for (std::uint32_t seed = 0; seed < Networks; ++seed) {
         SCOPED_TRACE(seed);
@@ -160,7 +160,7 @@ TEST(BitLayout, OfRandomSignalsIsThatOfATwinAndOfTheDecoder) {
     }
 }
 
-TEST(BitLayout, OfRealFilesIsThatOfATwinAndOfTheDecoder) {
+TEST(BitLayout, OfRealFilesIsThatOfTheReferenceAndOfTheDecoder) {
     const char* const folder = std::getenv("VEXIL64_CORPUS");
     if (folder == nullptr || *folder == '\0') {
         GTEST_SKIP() << "VEXIL64_CORPUS is not set: set it to a folder of .dbc files to run "

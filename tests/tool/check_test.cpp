@@ -199,7 +199,7 @@ INSTANTIATE_TEST_SUITE_P(
                             "lone-carriage-returns"}),
     [](const auto& row) { return std::string(row.param.name); });
 
-TEST_F(CheckCommand, CountsTheFatesThatItIsToldAsFindings) {
+TEST_F(CheckCommand, CountsTheFatesOfFailOnAsFindings) {
     const std::string file = MakeFile("a.dbc", Swallowing);
     EXPECT_EQ(RunTool({"check", file, "--fail-on", "refused"}).exitCode, Success);
     EXPECT_EQ(RunTool({"check", "--fail-on", "refused,changed", file}).exitCode, Findings);
@@ -207,7 +207,7 @@ TEST_F(CheckCommand, CountsTheFatesThatItIsToldAsFindings) {
     EXPECT_EQ(RunTool({"check", MakeFile("b.dbc", Clean), "--fail-on", "kept"}).exitCode, Findings);
 }
 
-TEST_F(CheckCommand, LooksAtTheLayoutOnRequest) {
+TEST_F(CheckCommand, ChecksTheLayoutOnRequest) {
     const std::string file = MakeFile("a.dbc",
                                       "BO_ 1 A: 1 N\n"
                                       " SG_ One : 0|4@1+ (1,0) [0|15] \"\" N\n"
@@ -227,7 +227,7 @@ TEST_F(CheckCommand, LooksAtTheLayoutOnRequest) {
     EXPECT_EQ(RunTool({"check", file, "--layout", "--fail-on", "changed"}).exitCode, Findings);
 }
 
-TEST_F(CheckCommand, TellsTheTrueLineOfARefusedStatement) {
+TEST_F(CheckCommand, ReportsTheTrueLineOfARefusedStatement) {
     const std::string file = MakeFile("a.dbc", "BO_ x1 A: 8 ECU1\n\n\n\n\nBO_ 1 A: 8 N\n");
     const Outcome outcome = RunTool({"check", file});
     EXPECT_EQ(outcome.exitCode, Findings);

@@ -39,7 +39,7 @@ TEST(Printable, KeepsTextAsItIs) {
               "C, \xE6\xB8\xA9\xE5\xBA\xA6 ~");
 }
 
-TEST(Printable, ShowsWhatControlsATerminalAsBytes) {
+TEST(Printable, ShowsControlCharactersAsBytes) {
     EXPECT_EQ(tool::Printable(std::string("a\0b", 3)), "a\\x00b");
     EXPECT_EQ(tool::Printable("\x1B[31m\x07\x7F"), "\\x1B[31m\\x07\\x7F");
     EXPECT_EQ(tool::Printable("\xC2\x9B"

@@ -5,7 +5,7 @@
 namespace vexil::test {
 namespace {
 
-TEST(ExplainCommand, TellsMeaningRemedyAndExample) {
+TEST(ExplainCommand, PrintsMeaningRemedyAndExample) {
     EXPECT_EQ(
         RunTool({"explain", "range-reversed"}),
         (Outcome{Success,
@@ -40,7 +40,7 @@ TEST(ExplainCommand, ListsAllCausesByKind) {
     }
 }
 
-TEST(ExplainCommand, KnowsWhatAMistypedCauseIsMeantToBe) {
+TEST(ExplainCommand, SuggestsTheCauseForAMistypedOne) {
     EXPECT_EQ(
         RunTool({"explain", "swalowed"}),
         (Outcome{Usage, "", "vexil-dbc: there is no cause 'swalowed'; did you mean swallowed?\n"}));

@@ -43,7 +43,7 @@ tool::TemplateValues Values(std::string_view name, tool::TemplateValues::Value v
     return values;
 }
 
-TEST(HtmlTemplate, EscapesValuesUnlessToldOtherwise) {
+TEST(HtmlTemplate, EscapesValuesByDefault) {
     const tool::TemplateValues values = Values("a", "<i>");
     EXPECT_EQ(tool::HtmlTemplate("[{{a}}]").Fill(values), "[&lt;i&gt;]");
     EXPECT_EQ(tool::HtmlTemplate("[{{&a}}]").Fill(values), "[<i>]");

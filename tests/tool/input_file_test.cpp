@@ -76,7 +76,7 @@ TEST_F(ReadInputTest, RefusesAMissingFile) {
     EXPECT_EQ(ReadInput(file + "/none/a", input), std::errc::no_such_file_or_directory);
 }
 
-TEST_F(ReadInputTest, ForgetsTheFileBefore) {
+TEST_F(ReadInputTest, ReplacesThePreviousFile) {
     test::WriteBytes(file, "text");
     EXPECT_EQ(ReadInput(file, input), std::error_code());
     EXPECT_EQ(ReadInput(folder.File("none"), input), std::errc::no_such_file_or_directory);

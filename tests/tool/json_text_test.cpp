@@ -82,7 +82,7 @@ TEST(AppendJsonNumber, HasTheShortestForm) {
     }
 }
 
-TEST(AppendJsonNumber, HasTextsForWhatJsonCannotSay) {
+TEST(AppendJsonNumber, HasTextsForNumbersThatJsonDoesNotHave) {
     constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
     constexpr double Infinity = std::numeric_limits<double>::infinity();
     EXPECT_EQ(Number(NaN), R"("NaN")");

@@ -28,7 +28,7 @@ TEST(CutLikeLibrary, CutsAtWholeWordsThatAreKeywords) {
               (Statements{"1:BO_ 1 A: 8 N\n ", "3:SG_ S\nBU_: x\n", "3:BU_ : y\n"}));
 }
 
-TEST(CutLikeLibrary, PaysNoRegardToQuotes) {
+TEST(CutLikeLibrary, IgnoresQuotes) {
     EXPECT_EQ(Cut("SG_ \"a VAL_ b\"\nBU_ : N\n"),
               (Statements{"0:SG_ \"a ", "1:VAL_ b\"\n", "1:BU_ : N\n"}));
 }

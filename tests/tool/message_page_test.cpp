@@ -24,7 +24,7 @@ TEST(IdInWords, HasTheIdOnTheBusAndTheOneInTheFile) {
               "1 (0x00000001), extended frame; 2147483649 in the file");
 }
 
-TEST(IdInWords, TellsOfIdsThatNoFrameCanHave) {
+TEST(IdInWords, MarksIdsThatNoFrameCanHave) {
     EXPECT_EQ(tool::IdInWords(0x7FF), "2047 (0x7FF), standard frame");
     EXPECT_EQ(tool::IdInWords(0x800), "2048 (0x800), standard frame, too large for 11 bits");
     EXPECT_EQ(tool::IdInWords(0xA0000000U),

@@ -68,7 +68,7 @@ TEST_F(StandardOutput, MustTakeAnExplanation) {
     EXPECT_EQ(RunTool({"explain", "swallowed"}, Full), NotWritten);
 }
 
-TEST_F(StandardOutput, MayBeAPipeThatNobodyReads) {
+TEST_F(StandardOutput, MayBeAPipeWithoutAReader) {
     const std::string file = folder.File("pipe");
     ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
     // Both ends, of which the tool keeps one.

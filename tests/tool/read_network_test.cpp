@@ -72,7 +72,7 @@ TEST(ReadNetwork, TakesFieldsInAnyOrderAndWholeNumbersInAnyForm) {
     EXPECT_STREQ(database.messages[0].signals[0].enums[0].text, "on");
 }
 
-TEST(ReadNetwork, TakesNumbersThatJsonCannotSayAsTexts) {
+TEST(ReadNetwork, ReadsNumbersThatJsonDoesNotHaveFromTexts) {
     tool::ReadNetwork(
         WithSignal(R"("name":"S","startBit":0,"bitLength":8,"factor":"NaN","offset":"-NaN",)"
                    R"("minimum":"-Infinity","maximum":"Infinity")"),
@@ -124,7 +124,7 @@ TEST(ReadNetwork, TakesTheUnitInUtf8WhereThereIsOne) {
     EXPECT_STREQ(signal.unitUtf8, "\xC2\xB0\x43");
 }
 
-TEST(ReadNetwork, ShowsLongTextsWhereTheyPart) {
+TEST(ReadNetwork, ShowsLongTextsFromTheirFirstDifference) {
     const std::string front(100, 'f');
     const DocumentResult result = tool::ReadNetwork(
         WithMessage(R"("id":1,"longName":"A","comment":")" + front + R"(\"end")"), Most);
@@ -149,7 +149,7 @@ TEST(ReadNetwork, RemarksOnTextsThatMayBeCut) {
             {"messages[0].signals[0]", "the texts that its member cut names"}}));
 }
 
-TEST(ReadNetwork, HoldsAsManyRemarksAsItIsToldAndCountsAll) {
+TEST(ReadNetwork, HoldsALimitedNumberOfRemarksAndCountsAll) {
     std::string document = R"({"messages":[)";
     for (int id = 0; id < 30; ++id) {
         document += (id == 0 ? "" : ",") + std::string(R"({"id":)") + std::to_string(id) +
@@ -177,7 +177,7 @@ struct Fault {
     std::string fault;
 };
 
-TEST(ReadNetwork, NamesLineAndColumnWhereATextIsNoJson) {
+TEST(ReadNetwork, ReportsLineAndColumnOfTextThatIsNotJson) {
     const std::vector<Fault> rows = {
         {"",
          "line 1, column 1: syntax error while parsing value - unexpected end of input; "

@@ -21,7 +21,7 @@ class RewriteCommandOnLinux : public LinuxToolTest {
     std::string output = folder.File("out.dbc");
 };
 
-TEST_F(RewriteCommandOnLinux, KnowsItsInputByAnotherName) {
+TEST_F(RewriteCommandOnLinux, RecognizesItsInputByAnotherName) {
     WriteBytes(input, Lossy);
     std::filesystem::create_symlink(input, output);
     EXPECT_EQ(RunTool({"rewrite", input, output}).exitCode, NotAccepted);
@@ -34,7 +34,7 @@ TEST_F(RewriteCommandOnLinux, ReadsStandardInputAndWritesStandardOutput) {
     EXPECT_EQ(outcome, (Outcome{Success, Written(AsInFile), NothingLost("-")}));
 }
 
-TEST_F(RewriteCommandOnLinux, KnowsItsInputWhereStandardInputIsAFile) {
+TEST_F(RewriteCommandOnLinux, RecognizesItsInputIfStandardInputIsAFile) {
     WriteBytes(input, "VERSION \"1\"\nBO_ 5 Beta: 8 ECU1\n");
     EXPECT_EQ(RunTool({"rewrite", "-", input}, {.standardInput = input}).exitCode, NotAccepted);
 }
@@ -69,7 +69,7 @@ TEST_F(RewriteCommandOnLinux, TakesPathsOfAnyLengthAndAnyBytes) {
     EXPECT_EQ(ReadBytes(folder.File("") + "x" + name), Written(AsInFile));
 }
 
-TEST_F(RewriteCommandOnLinux, TellsAByteThatIsNotInTheEncoding) {
+TEST_F(RewriteCommandOnLinux, ReportsAByteThatIsNotValidInTheEncoding) {
     WriteBytes(input, "BO_ 5 Beta: 8 ECU1\nCM_ BO_ 5 \"\x81\";\n");
     WriteBytes(output, "precious");
     EXPECT_EQ(ErrorOf({"rewrite", input, output, "--from", "windows-1252"}, CannotRead),
@@ -78,25 +78,25 @@ TEST_F(RewriteCommandOnLinux, TellsAByteThatIsNotInTheEncoding) {
     EXPECT_EQ(ReadBytes(output), "precious");
 }
 
-TEST_F(RewriteCommandOnLinux, TellsAnUnknownEncoding) {
+TEST_F(RewriteCommandOnLinux, ReportsAnUnknownEncoding) {
     EXPECT_EQ(ErrorOf({"rewrite", input, output, "--from", "latin-99"}, Usage),
               "vexil-dbc: --from: the system has no encoding 'latin-99'\n");
     EXPECT_FALSE(std::filesystem::exists(output));
 }
 
-TEST_F(RewriteCommandOnLinux, WritesToADeviceAndTellsWhenItIsFull) {
+TEST_F(RewriteCommandOnLinux, WritesToADeviceAndReportsThatItIsFull) {
     EXPECT_EQ(RunTool({"rewrite", input, "/dev/null"}), (Outcome{Success, NothingLost(input), ""}));
     EXPECT_EQ(ErrorOf({"rewrite", input, "/dev/full"}, CannotWrite),
               "vexil-dbc: cannot write '/dev/full': No space left on device\n");
 }
 
-TEST_F(RewriteCommandOnLinux, TellsAFullStandardOutput) {
+TEST_F(RewriteCommandOnLinux, ReportsAFullStandardOutput) {
     EXPECT_EQ(ErrorOf({"rewrite", input, "-"}, CannotWrite, {.standardOutput = "/dev/full"}),
               "vexil-dbc: cannot write standard output: No space left on device\n");
 }
 
 // The private copy is as long as the output, so it fails first.
-TEST_F(RewriteCommandOnLinux, TellsALimitOfTheFileSize) {
+TEST_F(RewriteCommandOnLinux, ReportsALimitOfTheFileSize) {
     const Surroundings oneByteShort{.fileSizeLimit = Written(AsInFile).size() - 1};
     WriteBytes(output, "precious");
     EXPECT_EQ(ErrorOf({"rewrite", input, output}, CannotWrite, oneByteShort),

@@ -90,7 +90,7 @@ TEST_F(SaveFileTest, KeepsTheOwnerOfTheFileThatItReplaces) {
     EXPECT_EQ(status.st_gid, 34U);
 }
 
-TEST_F(SaveFileTest, ReplacesTheFileBehindLinks) {
+TEST_F(SaveFileTest, ReplacesTheFileThatLinksPointTo) {
     fs::create_directory(files.File("other"));
     test::WriteBytes(files.File("other/a"), "old");
     fs::create_symlink("../other/a", File("second"));
@@ -228,7 +228,7 @@ TEST_F(SaveFileTest, LeavesNoDescriptorOpen) {
     EXPECT_EQ(open(), before);
 }
 
-TEST_F(SaveFileTest, KnowsTheSameFile) {
+TEST_F(SaveFileTest, RecognizesTheSameFile) {
     test::WriteBytes(File("a"), "text");
     test::WriteBytes(File("b"), "text");
     fs::create_symlink("a", File("link"));

@@ -64,7 +64,7 @@ void ExpectGoodViews(const tool::Snapshot& snapshot) {
     }
 }
 
-TEST(MessageViews, AreGoodForFaultyNetworks) {
+TEST(MessageViews, AreWellFormedForFaultyNetworks) {
     constexpr std::uint32_t Networks = 200;
     Experiment experiment;
     for (std::uint32_t seed = 0; seed < Networks; ++seed) {
@@ -74,7 +74,7 @@ TEST(MessageViews, AreGoodForFaultyNetworks) {
     }
 }
 
-TEST(MessageViews, AreGoodForAnyTextAndNumber) {
+TEST(MessageViews, AreWellFormedForAnyTextAndNumber) {
     constexpr std::uint32_t Networks = 200;
     for (std::uint32_t seed = 0; seed < Networks; ++seed) {
         SCOPED_TRACE(seed);
@@ -107,7 +107,7 @@ TEST(MessageViews, AreGoodForAnyTextAndNumber) {
     }
 }
 
-TEST(MessageViews, AreGoodForRealFiles) {
+TEST(MessageViews, AreWellFormedForRealFiles) {
     const char* const folder = std::getenv("VEXIL64_CORPUS");
     if (folder == nullptr || *folder == '\0') {
         GTEST_SKIP() << "VEXIL64_CORPUS is not set: set it to a folder of .dbc files to run "

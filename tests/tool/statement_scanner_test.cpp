@@ -84,7 +84,7 @@ TEST(ScanStatements, FindsTextThatBelongsToNoStatement) {
               (Statements{"VAL_ 1 S 0 \"a\" ;", "<// note\n more>", "BU_ : N"}));
 }
 
-TEST(ScanStatements, LooksBehindAByteOrderMark) {
+TEST(ScanStatements, SkipsAByteOrderMark) {
     EXPECT_EQ(Scan("\xEF\xBB\xBFVERSION \"\"\nBU_ : N"), (Statements{"VERSION \"\"", "BU_ : N"}));
 }
 

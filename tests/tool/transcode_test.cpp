@@ -21,11 +21,11 @@ TEST(Transcode, MakesUtf8OfACodePage) {
     ExpectText("\x93\xFA", "SHIFT-JIS", "日");
 }
 
-TEST(Transcode, KeepsWhatIsUtf8Already) {
+TEST(Transcode, KeepsTextThatIsUtf8Already) {
     ExpectText("20 °C\r\n", "UTF-8", "20 °C\r\n");
 }
 
-TEST(Transcode, MakesNothingOfNothing) {
+TEST(Transcode, ConvertsEmptyTextToEmptyText) {
     ExpectText("", "windows-1252", "");
 }
 
@@ -46,30 +46,30 @@ TEST(Transcode, MakesUtf8OfALongText) {
     ExpectText(bytes, "windows-1252", text);
 }
 
-TEST(Transcode, PutsOutWhatTheEncodingHoldsBack) {
+TEST(Transcode, FlushesCharactersThatTheEncoderHoldsBack) {
     // A letter that a combining accent could still change.
     ExpectText("a\xE2", "CP1258", "aâ");
 }
 
-TEST(Transcode, TellsAnUnknownEncoding) {
+TEST(Transcode, ReportsAnUnknownEncoding) {
     EXPECT_EQ(Transcode("a", "windows-9999").result, TranscodeResult::UnknownEncoding);
     EXPECT_EQ(Transcode("a", "no such thing").result, TranscodeResult::UnknownEncoding);
 }
 
-TEST(Transcode, TellsTheFirstByteThatIsNotInTheEncoding) {
+TEST(Transcode, ReportsTheFirstByteThatIsNotValidInTheEncoding) {
     const Transcoded out = Transcode("ab\n\xC3\xA9\xFF\x41", "UTF-8");
     EXPECT_EQ(out.result, TranscodeResult::InvalidText);
     EXPECT_EQ(out.position, 5U);
     EXPECT_EQ(out.text, "ab\né");
 }
 
-TEST(Transcode, TellsACharacterThatIsCutOffAtTheEnd) {
+TEST(Transcode, ReportsACharacterThatIsCutOffAtTheEnd) {
     const Transcoded out = Transcode("a\xC3", "UTF-8");
     EXPECT_EQ(out.result, TranscodeResult::InvalidText);
     EXPECT_EQ(out.position, 1U);
 }
 
-TEST(Transcode, TellsAByteThatACodePageDoesNotHave) {
+TEST(Transcode, ReportsAByteThatACodePageDoesNotHave) {
     const Transcoded out = Transcode("a\x81", "windows-1252");
     EXPECT_EQ(out.result, TranscodeResult::InvalidText);
     EXPECT_EQ(out.position, 1U);

@@ -40,7 +40,7 @@ TEST(UnifiedDiff, JoinsChangesWhoseContextsTouch) {
               "--- a\n+++ b\n@@ -1,8 +1,8 @@\n-a\n+A\n 1\n 2\n 3\n 4\n 5\n 6\n-b\n+B\n");
 }
 
-TEST(UnifiedDiff, PartsChangesWhoseContextsDoNotTouch) {
+TEST(UnifiedDiff, SeparatesChangesWhoseContextsDoNotTouch) {
     EXPECT_EQ(Diff("a\n" + Numbered(1, 7) + "b\n", "A\n" + Numbered(1, 7) + "B\n"),
               "--- a\n+++ b\n@@ -1,4 +1,4 @@\n-a\n+A\n 1\n 2\n 3\n@@ -6,4 +6,4 @@\n 5\n 6\n 7\n"
               "-b\n+B\n");
