@@ -1,4 +1,4 @@
-// Finding pairs, then comparing each of them.
+// Finds pairs, then compares each of them.
 // SPDX-License-Identifier: MIT
 #include "comparison/comparison.h"
 
@@ -15,7 +15,7 @@ bool IsSameNumber(double one, double other) {
     return one == other || (std::isnan(one) && std::isnan(other));
 }
 
-// A network with its texts, so that the same code takes the keys of both.
+// A network with its texts, so that the same code computes the keys of both.
 class Side {
   public:
     explicit Side(const Snapshot& network) : snapshot(network) {}
@@ -33,7 +33,7 @@ class Side {
     const Snapshot& snapshot;
 };
 
-// Whether a name for display is more than the name itself.
+// Whether the long name differs from the name.
 template <typename Facts>
 bool HasLongName(const Side& side, const Facts& facts) {
     return side.Text(facts.longName) != side.Text(facts.name);
@@ -67,7 +67,7 @@ class Comparer {
     }
 
   private:
-    // Pairs what has equal keys on both sides.
+    // Pairs the elements with equal keys.
     template <typename Key>
     void PairEqual(Pairing& pairing, Key key) const {
         pairing.PairEqual([&](std::uint32_t index) { return key(before, index); },

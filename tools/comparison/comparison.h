@@ -1,8 +1,8 @@
-// What differs between two networks.
+// The differences between two networks.
 //
-// Messages are paired by id, those that are left by name; signals of a pair by name, those that are
-// left by bits and multiplexing. Where several have the same id or name, those that agree in more
-// are paired first, and then the first one with the first one, the second one with the second one.
+// Messages are paired by id, and the remaining ones by name; signals of a pair of messages by name,
+// and the remaining ones by bits and multiplexing. If several have the same id or name, those that
+// agree in more are paired first, and the rest in their order.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -42,7 +42,7 @@ struct Comparison {
     bool operator==(const Comparison&) const = default;
 };
 
-// Compares two networks. Texts are compared as far as their records have them.
+// Compares two networks. Only the parts of texts that fit their records are compared.
 //   ignored  aspects that are not compared
 Comparison Compare(const Snapshot& before, const Snapshot& after, AspectSet ignored = {});
 

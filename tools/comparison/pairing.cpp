@@ -1,4 +1,4 @@
-// The longest rising sequence: what is not in it has moved.
+// Finds the longest increasing subsequence; the other pairs have moved.
 // SPDX-License-Identifier: MIT
 #include "comparison/pairing.h"
 

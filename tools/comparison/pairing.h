@@ -1,7 +1,6 @@
-// Pairs of things that are in both of two lists, and those of them that have moved.
+// Pairs the elements of two lists, and finds the pairs that have moved.
 //
-// Pairs are found by sorting both lists by a key, so that no choice of names makes the time grow
-// with the product of their lengths.
+// Both lists are sorted by a key, so the time never grows with the product of their lengths.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -13,7 +12,7 @@
 
 namespace vexil::tool {
 
-// Stands for no index.
+// Means that there is no index.
 inline constexpr std::uint32_t Nowhere = 0xFFFFFFFFU;
 
 // Indexes into the two lists.
@@ -37,8 +36,7 @@ class Pairing {
     Pairing(IndexRange before, IndexRange after)
         : unpairedBefore(AllOf(before)), unpairedAfter(AllOf(after)) {}
 
-    // Pairs what has no partner yet and has equal keys: the first one with the first one, the
-    // second one with the second one, and so on.
+    // Pairs the unpaired elements that have equal keys, in their order.
     template <typename KeyBefore, typename KeyAfter>
     void PairEqual(KeyBefore keyBefore, KeyAfter keyAfter) {
         if (unpairedBefore.empty() || unpairedAfter.empty()) {
@@ -67,8 +65,8 @@ class Pairing {
         }
     }
 
-    // Everything: first what is in the first list alone, then what is in the second list, in its
-    // order.
+    // Returns all pairs: first the elements that are only in the first list, then all elements of
+    // the second list, in its order.
     std::vector<Pair> All() const {
         std::vector<Pair> all = pairs;
         all.reserve(pairs.size() + unpairedBefore.size() + unpairedAfter.size());

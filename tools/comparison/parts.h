@@ -9,10 +9,10 @@
 
 namespace vexil::tool {
 
-// The receivers of a signal, sorted, each once.
+// Returns the receivers of a signal, sorted, without duplicates.
 std::vector<std::string_view> ReceiversOf(const Snapshot& snapshot, const SignalFacts& signal);
 
-// The description of one value in two networks; null where it has none.
+// The description of one value in two networks; null if it has none.
 struct DescriptionDifference {
     const DescriptionFacts* before = nullptr;
     const DescriptionFacts* after = nullptr;

@@ -1,4 +1,4 @@
-// What the end of an object does: members that must not be missing, and the way into the database.
+// The end of an object: checks for missing members, and adds the record to the database.
 // SPDX-License-Identifier: MIT
 #include "document/network_reader.h"
 
@@ -83,8 +83,8 @@ void NetworkReader::Require(Frame& object, std::string_view name) {
     }
 }
 
-// Signals and messages may have their name in either field. A message without one would be a line
-// that nobody can read.
+// Signals and messages may have their name in either field. A file with an unnamed message
+// could not be read again.
 void NetworkReader::RequireName(Frame& object) {
     const bool hasLongName = Sees(object.shape, object.seen, "longName");
     if (!hasLongName && !Sees(object.shape, object.seen, "name")) {

@@ -14,7 +14,7 @@ namespace {
 
 constexpr unsigned char Delete = 0x7F;
 
-// Whether a byte is copied as it is, without a look at its neighbours.
+// Whether a byte is copied without a change, whatever its neighbours are.
 constexpr std::array<bool, 256> PlainBytes = [] {
     std::array<bool, 256> plain{};
     for (std::size_t byte = ' '; byte < Delete; ++byte) {
@@ -56,7 +56,7 @@ void AppendAscii(std::string& out, char ch) {
     }
 }
 
-// Appends a character of several bytes and returns its size; of a wrong byte, 1.
+// Appends a character of several bytes and returns its size; 1 for an invalid byte.
 std::size_t AppendCharacter(std::string& out, std::string_view text, std::size_t at) {
     constexpr unsigned char LeadOfLatin1 = 0xC2;  // of U+0080 to U+00BF
     constexpr unsigned char FirstGraphic = 0xA0;
@@ -108,7 +108,7 @@ void AppendJsonNumber(std::string& out, double number) {
     } else if (std::isinf(number)) {
         out += number < 0 ? R"("-Infinity")" : R"("Infinity")";
     } else if (number == 0 && std::signbit(number)) {
-        out += "-0.0";  // many readers take -0 for a whole number, which has no sign
+        out += "-0.0";  // many readers parse -0 as an integer, which has no negative zero
     } else {
         AppendShortest(out, number);
     }

@@ -1,4 +1,4 @@
-// Appending, and what the library made of it.
+// Appends records, and compares them with the records that the database then has.
 // SPDX-License-Identifier: MIT
 #include "document/network_builder.h"
 
@@ -11,7 +11,7 @@
 namespace vexil::tool {
 namespace {
 
-// The row of a field in its table.
+// Returns the row of a field in its table.
 std::size_t RowOf(std::span<const RecordField> fields, std::string_view name) {
     const auto isIt = [name](const RecordField& field) { return field.name == name; };
     return static_cast<std::size_t>(std::find_if(fields.begin(), fields.end(), isIt) -
@@ -64,7 +64,7 @@ std::string Became(const RecordField& field, const void* given, const void* made
     return was + " became " + is;
 }
 
-// Remarks on each given field that differs.
+// Adds a remark for each given field that differs.
 //   kind  the path of such records without their indexes
 void Compare(DocumentResult& result, std::string_view kind, const std::string& path,
              std::span<const RecordField> fields, FieldSet given, const void* record,
@@ -127,7 +127,7 @@ void NetworkBuilder::Add(const MessageDraft& message) {
 void NetworkBuilder::AddSignal(const MessageDraft& message, const SignalDraft& signal) {
     CanSignalRecord record = signal.record;
     FillIn(record, signal.given, SignalFields(), "longName", "name");
-    // The library takes the unit in UTF-8 in the field of the ASCII form.
+    // An append reads the unit in UTF-8 from the field "unit".
     if (Has(signal.given, RowOf(SignalFields(), "unitUtf8"))) {
         std::copy(std::begin(record.unitUtf8), std::end(record.unitUtf8), std::begin(record.unit));
     }

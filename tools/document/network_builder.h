@@ -51,8 +51,8 @@ class NetworkBuilder {
 
     static void SetInfo(const DatabaseInfo& info);
 
-    // Appends a message with all that it has, then compares it with the records that the database
-    // has now, and remarks on each value that is another one.
+    // Appends a message with its signals and value descriptions, fetches their records again, and
+    // adds a remark for each value that differs.
     void Add(const MessageDraft& message);
 
   private:

@@ -20,7 +20,8 @@ std::string InBrackets(std::string_view text) {
     return step;
 }
 
-// A name of a member as a part of a path: with quotes if it has other characters than a field.
+// Returns the name of a member as a part of a path, in quotes if it has characters that no field
+// has.
 std::string Step(std::string_view name) {
     constexpr std::size_t Longest = 60;
     const auto isPlain = [](char ch) {
@@ -249,7 +250,7 @@ void NetworkReader::RemarkOnCut() {
 
 void NetworkReader::RefuseRecord(std::string_view text) {
     Refuse({}, text);
-    // Of a list the wrong element is left out; the object around the list can stay.
+    // Only the wrong element of a list is left out; the object around the list stays.
     if (!frames.empty() && !frames.back().isList) {
         frames.back().isRefused = true;
         frames.back().member = nullptr;

@@ -1,5 +1,5 @@
-// Follows the values of a document, one after the other, and gives each whole message to the
-// builder. Of its values no more than one message is in memory.
+// Receives the values of a document one by one, and passes each complete message to the builder.
+// Only the values of one message are in memory at a time.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -19,7 +19,8 @@ class NetworkReader {
     // Empties the database. The result must live as long as the reader.
     explicit NetworkReader(DocumentResult& documentResult);
 
-    // The parts of the document in their order. False ends it, with a fault in the result.
+    // Receive the parts of the document in their order. Return false to stop parsing; the result
+    // then has a fault.
     bool Key(std::string_view name);
     bool Scalar(const JsonScalar& scalar);
     bool BeginObject();
@@ -27,7 +28,7 @@ class NetworkReader {
     bool BeginList();
     bool EndList();
 
-    // The path of the value that comes next, or of a member of the object that it is.
+    // Returns the path of the next value, or of a member of the next object.
     std::string Path(std::string_view member = {}) const;
 
   private:
@@ -62,9 +63,9 @@ class NetworkReader {
     DocumentResult& result;
     NetworkBuilder builder;
     std::vector<Frame> frames;
-    std::size_t skipped = 0;  // objects and lists inside one another that nobody reads
+    std::size_t skipped = 0;  // depth of nested objects and lists that are skipped
 
-    // What has begun.
+    // The objects and lists that have begun, the innermost last.
     DatabaseInfo info{};
     MessageDraft message;
     SignalDraft signal;

@@ -21,7 +21,7 @@ enum class MemberKind : std::uint8_t {
     Object,   // of the shape
     List,     // of objects of the shape
     Cut,      // marks that texts of the object may be cut; its value is not read
-    Ignored   // whatever it is
+    Ignored   // any value; it is not read
 };
 
 struct Member {
@@ -38,13 +38,13 @@ std::span<const Member> MembersOf(Shape shape);
 using JsonScalar =
     std::variant<std::nullptr_t, bool, std::int64_t, std::uint64_t, double, std::string_view>;
 
-// Stores a value in a field. Returns why it cannot be; an empty text if it could.
+// Stores a value in a field. Returns an error message; empty on success.
 std::string StoreScalar(const RecordField& field, void* record, const JsonScalar& scalar);
 
 // The form of the documents that this version writes and reads.
 inline constexpr std::uint64_t DocumentFormat = 1;
 
-// Why the format of a document is refused; an empty text if it is not.
+// Returns why the format of a document is refused; empty if it is accepted.
 std::string CheckFormat(const JsonScalar& scalar);
 
 }  // namespace vexil::tool

@@ -1,5 +1,5 @@
-// The parser of the document, which calls the reader for each part, and the words for its errors.
-// The parser keeps what has begun in a list of its own, so depth takes no stack.
+// The parser of the document, which calls the reader for each part, and its error messages. The
+// parser stores open objects and lists in a list, so nesting does not use the stack.
 // SPDX-License-Identifier: MIT
 #include "document/read_network.h"
 
@@ -23,7 +23,8 @@ std::string PlaceInText(std::string_view document, std::size_t at) {
     return "line " + std::to_string(line) + ", column " + std::to_string(at - lineBegin + 1);
 }
 
-// What the parser says without its place, and without what it has read last, which may be long.
+// Returns the message of the parser without the position and without the last text read, which
+// can be long.
 std::string Reason(std::string_view message) {
     constexpr std::string_view PlaceEnd = ": ";
     constexpr std::string_view LastRead = "; last read: ";
@@ -56,7 +57,7 @@ class Events : public json::json_sax_t {
         return reader.Scalar(value);
     }
     bool string(string_t& value) override { return reader.Scalar(std::string_view(value)); }
-    bool binary(binary_t& /*value*/) override { return false; }  // no value of JSON
+    bool binary(binary_t& /*value*/) override { return false; }  // JSON has no binary values
     bool start_object(std::size_t /*size*/) override { return reader.BeginObject(); }
     bool key(string_t& name) override { return reader.Key(name); }
     bool end_object() override { return reader.EndObject(); }

@@ -1,4 +1,4 @@
-// A JSON document into the database.
+// Reads a JSON document into the database.
 // SPDX-License-Identifier: MIT
 #pragma once
 

@@ -1,4 +1,4 @@
-// What there is to say about the values of a document, each named by its path.
+// Remarks on values of a document, each with the path of its value.
 // SPDX-License-Identifier: MIT
 #pragma once
 
@@ -24,7 +24,7 @@ class Remarks {
   public:
     explicit Remarks(std::size_t mostHeld) : most(mostHeld) {}
 
-    // Whether the next remark would be held. If not, its words need not be made.
+    // Whether the next remark would be held. If not, its text need not be composed.
     bool HasRoom() const { return held.size() < most; }
 
     void Add(std::string path, std::string text) {
@@ -45,19 +45,19 @@ class Remarks {
     std::vector<Remark> held;
 };
 
-// What came of a document.
+// The result of reading a document.
 struct DocumentResult {
     explicit DocumentResult(std::size_t mostChanges)
         : mostChangesOfAField(mostChanges), cut(mostChanges) {}
 
-    // The remarks on a field that the database has with another value than the document.
+    // Returns the remarks on a field whose value differs between database and document.
     Remarks& ChangesOf(const std::string& field) {
         return changed.try_emplace(field, mostChangesOfAField).first->second;
     }
 
     static constexpr std::size_t MostRefused = 1000;
 
-    std::string fault;  // where and why the text is no JSON; empty if it is
+    std::string fault;  // where and why the text is not JSON; empty if it is
     Remarks refused = Remarks(MostRefused);
     std::size_t mostChangesOfAField;
     std::map<std::string, Remarks> changed;  // by field, such as messages[].cycleTime

@@ -1,4 +1,4 @@
-// The bits of signals, and the frames that they make up.
+// Computes the bits of signals and the layouts of frames.
 // SPDX-License-Identifier: MIT
 #include "layout/bit_layout.h"
 

@@ -1,6 +1,6 @@
 // Which bits of a message belong to which signals.
 //
-// A bit of a frame is known by its position: bit b % 8 of byte b / 8, where bit 0 of a byte is the
+// A bit of a frame is identified by its position: bit b % 8 of byte b / 8, where bit 0 of a byte is the
 // least significant one.
 // SPDX-License-Identifier: MIT
 #pragma once
@@ -23,7 +23,7 @@ inline constexpr std::uint64_t LayoutBits = 4096;
 // The message of a DBC file that holds the signals without a message. They share no frame.
 inline constexpr std::uint32_t IndependentSignalsId = 0xC0000000U;
 
-// Stands for no signal. Other signals are indexes into Snapshot::signals.
+// Means that there is no signal. Other values are indexes into Snapshot::signals.
 inline constexpr std::uint32_t NoSignal = 0xFFFFFFFFU;
 
 // Returns the position of a bit of the signal.
@@ -52,7 +52,7 @@ std::vector<std::uint32_t> MultiplexValues(const Snapshot& snapshot, const Messa
 struct BitCell {
     std::uint32_t signal = NoSignal;  // the first signal that has the bit
     std::uint32_t signalCount = 0;    // more than one: an overlap
-    std::uint32_t signalBit = 0;      // which bit of the signal, where 0 is the least significant
+    std::uint32_t signalBit = 0;      // index of the bit in the signal; 0 is the least significant
     std::uint32_t other = NoSignal;   // the second signal that has the bit
 };
 
@@ -73,7 +73,7 @@ class FrameLayouts {
     std::vector<std::uint32_t> multiplexed;  // signals, by multiplexer value
 };
 
-// Returns one of the layouts. More than one are made faster by FrameLayouts.
+// Returns one of the layouts. For several layouts FrameLayouts is faster.
 std::vector<BitCell> FrameLayout(const Snapshot& snapshot, const MessageFacts& message,
                                  std::optional<std::uint32_t> multiplexValue,
                                  std::size_t byteCount);
