@@ -1,4 +1,4 @@
-// vexil-dbc: the arguments, and the command that they ask for.
+// vexil-dbc: parses the command line and runs its command.
 //
 //   vexil-dbc check FILE... [OPTION...]
 //   vexil-dbc diff A B [OPTION...]
@@ -9,7 +9,7 @@
 //   vexil-dbc json FILE [OPTION...]
 //   vexil-dbc from-json IN OUT [OPTION...]
 //
-// Each command has a file in commands, and one in cli that gives it its arguments.
+// Each command has a file in commands, and one in cli that defines its arguments.
 // SPDX-License-Identifier: MIT
 #include <vexil64.h>
 
@@ -59,7 +59,7 @@ bool NamesACommand(const CLI::App& app, const std::vector<std::string>& argument
     return false;
 }
 
-// Runs the command that the arguments ask for.
+// Runs the command of the arguments.
 ExitCode Run(const std::vector<std::string>& arguments) {
     ExitCode exitCode = vexil::tool::ExitSuccess;
     CLI::App app(
@@ -69,10 +69,9 @@ ExitCode Run(const std::vector<std::string>& arguments) {
     app.set_version_flag("--version", LibraryVersion, "Print the version of the library and exit");
     app.require_subcommand(1);
     app.footer(
-        "Exit codes: 0 nothing was found, 1 findings, 2 wrong arguments, 3 the input cannot be "
-        "read\n"
-        "or is no DBC file, 4 a rewrite over its input needs --accept-loss, 5 the output cannot "
-        "be\n"
+        "Exit codes: 0 success, 1 findings, 2 wrong arguments, 3 the input cannot be read or is "
+        "not\n"
+        "a DBC file, 4 a rewrite over its input needs --accept-loss, 5 the output cannot be "
         "written.");
     vexil::tool::AddCheck(app, exitCode);
     vexil::tool::AddDiff(app, exitCode);
@@ -100,8 +99,8 @@ int main(int argc, char** argv) {
     vexil::tool::PrepareStandardStreams();
     vexil::tool::RemoveTemporaryFilesOnSignals();
     const ExitCode exitCode = Run(vexil::tool::Utf8Arguments(argc, argv));
-    // Whatever the command found: half an output must not pass for a whole one. A command that ends
-    // in trouble has reported it.
+    // Incomplete output is a failure, whatever the command found. A command that failed has reported
+    // an error already.
     if (!std::cout.flush() && exitCode != vexil::tool::ExitTrouble) {
         vexil::tool::PrintError("cannot write standard output");
         return vexil::tool::ExitCannotWrite;

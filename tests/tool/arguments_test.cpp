@@ -59,7 +59,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "--order: 1 required TEXT:{file,id,name} missing"},
         UsageRow{"DifferencesAndFileOnStandardOutput",
                  {"rewrite", "a", "-", "--diff"},
-                 "--diff: needs standard output, which is OUT"},
+                 "--diff: needs --dry-run if OUT is standard output"},
         UsageRow{"OrderOfCheck",
                  {"check", "a", "--order=id"},
                  "The following argument was not expected: --order=id"}),
@@ -122,13 +122,13 @@ TEST_F(Arguments, HelpOfACommandNamesItsArguments) {
     }
 }
 
-TEST_F(Arguments, NamesOfCommandsAreFileNamesBehindACommand) {
+TEST_F(Arguments, NamesOfCommandsAreFileNamesAfterACommand) {
     EXPECT_EQ(
         RunTool({"rewrite", "check", "rewrite"}),
         (Outcome{CannotRead, "", "vexil-dbc: cannot read 'check': No such file or directory\n"}));
 }
 
-TEST_F(Arguments, FileNamesMayBeginWithADashBehindTwoDashes) {
+TEST_F(Arguments, FileNamesMayBeginWithADashAfterTwoDashes) {
     EXPECT_EQ(RunTool({"check", "--", "-none.dbc"}),
               (Outcome{CannotRead, "",
                        "vexil-dbc: cannot read '-none.dbc': No such file or directory\n"}));

@@ -164,7 +164,9 @@ TEST_F(DiffCommand, EndsInTroubleWhereThereIsNothingToCompare) {
             << outcome.err;
     }
     EXPECT_EQ(RunTool({"diff", a, picture}),
-              (Outcome{Trouble, "", "vexil-dbc: cannot read '" + picture + "': no DBC file\n"}));
+              (Outcome{Trouble, "",
+                       "vexil-dbc: cannot read '" + picture +
+                           "': it has no statement, so it is not a DBC file\n"}));
     EXPECT_EQ(RunTool({"diff", a, picture, "--json"}).exitCode, Trouble);
     EXPECT_EQ(RunTool({"diff", a}).exitCode, Trouble);
     EXPECT_EQ(RunTool({"diff"}).exitCode, Trouble);

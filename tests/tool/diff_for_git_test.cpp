@@ -102,13 +102,13 @@ TEST_F(DiffForGit, ShowsBothNamesOfARenamedFile) {
               "a.dbc -> new name.dbc: 1 message changed\n~ 3 (0x3) C\n    ~ size: 8 -> 1\n");
 }
 
-TEST_F(DiffForGit, SaysWhereOnlyTheTextDiffers) {
+TEST_F(DiffForGit, ReportsFilesOfWhichOnlyTheTextDiffers) {
     Write("a.dbc", "VERSION \"2\"\n\nBO_ 1 A: 8 N\n");
     EXPECT_EQ(Git("diff"), 0);
     EXPECT_EQ(printed, "a.dbc: equal in meaning\n");
 }
 
-TEST_F(DiffForGit, SaysWhichFilesAreNotMerged) {
+TEST_F(DiffForGit, ReportsFilesThatAreNotMerged) {
     ASSERT_EQ(Git("checkout -q -b other"), 0);
     Write("a.dbc", "BO_ 1 A: 4 N\n");
     Commit();
@@ -129,7 +129,9 @@ TEST_F(DiffForGit, TakesNamesThatLookLikeOptions) {
 TEST_F(DiffForGit, EndsTheDiffWhereAFileIsNoDbcFile) {
     Write("a.dbc", "no statement\n");
     EXPECT_NE(Git("diff"), 0);
-    EXPECT_TRUE(printed.starts_with("vexil-dbc: cannot read 'a.dbc': no DBC file\n")) << printed;
+    EXPECT_TRUE(printed.starts_with(
+        "vexil-dbc: cannot read 'a.dbc': it has no statement, so it is not a DBC file\n"))
+        << printed;
 }
 
 }  // namespace

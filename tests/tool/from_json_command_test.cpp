@@ -85,15 +85,17 @@ TEST_F(FromJsonCommand, WritesTheMessagesInAnotherOrder) {
 TEST_F(FromJsonCommand, WritesNothingWhenAValueIsRefused) {
     WriteBytes(input, R"({"messages":[{"id":-5,"name":"Beta"},{"id":7,"nam":"Alpha"}]})");
     WriteBytes(output, "precious");
-    EXPECT_EQ(RunTool({"from-json", input, output}),
-              (Outcome{CannotRead, "",
-                       "vexil-dbc: messages[0].id: a whole number from 0 to 4294967295 is needed, "
-                       "not -5\n"
-                       "vexil-dbc: messages[1].nam: there is no such field\n"
-                       "vexil-dbc: messages[1].longName: is missing\n"
-                       "vexil-dbc: cannot write '" +
-                           output +
-                           "': 3 values are refused; --skip-refused leaves out what has them\n"}));
+    EXPECT_EQ(
+        RunTool({"from-json", input, output}),
+        (Outcome{
+            CannotRead, "",
+            "vexil-dbc: messages[0].id: a whole number from 0 to 4294967295 is needed, "
+            "not -5\n"
+            "vexil-dbc: messages[1].nam: there is no such field\n"
+            "vexil-dbc: messages[1].longName: is missing\n"
+            "vexil-dbc: cannot write '" +
+                output +
+                "': 3 values are refused; --skip-refused leaves out the objects with them\n"}));
     EXPECT_EQ(ReadBytes(output), "precious");
 }
 
@@ -153,14 +155,14 @@ TEST_F(FromJsonCommand, ListsTheObjectsWithTextsThatMayBeCut) {
                        ""}));
 }
 
-TEST_F(FromJsonCommand, EscapesWhatATerminalWouldObey) {
+TEST_F(FromJsonCommand, EscapesControlCharactersOfATerminal) {
     WriteBytes(input, "{\"messages\":[],\"\\u001b[2J\\u009b\":1}");
     EXPECT_NE(RunTool({"from-json", input, output})
                   .err.find("vexil-dbc: [\"\\u001b[2J\\u009b\"]: there is no such field\n"),
               std::string::npos);
 }
 
-TEST_F(FromJsonCommand, NamesThePlaceWhereTheTextIsNoJson) {
+TEST_F(FromJsonCommand, ReportsThePlaceWhereTheTextIsNotJson) {
     WriteBytes(input, "{\n  \"messages\": [}\n");
     WriteBytes(output, "precious");
     EXPECT_EQ(RunTool({"from-json", input, output, "--skip-refused"}),
@@ -208,7 +210,7 @@ TEST_F(FromJsonCommandOnLinux, ReadsStandardInputAndWritesStandardOutput) {
               (Outcome{Success, Written(AsInFile), "-: " + std::string(ThreeCounted) + "\n"}));
 }
 
-TEST_F(FromJsonCommandOnLinux, KnowsTheDocumentByAnotherName) {
+TEST_F(FromJsonCommandOnLinux, RecognizesTheDocumentByAnotherName) {
     std::filesystem::create_symlink(input, output);
     EXPECT_EQ(RunTool({"from-json", input, output}).exitCode, Usage);
     EXPECT_EQ(RunTool({"from-json", "-", output}, {.standardInput = input}).exitCode, Usage);

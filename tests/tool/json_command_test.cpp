@@ -120,9 +120,10 @@ TEST_F(JsonCommand, PrintsAnEmptyNetworkOfAFileWithoutMessages) {
 
 TEST_F(JsonCommand, RefusesAFileWithoutAnyStatement) {
     const std::string file = MakeFile("a.dbc", "no network at all\n");
-    EXPECT_EQ(RunTool({"json", file}), (Outcome{CannotRead, "",
-                                                "vexil-dbc: cannot read '" + file +
-                                                    "': it has no statement of a DBC file\n"}));
+    EXPECT_EQ(RunTool({"json", file}),
+              (Outcome{CannotRead, "",
+                       "vexil-dbc: cannot read '" + file +
+                           "': it has no statement, so it is not a DBC file\n"}));
 }
 
 TEST_F(JsonCommand, RefusesAFileThatIsNotThere) {

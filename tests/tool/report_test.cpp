@@ -80,7 +80,7 @@ TEST_F(ReportCommand, ReportsTheOtherFilesWhereOneCannotBeRead) {
         RunTool({"report", program, input, folder.File("absent.dbc"), "-o", output});
     EXPECT_EQ(outcome, (Outcome{CannotRead, "",
                                 "vexil-dbc: cannot read '" + program +
-                                    "': it has no statement, so it is no DBC file\n"
+                                    "': it has no statement, so it is not a DBC file\n"
                                     "vexil-dbc: cannot read '" +
                                     folder.File("absent.dbc") + "': No such file or directory\n"}));
     const std::string page = ReadBytes(output);

@@ -24,7 +24,7 @@ void PrintTo(const OrderRow& row, std::ostream* stream) {
 
 class RewriteCommandOrder : public RewriteCommand, public testing::WithParamInterface<OrderRow> {};
 
-TEST_P(RewriteCommandOrder, DecidesHowTheMessagesStand) {
+TEST_P(RewriteCommandOrder, SortsTheMessages) {
     const OrderRow& row = GetParam();
     std::vector<std::string> arguments{"rewrite", input, output};
     arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
@@ -40,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(EachOrder, RewriteCommandOrder,
                                          OrderRow{"WithEqualsSign", {"--order=name"}, ByName}),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST_F(RewriteCommand, TakesTheOrderInFrontOfTheFiles) {
+TEST_F(RewriteCommand, TakesTheOrderBeforeTheFiles) {
     EXPECT_EQ(RunTool({"rewrite", "--order", "id", input, output}),
               (Outcome{Success, NothingLost(input), ""}));
     EXPECT_EQ(ReadLines(output), Written(ById));
@@ -103,7 +103,7 @@ TEST_F(RewriteCommand, WritesOverItsInputOnlyWhenTheLossIsAccepted) {
     const Outcome held{NotAccepted, LossyReport(input),
                        "vexil-dbc: '" + input +
                            "' stays as it is: the written file loses 3 and changes 1; "
-                           "--accept-loss writes it all the same\n"};
+                           "--accept-loss saves it nevertheless\n"};
     EXPECT_EQ(RunTool({"rewrite", input, input}), held);
     EXPECT_EQ(RunTool({"rewrite", input, input, "--dry-run"}), held);
     EXPECT_EQ(ReadBytes(input), Lossy);

@@ -60,7 +60,7 @@ class ShowCommand : public ToolTest {
     std::string network = MakeFile("network.dbc", Network);
 };
 
-TEST_F(ShowCommand, ShowsAllAboutAMessage) {
+TEST_F(ShowCommand, ShowsAllFieldsOfAMessage) {
     EXPECT_EQ(
         Shown({"Tank"}),
         R"(── Tank ────────────────────────────────────────────────────────────────────────────────────────────
@@ -279,7 +279,7 @@ TEST_F(ShowCommand, ReadsStandardInput) {
     EXPECT_EQ(RunTool({"show", "-", "Tank"}, {.standardInput = network}), Show({"Tank"}));
 }
 
-TEST_F(ShowCommand, TellsOfRefusedStatements) {
+TEST_F(ShowCommand, CountsRefusedStatementsOnStandardError) {
     const std::string one = MakeFile("one.dbc", "BO_ 0x1 A: 8 N\nBO_ 2 B: 0 N\n");
     EXPECT_EQ(RunTool({"show", one, "--list"}),
               (Outcome{Success,
@@ -305,7 +305,7 @@ TEST_F(ShowCommand, FailsOnAFileThatIsNoNetworkOrIsNotThere) {
     EXPECT_EQ(RunTool({"show", program}),
               (Outcome{CannotRead, "",
                        "vexil-dbc: cannot show '" + program +
-                           "': it has no statement, so it is no DBC file\n"}));
+                           "': it has no statement, so it is not a DBC file\n"}));
     const std::string none = folder.File("none.dbc");
     const Outcome outcome = RunTool({"show", none});
     EXPECT_EQ(outcome.exitCode, CannotRead);

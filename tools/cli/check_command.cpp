@@ -18,7 +18,7 @@ struct CheckArguments {
     std::string failOn = "refused,dropped";
 };
 
-// The fates of a list with commas. A word that is none, or "none", is in the second place.
+// Returns the fates of a list that is separated by commas, and the last word of it that is no fate.
 std::pair<std::vector<Fate>, std::string> ReadFates(std::string_view list) {
     std::pair<std::vector<Fate>, std::string> read;
     while (!list.empty()) {
@@ -57,15 +57,15 @@ void AddCheck(CLI::App& app, ExitCode& exitCode) {
     command->add_flag("--all", options.all, "List every statement");
     command->add_flag("--json", options.json, "Print JSON, as docs/check.schema.json describes it");
     command->add_flag("--layout", options.layout,
-                      "Look at the layout of the signals, too: overlaps, signals outside their "
-                      "message, missing selectors, ranges out of reach");
+                      "Also check the layout of the signals: overlaps, signals outside their "
+                      "message, missing selectors, ranges that no raw value reaches");
     command
         ->add_option("--fail-on", arguments->failOn,
-                     "The fates that count as findings, with commas between them; none for none")
+                     "The fates that make the exit code 1, separated by commas, or none")
         ->check(CheckFates)
         ->capture_default_str();
     command->add_option("--from", options.from,
-                        "The encoding of the files, such as windows-1252; UTF-8 without it");
+                        "The encoding of the files, such as windows-1252; the default is UTF-8");
     command->callback([arguments, &exitCode] {
         arguments->options.failOn = ReadFates(arguments->failOn).first;
         exitCode = Check(arguments->options);

@@ -8,8 +8,8 @@
 
 namespace vexil::tool {
 
-// Each adds its command to the program. A parse that meets the command runs it and leaves its exit
-// code in the second argument, which must live as long as the program.
+// Each function adds its command to the program. If the command line has the command, parsing runs
+// it and stores its exit code in the second argument, which must live as long as the program.
 void AddCheck(CLI::App& app, ExitCode& exitCode);
 void AddDiff(CLI::App& app, ExitCode& exitCode);
 void AddExplain(CLI::App& app, ExitCode& exitCode);

@@ -1,5 +1,5 @@
-// vexil-dbc diff A B [OPTION...], and diff --git with the arguments that git passes to a program of
-// its users.
+// vexil-dbc diff A B [OPTION...], and diff --git with the arguments that git passes to an external
+// diff program.
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 #include <memory>
@@ -31,7 +31,7 @@ std::string AspectNames() {
     return names;
 }
 
-// An empty text if the name is that of an aspect.
+// Returns an error message, or an empty text if the name is that of an aspect.
 std::string CheckAspect(const std::string& name) {
     return FindAspect(name) ? "" : "'" + name + "' not in {" + AspectNames() + "}";
 }
@@ -47,13 +47,13 @@ void TakeFiles(DiffArguments& arguments) {
     arguments.options.after = {arguments.b, arguments.b};
 }
 
-// What git passes: a path, then file, hash and mode of the old and of the new version, and after a
-// renaming the new path and a description. Of a path that is not merged it passes the path alone.
+// The arguments of git: a path, then file, hash and mode of the old and of the new version, and for
+// a renamed file the new path and a description. For an unmerged path git passes only the path.
 constexpr std::size_t RestOfVersions = 5;
 constexpr std::size_t MostRest = 7;
 
-// The file of a version. Where there is none, as its hash says, git names the null device, which a
-// shell for Windows gives another name. A file of the name "-" is not standard input.
+// Returns the file of a version. The hash is "." if the version does not exist. Git then passes the
+// null device, which a shell for Windows renames. A file of the name "-" is not standard input.
 std::string FileOfVersion(const std::string& file, const std::string& hash) {
     if (hash == ".") {
         return "/dev/null";
@@ -83,25 +83,25 @@ void AddDiff(CLI::App& app, ExitCode& exitCode) {
     CLI::App* command = app.add_subcommand("diff", "Compare two files by their meaning");
     command->add_option("A", arguments->a, "The first file; - is standard input")->required();
     command->add_option("B", arguments->b, "The second file; - is standard input");
-    command->add_option("GIT", arguments->rest, "With --git: what git passes after them")
+    command->add_option("GIT", arguments->rest, "With --git: the other arguments that git passes")
         ->expected(0, MostRest);
     CLI::Option* const json = command->add_flag(
         "--json", options.json, "Print JSON, as docs/diff.schema.json describes it");
     command
         ->add_option("--ignore", arguments->ignored,
-                     "What is not compared, with commas between the names")
+                     "The aspects that are not compared, separated by commas")
         ->delimiter(',')
         ->allow_extra_args(false)
         ->type_name("NAMES:{" + AspectNames() + "}")
         ->check(CheckAspect);
     command->add_option("--from", options.from,
-                        "The encoding of both files, such as windows-1252; UTF-8 without it");
+                        "The encoding of both files, such as windows-1252; the default is UTF-8");
     CLI::Option* const git = command->add_flag(
         "--git", options.isForGit,
-        "Take the arguments that git passes to diff.NAME.command, and exit with 0 also if there "
-        "are differences");
+        "Take the arguments that git passes to diff.NAME.command, and exit with 0 also if the "
+        "files differ");
     git->excludes(json);
-    command->footer("Exit codes: 0 the files are equal, 1 they differ, 2 trouble.");
+    command->footer("Exit codes: 0 the files are equal, 1 they differ, 2 failure.");
     command->callback([arguments, &exitCode] {
         DiffOptions& chosen = arguments->options;
         for (const std::string& name : arguments->ignored) {

@@ -11,8 +11,9 @@ namespace vexil::tool {
 void AddExplain(CLI::App& app, ExitCode& exitCode) {
     const auto cause = std::make_shared<std::string>();
     CLI::App* command =
-        app.add_subcommand("explain", "Tell what a cause means and what to do about it");
-    command->add_option("CAUSE", *cause, "A name that check prints; none for a list of all");
+        app.add_subcommand("explain", "Explain a cause: its meaning, a remedy, an example");
+    command->add_option("CAUSE", *cause,
+                        "A cause that check or rewrite names; without it, list all");
     command->callback([cause, &exitCode] { exitCode = Explain(*cause); });
 }
 

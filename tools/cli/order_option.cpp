@@ -1,4 +1,4 @@
-// The words of the option, and what they mean.
+// The words of the option and their constants.
 // SPDX-License-Identifier: MIT
 #include "cli/order_option.h"
 
@@ -17,7 +17,7 @@ const std::map<std::string, std::uint32_t> Orders = {
 void AddOrderOption(CLI::App& command, std::string& order) {
     command
         .add_option("--order", order,
-                    "Order of the messages: id, largest first; name; or file, as they stand")
+                    "Order of the messages: by id, largest first; by name; or as in IN")
         ->check(CLI::IsMember(Orders))
         ->capture_default_str();
 }

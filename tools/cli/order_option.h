@@ -11,10 +11,10 @@ namespace vexil::tool {
 inline constexpr const char* DefaultOrder = "file";
 
 // Adds the option to a command.
-//   order  receives its word; it must live as long as the command
+//   order  receives its word; must live as long as the command
 void AddOrderOption(CLI::App& command, std::string& order);
 
-// The Order constant of vexil64.h. Precondition: the word is one that the option takes.
+// Returns the Order constant of vexil64.h for a word. Precondition: the option accepts the word.
 std::uint32_t OrderOf(const std::string& word);
 
 }  // namespace vexil::tool

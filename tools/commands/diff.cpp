@@ -19,21 +19,21 @@
 namespace vexil::tool {
 namespace {
 
-// In place of a file that was added or deleted, git names this device, on every system.
+// On every system, git passes this path for the missing version of an added or deleted file.
 constexpr std::string_view NullDevice = "/dev/null";
 
 bool IsBlank(std::string_view text) {
     return text.find_first_not_of(" \f\n\r\t\v") == std::string_view::npos;
 }
 
-// Whether a text without messages is no DBC file at all.
+// Whether a text without messages is not a DBC file.
 bool HasNoStatement(const SourceText& source, const Snapshot& snapshot) {
     const Account account = MakeAccount(source, snapshot);
     return std::any_of(account.fileFindings.begin(), account.fileFindings.end(),
                        [](const Finding& each) { return each.cause == Cause::NoStatement; });
 }
 
-// What was refused is in neither network, so it takes no part in the comparison.
+// Refused statements are in neither network, so they are not compared.
 void ReportRefused(const DiffSource& source, std::size_t count) {
     if (count != 0) {
         PrintError("'" + source.name + "': " + std::to_string(count) + " statement" +
@@ -43,7 +43,7 @@ void ReportRefused(const DiffSource& source, std::size_t count) {
     }
 }
 
-// Reads a file. Returns nothing after a failure, which was reported.
+// Reads a file. Reports a failure and returns nothing.
 std::optional<Snapshot> ReadNetwork(const DiffSource& source, const std::string& encoding) {
     if (source.path == NullDevice) {
         return Snapshot();
@@ -59,7 +59,7 @@ std::optional<Snapshot> ReadNetwork(const DiffSource& source, const std::string&
     Snapshot snapshot = TakeSnapshot();
     if (snapshot.messages.empty() && snapshot.errors.empty() && !IsBlank(text.Bytes()) &&
         HasNoStatement(text, snapshot)) {
-        PrintFileError("read", source.name, "no DBC file");
+        PrintFileError("read", source.name, "it has no statement, so it is not a DBC file");
         return std::nullopt;
     }
     ReportRefused(source, snapshot.errors.size());

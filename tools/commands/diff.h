@@ -18,16 +18,16 @@ struct DiffOptions {
     DiffSource before;
     DiffSource after;
     std::string from;   // the encoding of both files; empty: UTF-8
-    AspectSet ignored;  // is not compared
+    AspectSet ignored;  // aspects that are not compared
     bool json = false;
-    bool isForGit = false;  // differences are a success, and a line says that there are none
+    bool isForGit = false;  // differences are a success; equal networks print a line
 };
 
 // Compares two networks by meaning and prints what differs. Returns ExitSuccess, ExitFindings if
 // they differ, or ExitTrouble.
 ExitCode Diff(const DiffOptions& options);
 
-// Prints that there are no two versions of a path, since git has not merged it.
+// Prints that a path is not merged, so there are no two versions to compare.
 ExitCode ReportUnmerged(const std::string& path);
 
 }  // namespace vexil::tool

@@ -15,7 +15,7 @@
 namespace vexil::tool {
 namespace {
 
-// What the cause is of, as a word before its name.
+// Returns the word before the name of a cause: its fate or its scope.
 std::string_view KindOf(const CauseRow& row) {
     switch (row.scope) {
         case Scope::File:
@@ -44,7 +44,7 @@ void PrintAll() {
     }
 }
 
-// Whether a byte can be printed as it is, or with others as a character.
+// Returns the number of bytes of a printable character; 0 if the byte must be escaped.
 std::size_t PrintableSize(std::string_view text, std::size_t at) {
     constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
     const auto byte = static_cast<unsigned char>(text[at]);

@@ -15,7 +15,7 @@
 namespace vexil::tool {
 namespace {
 
-// Places of one field that are shown without --all.
+// The number of places of one field that are shown without --all.
 constexpr std::size_t MostPlaces = 10;
 
 void PrintRefused(const Remarks& refused) {
@@ -30,7 +30,7 @@ void PrintRefused(const Remarks& refused) {
 
 std::string HowToGoOn(std::size_t refused) {
     return std::to_string(refused) + (refused == 1 ? " value is" : " values are") +
-           " refused; --skip-refused leaves out what has them";
+           " refused; --skip-refused leaves out the objects with them";
 }
 
 }  // namespace

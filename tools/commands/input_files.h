@@ -8,7 +8,7 @@
 
 namespace vexil::tool {
 
-// Is called with a folder and the reason why none of its files can be read.
+// Called with a folder and the reason why its files cannot be listed.
 using FolderFailure = std::function<void(const std::string& folder, const std::string& reason)>;
 
 // Returns the paths, with the .dbc files of each folder in the place of the folder.

@@ -61,7 +61,7 @@ ExitCode PrintAsJson(const JsonOptions& options) {
         account = MakeAccount(source, TakeSnapshot());
     }
     if (isEmpty && HasNoStatement(account)) {
-        PrintFileError("read", options.file, "it has no statement of a DBC file");
+        PrintFileError("read", options.file, "it has no statement, so it is not a DBC file");
         return ExitCannotRead;
     }
     DatabaseInfo info{};

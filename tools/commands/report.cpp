@@ -78,7 +78,7 @@ class Reporter {
         const Snapshot snapshot = TakeSnapshot();
         const Account account = MakeAccount(source, snapshot);
         if (IsNoDbcFile(account)) {
-            constexpr std::string_view Reason = "it has no statement, so it is no DBC file";
+            constexpr std::string_view Reason = "it has no statement, so it is not a DBC file";
             PrintFileError("read", path, Reason);
             Fail(path, std::string(Reason));
             return std::nullopt;

@@ -1,4 +1,4 @@
-// vexil-dbc rewrite: a file is read, written to a private place, compared, and only then saved.
+// vexil-dbc rewrite: reads a file, writes it to a private file, compares both, and only then saves.
 // SPDX-License-Identifier: MIT
 #include "commands/rewrite.h"
 
@@ -16,13 +16,14 @@
 namespace vexil::tool {
 namespace {
 
-// Standard output is for one thing; where that is not the report, standard error has it.
+// Prints the report on standard output, or on standard error if standard output gets the file or
+// the differences.
 void Report(const RewriteOptions& options, const std::string& report) {
     const bool isFree = !options.diff && (options.dryRun || options.output != StandardStream);
     (isFree ? std::cout : std::cerr) << report;
 }
 
-// Whether the only copy of what would be lost is about to be replaced.
+// Whether saving would replace the only copy of data that the new text loses.
 bool NeedsAcceptance(const RewriteOptions& options, const RewriteSummary& summary,
                      const InputFile& input) {
     return !options.acceptLoss && !summary.IsEmpty() && options.output != StandardStream &&
@@ -49,7 +50,7 @@ ExitCode Rewrite(const RewriteOptions& options) {
     }
     const RewriteSummary summary = SummarizeRewrite(account, findings, text);
     const bool isHeld = NeedsAcceptance(options, summary, input.file);
-    // Windows replaces no file that is open.
+    // Windows does not replace an open file.
     static_cast<void>(input.file.file.Close());
     if (!isHeld && !options.dryRun) {
         if (const auto failure = SaveOutput(options.output, text)) {
@@ -62,7 +63,7 @@ ExitCode Rewrite(const RewriteOptions& options) {
     }
     if (isHeld) {
         PrintError("'" + options.output + "' stays as it is: the written file " +
-                   LossesInWords(summary) + "; --accept-loss writes it all the same");
+                   LossesInWords(summary) + "; --accept-loss saves it nevertheless");
         return ExitNotAccepted;
     }
     return summary.hasFindings && !options.acceptLoss ? ExitFindings : ExitSuccess;

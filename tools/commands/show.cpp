@@ -34,7 +34,7 @@ DrawStyle StyleOf(const ShowOptions& options) {
     return style;
 }
 
-// Whether a text without any message is that of a network all the same.
+// Whether a text without messages has any statement.
 bool HasStatement(std::string text, const Snapshot& snapshot) {
     const SourceText source(std::move(text));
     const std::vector<Finding> findings = MakeAccount(source, snapshot).fileFindings;
@@ -47,7 +47,7 @@ void ReportUnmatched(const Snapshot& snapshot, const std::string& word) {
         PrintError("no message matches '" + word + "'");
         return;
     }
-    // A name of quite another length is not meant, and comparing is slow.
+    // Comparing is slow, and names of very different length are no typing mistakes.
     const std::size_t slack = std::max<std::size_t>(2, word.size() / 3);
     std::vector<std::string_view> names;
     for (const MessageFacts& message : snapshot.messages) {
@@ -113,7 +113,7 @@ ExitCode Show(const ShowOptions& options) {
     const Snapshot snapshot = TakeSnapshot();
     if (snapshot.messages.empty() && snapshot.errors.empty() &&
         !HasStatement(std::move(input.file.bytes), snapshot)) {
-        PrintFileError("show", options.file, "it has no statement, so it is no DBC file");
+        PrintFileError("show", options.file, "it has no statement, so it is not a DBC file");
         return ExitCannotRead;
     }
     const auto messages = Choose(snapshot, options.messages);

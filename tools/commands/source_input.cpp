@@ -18,7 +18,7 @@ std::string HexByte(char byte) {
     return {'0', 'x', Digits[value / 16U], Digits[value % 16U]};
 }
 
-// Where a text stops being one of its encoding.
+// Returns a description of the first byte that is not valid in the encoding.
 std::string InvalidByte(const Transcoded& transcoded, const SourceInput& input) {
     const auto line = 1 + std::count(transcoded.text.begin(), transcoded.text.end(), '\n');
     return "line " + std::to_string(line) + ": the byte " +

@@ -16,7 +16,7 @@ struct SourceInput {
     InputFile file;        // its bytes are UTF-8 after LoadSource
 };
 
-// Reads the input and makes UTF-8 of it. After a failure, which it has reported, returns
+// Reads the input and converts it to UTF-8. After a failure, which it has reported, returns
 // the exit code.
 std::optional<ExitCode> LoadSource(SourceInput& input);
 
@@ -24,7 +24,7 @@ std::optional<ExitCode> LoadSource(SourceInput& input);
 // After a failure, which it has reported, returns the exit code.
 std::optional<ExitCode> LoadDatabase(const SourceInput& input, std::string_view text);
 
-// Prints a line on standard error that begins with the name of the program.
+// Prints a line on standard error, after the name of the program.
 void PrintError(std::string_view text);
 
 // The same for a file, which the line names.
