@@ -1,7 +1,7 @@
 // Which bits of a message belong to which signals.
 //
-// A bit of a frame is identified by its position: bit b % 8 of byte b / 8, where bit 0 of a byte is the
-// least significant one.
+// A bit of a frame is identified by its position: bit b % 8 of byte b / 8, where bit 0 of a byte is
+// the least significant one.
 // SPDX-License-Identifier: MIT
 #pragma once
 
