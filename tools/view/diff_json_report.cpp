@@ -198,7 +198,7 @@ class Reporter {
         return described;
     }
 
-    // What is in one network alone.
+    // Describes an object that is in one network only.
     template <typename Facts, typename Describer>
     Json OneSided(Pair pair, const std::vector<Facts>& before, const std::vector<Facts>& after,
                   Describer describe) const {

@@ -9,7 +9,7 @@
 namespace vexil::tool {
 namespace {
 
-// The bit of an id that tells an extended frame.
+// The bit of an id that marks an extended frame.
 constexpr std::uint32_t ExtendedBit = 0x80000000U;
 
 std::string IdText(std::uint32_t id) {

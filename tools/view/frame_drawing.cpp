@@ -1,4 +1,4 @@
-// Borders where the owners of neighbouring bits differ, and the corners where borders meet.
+// Draws borders between bits that belong to different signals, and the corners of the borders.
 // SPDX-License-Identifier: MIT
 #include "view/frame_drawing.h"
 
@@ -77,7 +77,7 @@ class Painter {
         return count / BitsInByte;
     }
 
-    // The first and the last one stand for all.
+    // Draws rows without signals. Of a long series only the first and the last row are drawn.
     void AddFreeRows(std::size_t row, std::size_t count) {
         const BitRun run{row, 0, BitsInByte, {}, 0, 0, 0};
         const std::string inside = std::string(Vertical()) +

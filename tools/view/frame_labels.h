@@ -34,7 +34,7 @@ class FrameLabels {
     // Returns the labels of the runs, in their order.
     std::vector<RunLabel> Label(const FrameRuns& frame, std::size_t bitWidth);
 
-    // Returns the keys of the last frame with what they stand for.
+    // Returns the keys of the last frame, each with its signals.
     const std::vector<std::string>& Legend() const { return legend; }
 
   private:

@@ -129,7 +129,7 @@ class Section {
         flush();
     }
 
-    // Signals outside of the message, and what is beyond the limits of the drawing.
+    // Names signals outside of the message, and reports which parts are not drawn.
     void AddOmissions() {
         std::string outside;
         std::uint64_t lastByte = 0;

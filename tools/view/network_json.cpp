@@ -120,7 +120,7 @@ void NetworkJson::Begin(std::span<const RecordField> fields, const void* record,
     level = after;
 }
 
-// Ends what is open inside a level, and what comes before it.
+// Ends the objects and lists that are open inside a level, and those before it.
 void NetworkJson::CloseTo(Level target) {
     if (level == Level::Descriptions && target != Level::Descriptions) {
         buffer += isFirst ? "]}" : "\n]}";

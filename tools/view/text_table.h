@@ -18,7 +18,7 @@ class TextTable {
     explicit TextTable(std::vector<TableColumn> tableColumns) : columns(std::move(tableColumns)) {}
 
     // Adds a row, with one cell for each column.
-    //   note  what is shown below the row, over the whole width; empty for nothing
+    //   note  text below the row, over the whole width; may be empty
     void AddRow(std::vector<std::string> cells, std::string note = "");
 
     // Returns the columns of the terminal that a line needs if no word is to be broken.
