@@ -17,7 +17,8 @@ vexil64_install(${document_component} ${document_dir}/docs/images
     docs/images/report-dark.png docs/images/report-light.png)
 vexil64_install(${document_component} ${document_dir}/examples
     examples/read_and_write.c examples/append_message.c examples/decode_frame.c examples/list_signals.cpp)
-vexil64_install(${document_component} ${document_dir}/examples/python examples/python/read_dbc.py)
+vexil64_install(${document_component} ${document_dir}/examples/python
+    examples/python/list_signals.py examples/python/read_dbc.py)
 vexil64_install(${document_component} ${document_dir}/examples/csharp examples/csharp/ListSignals.cs)
 file(GLOB python_files "${PROJECT_SOURCE_DIR}/bindings/python/vexil64/*.py")
 if(NOT VEXIL64_DISTRIBUTION) # lintian objects to empty documents
