@@ -128,6 +128,7 @@ TEST(Visible, EscapesControlCharactersAndBytesThatAreNoText) {
     EXPECT_EQ(tool::Visible("\n\r\t\x1B\x7F" + std::string(1, '\0')), "\\n\\r\\t\\x1B\\x7F\\x00");
     EXPECT_EQ(tool::Visible("\xC2\x9B"), "\\xC2\\x9B");
     EXPECT_EQ(tool::Visible("\xC2\xA0"), "\xC2\xA0");
+    EXPECT_EQ(tool::Visible("\xE2\x80\x90\xE2\x81\xAA"), "\xE2\x80\x90\xE2\x81\xAA");
     EXPECT_EQ(tool::Visible("a\xE2\x80\xAE"), "a\\xE2\\x80\\xAE");
     EXPECT_EQ(tool::Visible("\xE2\x81\xA6\xE2\x80\x8B"), "\\xE2\\x81\\xA6\\xE2\\x80\\x8B");
     EXPECT_EQ(tool::Visible("\xB0\xC3"), "\\xB0\\xC3");

@@ -15,8 +15,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr std::uint32_t ExtendedBit = 0x80000000U;
-
 // One value on one line. Names of files need not be UTF-8.
 std::string Dump(const Json& value) {
     return value.dump(-1, ' ', false, Json::error_handler_t::replace);

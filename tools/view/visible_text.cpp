@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: MIT
 #include "view/visible_text.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "format/format.h"
 #include "source/utf8.h"
@@ -10,17 +13,33 @@
 namespace vexil::tool {
 namespace {
 
-// Controls from U+0080 on, and those of the direction of text.
+// The number of a character of two or three bytes.
+std::uint32_t CodePoint(std::string_view character) {
+    std::uint32_t number = static_cast<unsigned char>(character[0]) & 0x1FU;
+    if (character.size() == 3) {
+        number &= 0x0FU;
+    }
+    for (const char ch : character.substr(1)) {
+        number = number << 6U | (static_cast<unsigned char>(ch) & 0x3FU);
+    }
+    return number;
+}
+
+// Controls from U+0080 on, characters without a width, and those that change the direction of text.
 bool IsControl(std::string_view character) {
-    constexpr std::string_view FirstC1 = "\xC2\x80";
-    constexpr std::string_view LastC1 = "\xC2\x9F";
-    const auto isIn = [character](std::string_view first, std::string_view last) {
-        return character >= first && character <= last;
+    struct Range {
+        std::uint32_t first;
+        std::uint32_t last;
     };
-    return (character.size() == 2 && isIn(FirstC1, LastC1)) ||
-           (character.size() == 3 &&
-            (isIn("\xE2\x80\x8B", "\xE2\x80\x8F") || isIn("\xE2\x80\xA8", "\xE2\x80\xAE") ||
-             isIn("\xE2\x81\xA6", "\xE2\x81\xA9")));
+    static constexpr std::array<Range, 4> Controls = {
+        {{0x80, 0x9F}, {0x200B, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}}};
+    if (character.size() != 2 && character.size() != 3) {
+        return false;
+    }
+    const std::uint32_t number = CodePoint(character);
+    return std::any_of(Controls.begin(), Controls.end(), [number](const Range& range) {
+        return number >= range.first && number <= range.last;
+    });
 }
 
 void AppendEscape(std::string& out, char ch) {
