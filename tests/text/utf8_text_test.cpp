@@ -13,10 +13,6 @@ namespace {
 using namespace std::string_literals;
 using namespace std::string_view_literals;
 
-constexpr std::string_view twoBytes = "\xc3\xa9";
-constexpr std::string_view threeBytes = "\xe2\x82\xac";
-constexpr std::string_view fourBytes = "\xf0\x9f\x9a\x97";
-
 // -- Utf8FitLength ----------------------------------------------------------------------------
 
 struct FitCase {
