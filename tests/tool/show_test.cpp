@@ -304,7 +304,7 @@ TEST_F(ShowCommand, FailsOnAFileThatIsNoNetworkOrIsNotThere) {
     const std::string program = MakeFile("program.dbc", "int main() {}\n");
     EXPECT_EQ(RunTool({"show", program}),
               (Outcome{CannotRead, "",
-                       "vexil-dbc: cannot show '" + program +
+                       "vexil-dbc: cannot read '" + program +
                            "': it has no statement, so it is not a DBC file\n"}));
     const std::string none = folder.File("none.dbc");
     const Outcome outcome = RunTool({"show", none});

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "account/account.h"
 
+#include <algorithm>
+
 #include "account/accountant.h"
 #include "account/file_findings.h"
 
@@ -27,6 +29,11 @@ Account MakeAccount(const SourceText& source, const Snapshot& snapshot) {
     Account account = Accountant(source, snapshot).Run();
     account.fileFindings = FindFileFindings(source, account, snapshot);
     return account;
+}
+
+bool HasNoStatement(const Account& account) {
+    return std::any_of(account.fileFindings.begin(), account.fileFindings.end(),
+                       [](const Finding& each) { return each.cause == Cause::NoStatement; });
 }
 
 }  // namespace vexil::tool

@@ -53,6 +53,9 @@ struct Account {
 //   snapshot  the database after this read
 Account MakeAccount(const SourceText& source, const Snapshot& snapshot);
 
+// Whether the text has no statement at all, so that it is not a DBC file.
+bool HasNoStatement(const Account& account);
+
 // Returns the errors in the layout of the signals: overlaps, signals outside their message,
 // multiplexed signals without a selector, ranges that no raw value can reach.
 std::vector<Finding> FindLayoutFaults(const Account& account, const Snapshot& snapshot);

@@ -97,10 +97,7 @@ class Checker {
         const auto any = [&](const auto& list) {
             return std::any_of(list.begin(), list.end(), isFinding);
         };
-        const auto isNoDbcFile = [](const Finding& each) {
-            return each.cause == Cause::NoStatement;
-        };
-        if (std::any_of(account.fileFindings.begin(), account.fileFindings.end(), isNoDbcFile)) {
+        if (HasNoStatement(account)) {
             return ExitCannotRead;
         }
         return any(account.statements) || any(account.fileFindings) || any(layout) ? ExitFindings

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "commands/diff.h"
 
-#include <algorithm>
 #include <iostream>
 #include <optional>
 #include <utility>
@@ -24,13 +23,6 @@ constexpr std::string_view NullDevice = "/dev/null";
 
 bool IsBlank(std::string_view text) {
     return text.find_first_not_of(" \f\n\r\t\v") == std::string_view::npos;
-}
-
-// Whether a text without messages is not a DBC file.
-bool HasNoStatement(const SourceText& source, const Snapshot& snapshot) {
-    const Account account = MakeAccount(source, snapshot);
-    return std::any_of(account.fileFindings.begin(), account.fileFindings.end(),
-                       [](const Finding& each) { return each.cause == Cause::NoStatement; });
 }
 
 // Refused statements are in neither network, so they are not compared.
@@ -58,8 +50,8 @@ std::optional<Snapshot> ReadNetwork(const DiffSource& source, const std::string&
     }
     Snapshot snapshot = TakeSnapshot();
     if (snapshot.messages.empty() && snapshot.errors.empty() && !IsBlank(text.Bytes()) &&
-        HasNoStatement(text, snapshot)) {
-        PrintFileError("read", source.name, "it has no statement, so it is not a DBC file");
+        HasNoStatement(MakeAccount(text, snapshot))) {
+        PrintFileError("read", source.name, NoDbcFile);
         return std::nullopt;
     }
     ReportRefused(source, snapshot.errors.size());

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "commands/json.h"
 
-#include <algorithm>
 #include <iostream>
 #include <vector>
 
@@ -38,12 +37,6 @@ void PrintRecords(NetworkJson& json) {
     }
 }
 
-bool HasNoStatement(const Account& account) {
-    const std::vector<Finding>& findings = account.fileFindings;
-    return std::any_of(findings.begin(), findings.end(),
-                       [](const Finding& each) { return each.cause == Cause::NoStatement; });
-}
-
 }  // namespace
 
 ExitCode PrintAsJson(const JsonOptions& options) {
@@ -61,7 +54,7 @@ ExitCode PrintAsJson(const JsonOptions& options) {
         account = MakeAccount(source, TakeSnapshot());
     }
     if (isEmpty && HasNoStatement(account)) {
-        PrintFileError("read", options.file, "it has no statement, so it is not a DBC file");
+        PrintFileError("read", options.file, NoDbcFile);
         return ExitCannotRead;
     }
     DatabaseInfo info{};

@@ -18,12 +18,6 @@
 namespace vexil::tool {
 namespace {
 
-bool IsNoDbcFile(const Account& account) {
-    const std::vector<Finding>& findings = account.fileFindings;
-    return std::any_of(findings.begin(), findings.end(),
-                       [](const Finding& each) { return each.cause == Cause::NoStatement; });
-}
-
 class Reporter {
   public:
     explicit Reporter(const ReportOptions& options) : settings(options) {}
@@ -77,10 +71,9 @@ class Reporter {
         }
         const Snapshot snapshot = TakeSnapshot();
         const Account account = MakeAccount(source, snapshot);
-        if (IsNoDbcFile(account)) {
-            constexpr std::string_view Reason = "it has no statement, so it is not a DBC file";
-            PrintFileError("read", path, Reason);
-            Fail(path, std::string(Reason));
+        if (HasNoStatement(account)) {
+            PrintFileError("read", path, NoDbcFile);
+            Fail(path, std::string(NoDbcFile));
             return std::nullopt;
         }
         report.Add({path, snapshot, account, FindLayoutFaults(account, snapshot)});

@@ -34,14 +34,6 @@ DrawStyle StyleOf(const ShowOptions& options) {
     return style;
 }
 
-// Whether a text without messages has any statement.
-bool HasStatement(std::string text, const Snapshot& snapshot) {
-    const SourceText source(std::move(text));
-    const std::vector<Finding> findings = MakeAccount(source, snapshot).fileFindings;
-    return std::none_of(findings.begin(), findings.end(),
-                        [](const Finding& each) { return each.cause == Cause::NoStatement; });
-}
-
 void ReportUnmatched(const Snapshot& snapshot, const std::string& word) {
     if (word.find_first_of("*?") != std::string::npos) {
         PrintError("no message matches '" + word + "'");
@@ -112,8 +104,8 @@ ExitCode Show(const ShowOptions& options) {
     }
     const Snapshot snapshot = TakeSnapshot();
     if (snapshot.messages.empty() && snapshot.errors.empty() &&
-        !HasStatement(std::move(input.file.bytes), snapshot)) {
-        PrintFileError("show", options.file, "it has no statement, so it is not a DBC file");
+        HasNoStatement(MakeAccount(SourceText(std::move(input.file.bytes)), snapshot))) {
+        PrintFileError("read", options.file, NoDbcFile);
         return ExitCannotRead;
     }
     const auto messages = Choose(snapshot, options.messages);

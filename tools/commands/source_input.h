@@ -24,6 +24,9 @@ std::optional<ExitCode> LoadSource(SourceInput& input);
 // After a failure, which it has reported, returns the exit code.
 std::optional<ExitCode> LoadDatabase(const SourceInput& input, std::string_view text);
 
+// Why a text without any statement cannot be read.
+inline constexpr std::string_view NoDbcFile = "it has no statement, so it is not a DBC file";
+
 // Prints a line on standard error, after the name of the program.
 void PrintError(std::string_view text);
 

@@ -147,16 +147,20 @@ std::string Printable(std::string_view text) {
     return Escaped(text, false);
 }
 
-std::string PrintableComment(std::string_view comment) {
-    std::string unquoted;
-    unquoted.reserve(comment.size());
+std::string PlainComment(std::string_view comment) {
+    std::string plain;
+    plain.reserve(comment.size());
     for (std::size_t at = 0; at < comment.size(); ++at) {
         const bool isBeforeQuote = comment.substr(at).starts_with("\\\"");
         if (!isBeforeQuote) {
-            unquoted += comment[at];
+            plain += comment[at];
         }
     }
-    return Escaped(unquoted, true);
+    return plain;
+}
+
+std::string PrintableComment(std::string_view comment) {
+    return Escaped(PlainComment(comment), true);
 }
 
 std::size_t DisplayWidth(std::string_view text) {

@@ -14,8 +14,11 @@ namespace vexil::tool {
 // UTF-8 become \xNN for each byte.
 std::string Printable(std::string_view text);
 
-// The comment of a message or signal, whose quotes have backslashes, as its author wrote it. Line
-// ends stay; everything else is as Printable returns it.
+// The comment of a message or signal as its author wrote it: records have a backslash before each
+// double quote.
+std::string PlainComment(std::string_view comment);
+
+// The same for a terminal. Line ends stay; everything else is as Printable returns it.
 std::string PrintableComment(std::string_view comment);
 
 // Returns the number of columns that a printable text takes.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "view/fact_text.h"
 
+#include "database/frame_id.h"
 #include "format/format.h"
 #include "view/diff_report.h"
 #include "view/visible_text.h"
@@ -9,12 +10,9 @@
 namespace vexil::tool {
 namespace {
 
-// The bit of an id that marks an extended frame.
-constexpr std::uint32_t ExtendedBit = 0x80000000U;
-
 std::string IdText(std::uint32_t id) {
-    return (id & ExtendedBit) == 0 ? Format("{} (0x{:X})", id, id)
-                                   : Format("{} (0x{:X} extended)", id, id & ~ExtendedBit);
+    return !IsExtended(id) ? Format("{} (0x{:X})", id, id)
+                           : Format("{} (0x{:X} extended)", id, IdOnBus(id));
 }
 
 std::string NameText(std::string_view name) {

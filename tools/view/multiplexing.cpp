@@ -87,4 +87,15 @@ std::vector<std::string> DrawMultiplexing(const Snapshot& snapshot, const Messag
     return lines;
 }
 
+std::string MultiplexMark(const SignalFacts& signal) {
+    switch (signal.multiplexType) {
+        case MultiplexSelector:
+            return "M";
+        case MultiplexSelected:
+            return Format("m{}", signal.multiplexValue);
+        default:
+            return "";
+    }
+}
+
 }  // namespace vexil::tool

@@ -24,4 +24,8 @@ std::uint32_t FindSelector(const Snapshot& snapshot, const MessageFacts& message
 std::vector<std::string> DrawMultiplexing(const Snapshot& snapshot, const MessageFacts& message,
                                           const DrawStyle& style);
 
+// The multiplexing of a signal as its statement has it: "M" for a selector, such as "m5" for a
+// multiplexed signal, otherwise empty.
+std::string MultiplexMark(const SignalFacts& signal);
+
 }  // namespace vexil::tool

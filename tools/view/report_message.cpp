@@ -5,9 +5,12 @@
 #include <map>
 #include <string>
 
+#include "database/frame_id.h"
 #include "format/format.h"
 #include "layout/bit_layout.h"
+#include "view/display_text.h"
 #include "view/layout_text.h"
+#include "view/multiplexing.h"
 #include "view/report_values.h"
 
 namespace vexil::tool {
@@ -19,22 +22,8 @@ constexpr std::size_t MostLayouts = 256;
 constexpr std::size_t MostSignalsInLayouts = 131072;
 constexpr std::size_t MostOverlaps = 50;
 
-constexpr std::uint32_t ExtendedFrame = 0x80000000U;
-
 std::string IdText(std::uint32_t id) {
-    return (id & ExtendedFrame) != 0 ? Format("0x{:08X} ext", id & ~ExtendedFrame)
-                                     : Format("0x{:03X}", id);
-}
-
-// The text of a record as its author wrote it: records have a backslash before each double quote.
-std::string PlainText(std::string_view text) {
-    std::string plain;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text.substr(at, 2) != "\\\"") {
-            plain += text[at];
-        }
-    }
-    return plain;
+    return IsExtended(id) ? Format("0x{:08X} ext", IdOnBus(id)) : Format("0x{:03X}", id);
 }
 
 std::string TypeText(const SignalFacts& signal) {
@@ -42,17 +31,6 @@ std::string TypeText(const SignalFacts& signal) {
     const char* const kind = isFloat ? "f" : signal.valueType == ValueSigned ? "s" : "u";
     const char* const order = signal.byteOrder == ByteOrderBigEndian ? " BE" : "";
     return Format("{}{}{}", kind, signal.bitLength, order);
-}
-
-std::string MultiplexText(const SignalFacts& signal) {
-    switch (signal.multiplexType) {
-        case MultiplexSelector:
-            return "M";
-        case MultiplexSelected:
-            return Format("m{}", signal.multiplexValue);
-        default:
-            return "";
-    }
 }
 
 std::string ScalingText(const SignalFacts& signal) {
@@ -89,7 +67,7 @@ class MessageReader {
                    message.cycleTime == 0 ? "" : std::to_string(message.cycleTime) + " ms");
         values.Set("sendType", Text(message.sendType));
         values.Set("signalCount", std::to_string(message.signalCount));
-        values.Set("messageComment", PlainText(database.Text(message.comment)));
+        values.Set("messageComment", PlainComment(database.Text(message.comment)));
         SetLayouts();
         SetOverlaps();
         SetSignals();
@@ -166,10 +144,10 @@ class MessageReader {
         if (signal.inactiveValue != 0) {
             notes += Format("Inactive value {}\n", signal.inactiveValue);
         }
-        notes += PlainText(database.Text(signal.comment));
+        notes += PlainComment(database.Text(signal.comment));
         TemplateValues row;
         row.Set("name", name);
-        row.Set("multiplex", MultiplexText(signal));
+        row.Set("multiplex", MultiplexMark(signal));
         row.Set("start", std::to_string(signal.startBit));
         row.Set("type", TypeText(signal));
         row.Set("scaling", ScalingText(signal));

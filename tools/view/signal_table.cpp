@@ -7,6 +7,7 @@
 
 #include "format/format.h"
 #include "view/display_text.h"
+#include "view/multiplexing.h"
 #include "view/text_table.h"
 
 namespace vexil::tool {
@@ -24,17 +25,6 @@ std::string_view TypeInWords(std::uint32_t valueType) {
             return "double";
         default:
             return "unknown";
-    }
-}
-
-std::string MultiplexingInWords(const SignalFacts& signal) {
-    switch (signal.multiplexType) {
-        case MultiplexSelector:
-            return "M";
-        case MultiplexSelected:
-            return Format("m{}", signal.multiplexValue);
-        default:
-            return "";
     }
 }
 
@@ -104,7 +94,7 @@ TextTable MakeTable(const Snapshot& snapshot, const MessageFacts& message, bool 
     for (auto signal = begin; signal != end; ++signal) {
         std::vector<std::string> cells = {Printable(snapshot.Text(signal->name))};
         if (isMultiplexed) {
-            cells.push_back(MultiplexingInWords(*signal));
+            cells.push_back(MultiplexMark(*signal));
         }
         cells.push_back(Format("{}", signal->startBit));
         cells.push_back(Format("{}", signal->bitLength));
